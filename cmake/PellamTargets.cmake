@@ -1,0 +1,55 @@
+# Helpers that give every target of the house the same warnings, standard and layout.
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+function(pellam_compile_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion -Werror)
+  if(PELLAM_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                             -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+  if(PELLAM_FUZZ)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link,address,undefined
+                                             -fno-sanitize-recover=all)
+  endif()
+endfunction()
+
+# pellam_library(NAME SOURCES ... PUBLIC libs ... PRIVATE libs ... [QT]): one static library of this folder.
+# Headers are included as "folder/Header.h".
+function(pellam_library name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
+  pellam_compile_options(${name})
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+  endif()
+endfunction()
+
+# pellam_test(NAME SOURCES ... LIBS ... [QT]): one test executable, registered with CTest case by case.
+function(pellam_test name)
+  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE PELLAM_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS})
+  pellam_compile_options(${name})
+  if(ARG_QT)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE GTest::gtest Qt6::Test)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets>)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120
+                         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest GTest::gtest_main)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+  endif()
+endfunction()

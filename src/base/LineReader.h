@@ -1,0 +1,62 @@
+#pragma once
+
+#include "base/Failure.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pellam {
+
+/// Reads a text file line by line, in large blocks. A UTF-8 byte-order mark is passed over and
+/// UTF-16 text (with a mark, or recognised by its zero bytes) is converted to UTF-8; all other
+/// bytes come as they stand.
+class LineReader {
+  public:
+    /// Longest line served whole; a longer run without a line end comes in pieces of this length.
+    static constexpr std::size_t kMaximumLine = std::size_t{1} << 20;
+
+    /// What ends a line: '\n' alone, or also a '\r' that no '\n' follows.
+    enum class LineEnds { LineFeed, AnyReturn };
+
+    LineReader();
+    ~LineReader();
+    LineReader(const LineReader&) = delete;
+    LineReader& operator=(const LineReader&) = delete;
+
+    /// Opens a regular file; a folder, a device or a pipe is refused. Nothing on success.
+    [[nodiscard]] Failure open(const std::string& path, LineEnds ends = LineEnds::LineFeed);
+    [[nodiscard]] bool isOpen() const;
+
+    /// The next line with its line end (the last one may have none), valid until the next call.
+    /// False at the end of the file or after a read error.
+    bool next(std::string_view& line);
+
+    /// Back to the first line.
+    void rewind();
+
+    /// Bytes of the file that the lines served so far took; equals fileSize() at the end.
+    [[nodiscard]] std::int64_t bytesRead() const;
+    /// Size of the file in bytes when it was opened.
+    [[nodiscard]] std::int64_t fileSize() const;
+    /// The read error that ended the lines early; none at a normal end of file.
+    [[nodiscard]] const Failure& error() const;
+
+  private:
+    class Source;
+
+    bool refill();
+    std::size_t findLineEnd(std::size_t from) const;
+
+    std::unique_ptr<Source> m_source;
+    std::vector<char> m_buffer;
+    std::size_t m_begin = 0; ///< first byte not served yet
+    std::size_t m_end = 0;   ///< end of the bytes in the buffer
+    LineEnds m_ends = LineEnds::LineFeed;
+    bool m_atEnd = false;
+};
+
+} // namespace pellam

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "grid/CellColour.h"
+#include "grid/Column.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pellam {
+
+/// The store of everything that is loaded: one column of row times, then one column a channel,
+/// each with its heading. Rows here are data rows counted from 0; the axis row that a grid shows
+/// above them is the columns' axis numbers.
+class GridData {
+  public:
+    static constexpr int kInitialColumns = 800;
+    static constexpr int kMinimumColumns = 16;
+    static constexpr Row kInitialRows = 32768;
+
+    /// An empty grid of 800 columns. `decimalSeparator` is the character that stands in numbers
+    /// and before fractions of a second.
+    explicit GridData(char decimalSeparator = '.');
+
+    /// Back to the empty grid: no rows, 800 columns without label, not charted, axis 1; the store
+    /// counts as changed. Memory is kept for the next load.
+    void reset();
+
+    [[nodiscard]] char decimalSeparator() const { return m_decimalSeparator; }
+
+    /// Loaded rows, the axis row not counted.
+    [[nodiscard]] Row rowCount() const { return m_rowCount; }
+    void setRowCount(Row rows) { m_rowCount = rows; }
+
+    /// Columns of the grid, the time column included; at least 16 after a load.
+    [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
+    /// Sets the column count, never below 16; new columns are empty, surplus ones are dropped.
+    void setColumnCount(int columns);
+
+    /// Channel columns, the time column not counted: channels are columns 1 to this, inclusive.
+    [[nodiscard]] int channelCount() const { return m_channelCount; }
+    void setChannelCount(int channels) { m_channelCount = channels; }
+
+    /// The column at an index from 0 to columnCount() - 1.
+    [[nodiscard]] const Column& column(int index) const;
+    [[nodiscard]] Column& column(int index);
+
+    /// Text of a cell; empty for an empty cell and for rows past the data. The view is valid until
+    /// the buffer or the cell changes.
+    [[nodiscard]] std::string_view text(int column, Row row, CellBuffer& buffer) const;
+    /// Sets a cell's text (empty text clears it), growing the row count when the row lies past it.
+    void setText(int column, Row row, std::string_view text,
+                 CellColour colour = CellColour::Black);
+    [[nodiscard]] CellColour colour(int column, Row row) const;
+
+    /// Moves a column so that it ends at index `to`; cells, heading and axis go with it. The time
+    /// column does not move and nothing moves before it: returns false then.
+    bool moveColumn(int from, int to);
+
+    /// The mark in the corner: channel selection, an axis number, a value or the column order has
+    /// changed since the chart was last built.
+    [[nodiscard]] bool changed() const { return m_changed; }
+    void setChanged(bool changed) { m_changed = changed; }
+
+    /// Rows that hold a line which failed its checksum, in ascending order.
+    [[nodiscard]] std::span<const Row> damagedRows() const { return m_damagedRows; }
+    /// Marks the last or a later row as damaged; rows come in ascending order, repeats are one.
+    void addDamagedRow(Row row);
+
+  private:
+    std::vector<std::unique_ptr<Column>> m_columns;
+    std::vector<Row> m_damagedRows;
+    std::shared_ptr<ChunkPool> m_pool;
+    Row m_rowCount = 0;
+    int m_channelCount = 0;
+    char m_decimalSeparator;
+    bool m_changed = false;
+};
+
+} // namespace pellam

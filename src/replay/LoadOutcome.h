@@ -1,0 +1,34 @@
+#pragma once
+
+#include "base/Failure.h"
+
+#include <cstdint>
+#include <string>
+
+namespace pellam {
+
+/// What a load did and what it learned of the file.
+struct LoadOutcome {
+    enum class Kind { Nothing, Data, Alarm, Delimited, Binary };
+
+    bool loaded = false;  ///< false: a message was shown and the grid is empty
+    bool aborted = false; ///< stopped by the person: what came before is in the grid
+    bool largeFile = false;
+    Kind kind = Kind::Nothing;
+    std::string path;          ///< the file opened; for a signature file the replay file it names
+    std::int64_t fileSize = 0; ///< bytes
+    std::int64_t rows = 0;
+    int channels = 0;
+    std::int64_t damagedLines = 0;
+
+    // Header facts of a replay file; defaults for every other kind.
+    int cryptState = 0;
+    int contentsType = -1; ///< -1 unknown, 0 data, 1 alarm
+    std::string originatorType;
+    std::string description;
+    std::int64_t lineCount = 0; ///< 999999 for a large file
+    std::string firstTime;      ///< "yyyy/MM/dd HH:mm:ss"; empty when not known
+    std::string lastTime;
+};
+
+} // namespace pellam
