@@ -18,11 +18,15 @@ function(pellam_compile_options target)
   endif()
 endfunction()
 
-# pellam_library(NAME SOURCES ... PUBLIC libs ... PRIVATE libs ... [QT]): one static library of this folder.
-# Headers are included as "folder/Header.h".
+# pellam_library(NAME [QT] [PUBLIC libs ...] [PRIVATE libs ...]): one static library of this folder's
+# sources. Headers are included as "folder/Header.h".
 function(pellam_library name)
   cmake_parse_arguments(ARG "QT" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
-  add_library(${name} STATIC ${ARG_SOURCES})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+       ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources})
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   pellam_compile_options(${name})
@@ -33,10 +37,15 @@ function(pellam_library name)
   endif()
 endfunction()
 
-# pellam_test(NAME SOURCES ... LIBS ... [QT]): one test executable, registered with CTest case by case.
+# pellam_test(NAME [QT] LIBS ...): one test executable of this folder's sources, registered with CTest
+# case by case. A Qt test brings a main() that makes the application object.
 function(pellam_test name)
-  cmake_parse_arguments(ARG "QT" "" "SOURCES;LIBS" ${ARGN})
-  add_executable(${name} ${ARG_SOURCES})
+  cmake_parse_arguments(ARG "QT" "" "LIBS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name} PRIVATE PELLAM_SAMPLES="${PROJECT_SOURCE_DIR}/samples")
   target_link_libraries(${name} PRIVATE ${ARG_LIBS})
