@@ -11,6 +11,8 @@
 
 namespace pellam {
 
+class TextSource;
+
 /// Reads a text file line by line, in large blocks. A UTF-8 byte-order mark is passed over and
 /// UTF-16 text (with a mark, or recognised by its zero bytes) is converted to UTF-8; all other
 /// bytes come as they stand.
@@ -18,6 +20,8 @@ class LineReader {
   public:
     /// Longest line served whole; a longer run without a line end comes in pieces of this length.
     static constexpr std::size_t kMaximumLine = std::size_t{1} << 20;
+    /// Bytes before and after every line served that may be read (their values mean nothing).
+    static constexpr std::size_t kSlack = 64;
 
     /// What ends a line: '\n' alone, or also a '\r' that no '\n' follows.
     enum class LineEnds { LineFeed, AnyReturn };
@@ -46,15 +50,14 @@ class LineReader {
     [[nodiscard]] const Failure& error() const;
 
   private:
-    class Source;
+    void refill();
+    std::size_t findLineEnd();
 
-    bool refill();
-    std::size_t findLineEnd(std::size_t from) const;
-
-    std::unique_ptr<Source> m_source;
+    std::unique_ptr<TextSource> m_source;
     std::vector<char> m_buffer;
-    std::size_t m_begin = 0; ///< first byte not served yet
-    std::size_t m_end = 0;   ///< end of the bytes in the buffer
+    std::size_t m_begin = 0;   ///< first byte not served yet
+    std::size_t m_end = 0;     ///< end of the bytes in the buffer
+    std::size_t m_scanned = 0; ///< no line end lies between m_begin and here
     LineEnds m_ends = LineEnds::LineFeed;
     bool m_atEnd = false;
 };

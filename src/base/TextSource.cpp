@@ -1,0 +1,123 @@
+#include "base/TextSource.h"
+
+#include "base/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pellam {
+
+TextSource::~TextSource() {
+    if (m_fd >= 0) ::close(m_fd);
+}
+
+Failure TextSource::open(const std::string& path) {
+    // Without O_NONBLOCK the open of a pipe would wait for a writer.
+    m_fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (m_fd < 0) return Failure::fromErrno(Failure::Kind::Open, path, errno);
+
+    struct stat facts {};
+
+    if (::fstat(m_fd, &facts) != 0) return Failure::fromErrno(Failure::Kind::Open, path, errno);
+    if (!S_ISREG(facts.st_mode)) {
+        Failure failure{Failure::Kind::NotAFile, path, -1, {}};
+        failure.advice = S_ISDIR(facts.st_mode) ? "It is a folder. Choose a file in it."
+                                                : "It is a device or a pipe, not a file.";
+        return failure;
+    }
+    m_path = path;
+    m_size = facts.st_size;
+    ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    detectEncoding();
+    rewind();
+    return {};
+}
+
+void TextSource::detectEncoding() {
+    std::array<unsigned char, 512> head{};
+    const ssize_t got = ::pread(m_fd, head.data(), head.size(), 0);
+    const auto count = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+    m_encoding = Encoding::Bytes;
+    m_start = 0;
+    if (count >= 3 && head[0] == 0xEF && head[1] == 0xBB && head[2] == 0xBF) {
+        m_start = 3;
+    } else if (count >= 2 && head[0] == 0xFF && head[1] == 0xFE) {
+        m_encoding = Encoding::Utf16Little;
+        m_start = 2;
+    } else if (count >= 2 && head[0] == 0xFE && head[1] == 0xFF) {
+        m_encoding = Encoding::Utf16Big;
+        m_start = 2;
+    } else if (count >= 16 && m_size % 2 == 0) {
+        // Without a mark, text of western letters has a zero in every other byte and none between.
+        std::size_t zeroEven = 0;
+        std::size_t zeroOdd = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            (i % 2 ? zeroOdd : zeroEven) += head[i] == 0;
+        const std::size_t pairs = count / 2;
+        if (zeroEven == 0 && zeroOdd * 10 >= pairs * 9) m_encoding = Encoding::Utf16Little;
+        if (zeroOdd == 0 && zeroEven * 10 >= pairs * 9) m_encoding = Encoding::Utf16Big;
+    }
+}
+
+void TextSource::rewind() {
+    m_offset = m_start;
+    m_raw.clear();
+    m_highSurrogate = 0;
+    m_error = {};
+}
+
+std::size_t TextSource::read(char* out, std::size_t size) {
+    return m_encoding == Encoding::Bytes ? readFile(out, size) : readUtf16(out, size);
+}
+
+std::size_t TextSource::readFile(char* out, std::size_t size) {
+    ssize_t got;
+    do {
+        got = ::pread(m_fd, out, size, m_offset);
+    } while (got < 0 && errno == EINTR);
+    if (got < 0) {
+        m_error = Failure::fromErrno(Failure::Kind::Read, m_path, errno);
+        m_error.byteOffset = m_offset;
+        return 0;
+    }
+    m_offset += got;
+    return static_cast<std::size_t>(got);
+}
+
+std::size_t TextSource::readUtf16(char* out, std::size_t size) {
+    // One unit of two bytes gives at most three bytes; a pair of units gives four.
+    m_raw.resize((size - 8) / 3 * 2);
+    const std::size_t got = readFile(m_raw.data(), m_raw.size());
+    char* to = out;
+    for (std::size_t i = 0; i + 1 < got; i += 2) {
+        const auto first = static_cast<unsigned char>(m_raw[i]);
+        const auto second = static_cast<unsigned char>(m_raw[i + 1]);
+        const unsigned unit = m_encoding == Encoding::Utf16Little
+                                  ? static_cast<unsigned>(first | second << 8)
+                                  : static_cast<unsigned>(first << 8 | second);
+        if (unit >= 0xD800 && unit < 0xDC00) {
+            if (m_highSurrogate) to = appendUtf8(to, kReplacementCharacter);
+            m_highSurrogate = unit;
+        } else if (unit >= 0xDC00 && unit < 0xE000 && m_highSurrogate) {
+            to = appendUtf8(to, 0x10000 + ((m_highSurrogate - 0xD800) << 10) + (unit - 0xDC00));
+            m_highSurrogate = 0;
+        } else {
+            if (m_highSurrogate) to = appendUtf8(to, kReplacementCharacter);
+            m_highSurrogate = 0;
+            to = appendUtf8(to, unit);
+        }
+    }
+    if (got % 2 != 0 && m_offset < m_size) --m_offset;
+    return static_cast<std::size_t>(to - out);
+}
+
+std::int64_t TextSource::fileOffset(std::size_t pending) const {
+    if (m_encoding == Encoding::Bytes) return m_offset - static_cast<std::int64_t>(pending);
+    return std::max<std::int64_t>(m_start, m_offset - 2 * static_cast<std::int64_t>(pending));
+}
+
+} // namespace pellam
