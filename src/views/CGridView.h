@@ -1,0 +1,111 @@
+#pragma once
+
+#include "grid/GridData.h"
+
+#include <QString>
+#include <QWidget>
+
+QT_BEGIN_NAMESPACE
+class QPrinter;
+class QUndoStack;
+QT_END_NAMESPACE
+
+namespace pellam {
+
+class FindBar;
+class GridFinder;
+class GridModel;
+class MyCug;
+class ProgressSink;
+class SelectionStatistics;
+
+/// The "Grid" page: the data as a spreadsheet, with the find bar below it.
+class CGridView : public QWidget {
+    Q_OBJECT
+  public:
+    /// Shows a store, which must outlive the page.
+    explicit CGridView(GridData& grid, QWidget* parent = nullptr);
+    ~CGridView() override;
+
+    [[nodiscard]] GridData& data() const { return m_grid; }
+
+    [[nodiscard]] MyCug& grid() const { return *m_cug; }
+
+    [[nodiscard]] QUndoStack& undoStack() const;
+
+    /// Call before the store is emptied and filled: stops painting, protects the grid, switches the
+    /// moving of columns off and forgets what could be undone.
+    void beginLoad();
+    /// Call when the load has ended, however it ended: shows the store, fits the column widths and
+    /// lifts the protection unless `protect` is set. `largeFile` forbids resizing columns.
+    void endLoad(bool largeFile, bool protect);
+
+    /// Call when the store has changed behind the page's back (axis numbers, check boxes, mark).
+    void refresh();
+
+    /// Name that printed pages carry at the foot.
+    void setFileName(const QString& name) { m_fileName = name; }
+
+    [[nodiscard]] const QString& fileName() const { return m_fileName; }
+
+    /// Prints the page range that the printer was set to; 0 pages when no row is loaded.
+    bool print(QPrinter& printer, ProgressSink& progress);
+    /// Pages on this printer's paper; 0 when no row is loaded.
+    [[nodiscard]] int pageCount(const QPrinter& printer) const;
+
+    /// Whether the commands of the same names would do something now.
+    [[nodiscard]] bool canCopy() const;
+    [[nodiscard]] bool canEdit() const;
+    [[nodiscard]] bool canGoToDamaged() const;
+
+  public Q_SLOTS:
+    /// Sets the check boxes of columns 0 to channelCount() - 1.
+    void selectAllChannels();
+    /// Clears the check boxes of all columns.
+    void deselectAllChannels();
+    void cut();
+    void copy();
+    void copyWithHeadings();
+    void paste();
+    /// Selects every data cell.
+    void selectAllCells();
+    /// Opens the find bar.
+    void find();
+    void findNext();
+    void findPrevious();
+    /// Asks for a row number or a time and goes there.
+    void goTo();
+    void nextDamagedLine();
+    void previousDamagedLine();
+
+  Q_SIGNALS:
+    /// Count, minimum, maximum, mean and sum of the selected numbers, ready for the status bar;
+    /// empty when fewer than two cells are selected.
+    void statisticsChanged(const QString& text);
+    /// The mark in the corner has appeared or gone.
+    void changedMark(bool changed);
+    /// The current cell is in another data row, counted from 1; 0 on the axis row.
+    void currentRowChanged(qint64 row);
+    /// A file was dropped on the page: the first one of the drop.
+    void fileDropped(const QString& path);
+    /// A short remark for the status bar, such as that a search went on from the top.
+    void notice(const QString& text);
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void goToRow(Row row);
+    void setAllCharted(int columns, bool charted);
+
+    GridData& m_grid;
+    GridModel* m_model;
+    MyCug* m_cug;
+    SelectionStatistics* m_statistics;
+    GridFinder* m_finder;
+    FindBar* m_findBar;
+    QString m_fileName;
+};
+
+} // namespace pellam
