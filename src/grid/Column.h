@@ -1,12 +1,9 @@
 #pragma once
 
 #include "grid/Cell.h"
-#include "grid/CellColour.h"
-#include "grid/ChunkPool.h"
-#include "grid/TextArena.h"
+#include "grid/CellStorage.h"
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,67 +21,82 @@ class Column {
   public:
     static constexpr Row kChunkRows = ChunkPool::kChunkCells;
 
-    Column(std::shared_ptr<ChunkPool> pool, char decimalSeparator);
+    /// An empty column of a grid; the storage outlives it.
+    explicit Column(CellStorage& storage) : m_storage(&storage) {}
+
     ~Column();
     Column(const Column&) = delete;
     Column& operator=(const Column&) = delete;
 
     /// Heading text: the channel's name followed by its units in round brackets.
     [[nodiscard]] const std::string& label() const { return m_label; }
+
     void setLabel(std::string_view label) { m_label = label; }
 
     /// Whether the heading's check box is set: the channel is charted and exported.
     [[nodiscard]] bool charted() const { return m_charted; }
+
     void setCharted(bool charted) { m_charted = charted; }
 
     /// Chart axis, 1 to 6.
     [[nodiscard]] int axis() const { return m_axis; }
+
     void setAxis(int axis) { m_axis = axis; }
 
     /// The packed cell; an empty one for rows never written.
     [[nodiscard]] Cell cell(Row row) const {
-        const auto chunk = static_cast<std::size_t>(row / kChunkRows);
-        if (chunk >= m_chunks.size() || !m_chunks[chunk]) return {};
-        return m_chunks[chunk][row % kChunkRows];
+        const Cell* const chunk = chunkAt(row);
+        return chunk ? chunk[row % kChunkRows] : Cell();
     }
 
-    /// Text of a cell, written into `buffer` where it is not stored as text.
+    void setCell(Row row, Cell cell) { chunkFor(row)[row % kChunkRows] = cell; }
+
+    /// Text of a cell, written into `buffer` where it is not stored as text. The view is valid
+    /// until the buffer or the column changes.
     [[nodiscard]] std::string_view text(Row row, CellBuffer& buffer) const {
         return text(cell(row), buffer);
     }
+
     [[nodiscard]] std::string_view text(Cell cell, CellBuffer& buffer) const;
 
-    /// Numeric value of a cell; nothing when it is empty or its text is no decimal number.
+    /// Numeric value of a cell; nothing when its text is no decimal number or it is empty.
     [[nodiscard]] std::optional<double> number(Row row) const { return number(cell(row)); }
+
     [[nodiscard]] std::optional<double> number(Cell cell) const;
 
     /// Writes the values of rows `first` to `first + out.size() - 1` to `out`; NaN where a cell has
     /// no number.
     void numbers(Row first, std::span<double> out) const;
 
-    void setText(Row row, std::string_view text, CellColour colour);
-    /// Packs a text for this column; its colour is black. Texts that no packed form keeps
-    /// character for character go to the column's arena.
+    /// Packs a text of this column, in black. Texts that no packed form keeps character for
+    /// character are copied to the arena; a text longer than 16 MiB is cut there.
     [[nodiscard]] Cell pack(std::string_view text);
 
     /// Cells of the chunk that holds `row`, made when missing: index them with row % kChunkRows.
-    [[nodiscard]] Cell* chunkFor(Row row);
+    [[nodiscard]] Cell* chunkFor(Row row) {
+        const auto chunk = static_cast<std::size_t>(row / kChunkRows);
+        return chunk < m_chunks.size() && m_chunks[chunk] ? m_chunks[chunk] : makeChunk(chunk);
+    }
+
     /// The same without making it: null for a chunk that no row was written to.
-    [[nodiscard]] const Cell* chunkAt(Row row) const;
+    [[nodiscard]] const Cell* chunkAt(Row row) const {
+        const auto chunk = static_cast<std::size_t>(row / kChunkRows);
+        return chunk < m_chunks.size() ? m_chunks[chunk] : nullptr;
+    }
 
-    /// Drops all cells and texts; heading, check box and axis stay.
-    void clear();
-
-    [[nodiscard]] char decimalSeparator() const { return m_decimalSeparator; }
+    [[nodiscard]] char decimalSeparator() const { return m_storage->decimalSeparator; }
 
   private:
-    std::shared_ptr<ChunkPool> m_pool;
+    Cell* makeChunk(std::size_t chunk);
+    Cell packText(std::string_view text);
+    static ChunkPool::Pages pagesOf(std::size_t chunk);
+
+    CellStorage* m_storage;
     std::vector<Cell*> m_chunks;
-    TextArena m_texts;
     std::string m_label;
+    Cell m_lastText; ///< the latest arena text: repeated texts are kept once
     int m_axis = 1;
     bool m_charted = false;
-    char m_decimalSeparator;
 };
 
 } // namespace pellam

@@ -24,24 +24,33 @@ class GridData {
     /// An empty grid of 800 columns. `decimalSeparator` is the character that stands in numbers
     /// and before fractions of a second.
     explicit GridData(char decimalSeparator = '.');
+    ~GridData();
+    GridData(const GridData&) = delete;
+    GridData& operator=(const GridData&) = delete;
 
-    /// Back to the empty grid: no rows, 800 columns without label, not charted, axis 1; the store
-    /// counts as changed. Memory is kept for the next load.
+    /// Back to the empty grid: no rows, 800 columns without label, not charted, axis 1; the corner
+    /// mark is cleared. Memory is kept for the next load.
     void reset();
 
-    [[nodiscard]] char decimalSeparator() const { return m_decimalSeparator; }
+    [[nodiscard]] char decimalSeparator() const { return m_storage->decimalSeparator; }
+
+    /// Gives memory that is left over from an earlier, larger content back to the system.
+    void trim() { m_storage->chunks.trim(); }
 
     /// Loaded rows, the axis row not counted.
     [[nodiscard]] Row rowCount() const { return m_rowCount; }
+
     void setRowCount(Row rows) { m_rowCount = rows; }
 
     /// Columns of the grid, the time column included; at least 16 after a load.
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_columns.size()); }
+
     /// Sets the column count, never below 16; new columns are empty, surplus ones are dropped.
     void setColumnCount(int columns);
 
     /// Channel columns, the time column not counted: channels are columns 1 to this, inclusive.
     [[nodiscard]] int channelCount() const { return m_channelCount; }
+
     void setChannelCount(int channels) { m_channelCount = channels; }
 
     /// The column at an index from 0 to columnCount() - 1.
@@ -51,32 +60,33 @@ class GridData {
     /// Text of a cell; empty for an empty cell and for rows past the data. The view is valid until
     /// the buffer or the cell changes.
     [[nodiscard]] std::string_view text(int column, Row row, CellBuffer& buffer) const;
-    /// Sets a cell's text (empty text clears it), growing the row count when the row lies past it.
-    void setText(int column, Row row, std::string_view text,
-                 CellColour colour = CellColour::Black);
+    /// Sets a cell's text; empty text clears it. The row count stays as it is: it counts loaded
+    /// rows.
+    void setText(int column, Row row, std::string_view text, CellColour colour = CellColour::Black);
     [[nodiscard]] CellColour colour(int column, Row row) const;
 
-    /// Moves a column so that it ends at index `to`; cells, heading and axis go with it. The time
-    /// column does not move and nothing moves before it: returns false then.
+    /// Moves a column so that it ends at index `to`; cells, heading and axis go with it. Returns
+    /// false, and moves nothing, for the time column and where a channel would leave the channels.
     bool moveColumn(int from, int to);
 
     /// The mark in the corner: channel selection, an axis number, a value or the column order has
     /// changed since the chart was last built.
     [[nodiscard]] bool changed() const { return m_changed; }
+
     void setChanged(bool changed) { m_changed = changed; }
 
     /// Rows that hold a line which failed its checksum, in ascending order.
     [[nodiscard]] std::span<const Row> damagedRows() const { return m_damagedRows; }
+
     /// Marks the last or a later row as damaged; rows come in ascending order, repeats are one.
     void addDamagedRow(Row row);
 
   private:
+    std::unique_ptr<CellStorage> m_storage; // before the columns: they give their chunks back to it
     std::vector<std::unique_ptr<Column>> m_columns;
     std::vector<Row> m_damagedRows;
-    std::shared_ptr<ChunkPool> m_pool;
     Row m_rowCount = 0;
     int m_channelCount = 0;
-    char m_decimalSeparator;
     bool m_changed = false;
 };
 
