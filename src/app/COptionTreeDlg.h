@@ -38,6 +38,7 @@ class COptionTreeDlg : public QDialog, public ChannelChooser {
 
   private:
     void buildLayout();
+    void collect(int group, int index, bool checked);
     void filterChanged(const QString& text);
     void showCount();
 

@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
+#include <ctime>
 #include <string>
 
 class QLabel;
@@ -20,8 +21,9 @@ namespace pellam {
 /// While the operation runs, adding text or moving the bar handles events at most every kPumpEvery
 /// milliseconds: everything for this window, painting and other system events for all windows.
 /// Input for other windows is dropped, not kept for later, since it was meant for what they showed
-/// before the operation. Only closing another window is remembered: it aborts the operation, and
-/// the window is closed once the operation has ended.
+/// before the operation; a click or key there brings this window back when it was hidden. Only
+/// closing another window is remembered: it aborts the operation, and the window is closed once the
+/// operation has ended. Timers and queued calls of other objects run as ever.
 class CConnectionStatus : public QDialog, public ProgressSink {
     Q_OBJECT
 
@@ -109,6 +111,8 @@ class CConnectionStatus : public QDialog, public ProgressSink {
 
     std::string m_text; ///< the status line
     std::string m_log;
+    std::time_t m_logTime = 0; ///< the second that m_logTimeText stands for
+    std::string m_logTimeText;
     std::size_t m_lastLine = 0; ///< where the log's last line begins
     std::int64_t m_first = 0;
     std::int64_t m_last = 100;

@@ -20,6 +20,10 @@ OptionTree::OptionTree(QWidget* parent)
     connect(m_model, &OptionTreeModel::optionToggled, this, &OptionTree::optionToggled);
 }
 
+void OptionTree::clear() {
+    m_model->clear();
+}
+
 int OptionTree::addGroup(const QString& title) {
     const int group = m_model->addGroup(title);
     setExpanded(m_filter->mapFromSource(m_model->index(group, 0)), true);
@@ -55,6 +59,14 @@ int OptionTree::checkedCount() const {
 void OptionTree::setFilter(const QString& text) {
     m_filter->setText(text);
     expandAll();
+}
+
+void OptionTree::focusFirstOption() {
+    setFocus(Qt::OtherFocusReason);
+    for (int group = 0; group < m_filter->rowCount(); ++group) {
+        const QModelIndex first = m_filter->index(0, 0, m_filter->index(group, 0));
+        if (first.isValid()) return setCurrentIndex(first);
+    }
 }
 
 int OptionTree::visibleCount() const {

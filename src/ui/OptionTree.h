@@ -16,6 +16,8 @@ class OptionTree : public QTreeView {
   public:
     explicit OptionTree(QWidget* parent = nullptr);
 
+    /// Removes every group and option.
+    void clear();
     /// Appends a group, unfolded; gives its number, counted from 0.
     int addGroup(const QString& title);
     /// Appends options to a group; thousands at once are fine.
@@ -31,6 +33,8 @@ class OptionTree : public QTreeView {
 
     /// Shows only the options whose text contains this one, whatever its case; all when empty.
     void setFilter(const QString& text);
+    /// Gives the keyboard to the first option that the filter lets through, or to the tree.
+    void focusFirstOption();
     /// Options that the filter lets through.
     [[nodiscard]] int visibleCount() const;
     /// Checks or unchecks the options that the filter lets through; the others keep their state.

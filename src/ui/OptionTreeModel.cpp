@@ -19,6 +19,13 @@ bool OptionTreeModel::isOption(const QModelIndex& index) const {
     return index.isValid() && index.internalId() != kGroupRow;
 }
 
+void OptionTreeModel::clear() {
+    beginResetModel();
+    m_groups.clear();
+    m_checkedCount = 0;
+    endResetModel();
+}
+
 int OptionTreeModel::addGroup(const QString& title) {
     const int row = groupCount();
     beginInsertRows({}, row, row);

@@ -21,6 +21,7 @@ class OptionTreeModel : public QAbstractItemModel {
   public:
     using QAbstractItemModel::QAbstractItemModel;
 
+    void clear();
     int addGroup(const QString& title);
     void addOptions(int group, std::vector<Option> options);
 
