@@ -9,8 +9,7 @@ namespace pellam {
 
 namespace {
 
-constexpr std::size_t kHugePage = std::size_t{2} << 20;
-constexpr std::size_t kSlabBytes = 4 * kHugePage;
+constexpr std::size_t kSlabBytes = std::size_t{8} << 20;
 constexpr std::size_t kChunkBytes = ChunkPool::kChunkCells * sizeof(Cell);
 // Columns are filled side by side, a row at a time. Chunks a power of two apart would all fall on
 // the same few cache sets; three more lines between them spread them out.
@@ -24,41 +23,26 @@ ChunkPool::~ChunkPool() {
         ::munmap(slab.base, kSlabBytes);
 }
 
-Cell* ChunkPool::take(Pages pages) {
-    auto& free = m_free[static_cast<std::size_t>(pages)];
-    if (!free.empty()) {
-        Cell* const chunk = free.back();
-        free.pop_back();
+Cell* ChunkPool::take() {
+    if (!m_free.empty()) {
+        Cell* const chunk = m_free.back();
+        m_free.pop_back();
         ++slabOf(chunk).inUse;
         std::memset(static_cast<void*>(chunk), 0, kChunkBytes);
         return chunk;
     }
-    const auto hasRoom = [pages](const Slab& slab) {
-        return slab.pages == pages && slab.handedOut < kChunksInSlab;
-    };
-    auto slab = std::find_if(m_slabs.rbegin(), m_slabs.rend(), hasRoom);
-    if (slab == m_slabs.rend()) {
-        addSlab(pages);
-        slab = m_slabs.rbegin();
-    }
-    ++slab->inUse;
-    return reinterpret_cast<Cell*>(slab->base + kStride * slab->handedOut++);
+    if (m_slabs.empty() || m_slabs.back().handedOut == kChunksInSlab) addSlab();
+    Slab& slab = m_slabs.back();
+    ++slab.inUse;
+    return reinterpret_cast<Cell*>(slab.base + kStride * slab.handedOut++);
 }
 
-void ChunkPool::addSlab(Pages pages) {
-    // Mapped with room to spare so that the slab can start on a huge page.
-    const std::size_t mapped = kSlabBytes + kHugePage;
-    void* const raw =
-        ::mmap(nullptr, mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (raw == MAP_FAILED) throw std::bad_alloc();
-    char* const start = static_cast<char*>(raw);
-    const auto address = reinterpret_cast<std::uintptr_t>(start);
-    const std::size_t lead = (kHugePage - address % kHugePage) % kHugePage;
-    if (lead > 0) ::munmap(start, lead);
-    if (lead < kHugePage) ::munmap(start + lead + kSlabBytes, kHugePage - lead);
-    char* const base = start + lead;
-    ::madvise(base, kSlabBytes, pages == Pages::Huge ? MADV_HUGEPAGE : MADV_NOHUGEPAGE);
-    m_slabs.push_back({base, pages, 0, 0});
+void ChunkPool::addSlab() {
+    // Untouched pages of a mapping cost nothing: a wide and short file uses little of each chunk.
+    void* const base =
+        ::mmap(nullptr, kSlabBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (base == MAP_FAILED) throw std::bad_alloc();
+    m_slabs.push_back({static_cast<char*>(base), 0, 0});
 }
 
 ChunkPool::Slab& ChunkPool::slabOf(const Cell* chunk) {
@@ -68,16 +52,14 @@ ChunkPool::Slab& ChunkPool::slabOf(const Cell* chunk) {
     });
 }
 
-void ChunkPool::giveBack(Cell* chunk, Pages pages) {
+void ChunkPool::giveBack(Cell* chunk) {
     --slabOf(chunk).inUse;
-    m_free[static_cast<std::size_t>(pages)].push_back(chunk);
+    m_free.push_back(chunk);
 }
 
 void ChunkPool::trim() {
     const auto unused = [](const Slab& slab) { return slab.inUse == 0; };
-    for (auto& free : m_free) {
-        std::erase_if(free, [this](const Cell* chunk) { return slabOf(chunk).inUse == 0; });
-    }
+    std::erase_if(m_free, [this](const Cell* chunk) { return slabOf(chunk).inUse == 0; });
     for (const Slab& slab : m_slabs) {
         if (unused(slab)) ::munmap(slab.base, kSlabBytes);
     }

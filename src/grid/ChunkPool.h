@@ -13,18 +13,14 @@ class ChunkPool {
   public:
     static constexpr std::int64_t kChunkCells = 16384;
 
-    /// Large slabs ask for huge pages: quick to fill, but a chunk of which little is used costs its
-    /// whole size. Small ones cost what is touched.
-    enum class Pages { Small, Huge };
-
     ChunkPool() = default;
     ~ChunkPool();
     ChunkPool(const ChunkPool&) = delete;
     ChunkPool& operator=(const ChunkPool&) = delete;
 
     /// A chunk of empty cells. Throws std::bad_alloc when memory is exhausted.
-    Cell* take(Pages pages);
-    void giveBack(Cell* chunk, Pages pages);
+    Cell* take();
+    void giveBack(Cell* chunk);
 
     /// Returns the memory of slabs none of whose chunks is in use to the system.
     void trim();
@@ -32,16 +28,15 @@ class ChunkPool {
   private:
     struct Slab {
         char* base;
-        Pages pages;
         std::size_t handedOut; ///< chunks cut from it so far
         std::size_t inUse;
     };
 
     Slab& slabOf(const Cell* chunk);
-    void addSlab(Pages pages);
+    void addSlab();
 
     std::vector<Slab> m_slabs;
-    std::vector<Cell*> m_free[2]; ///< by Pages
+    std::vector<Cell*> m_free;
 };
 
 } // namespace pellam

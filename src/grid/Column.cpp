@@ -12,19 +12,14 @@
 namespace pellam {
 
 Column::~Column() {
-    for (std::size_t i = 0; i < m_chunks.size(); ++i) {
-        if (m_chunks[i]) m_storage->chunks.giveBack(m_chunks[i], pagesOf(i));
+    for (Cell* const chunk : m_chunks) {
+        if (chunk) m_storage->chunks.giveBack(chunk);
     }
-}
-
-// A wide and short file touches little of each chunk, so huge pages start where they are filled.
-ChunkPool::Pages Column::pagesOf(std::size_t chunk) {
-    return chunk < 4 ? ChunkPool::Pages::Small : ChunkPool::Pages::Huge;
 }
 
 Cell* Column::makeChunk(std::size_t chunk) {
     if (chunk >= m_chunks.size()) m_chunks.resize(chunk + 1, nullptr);
-    m_chunks[chunk] = m_storage->chunks.take(pagesOf(chunk));
+    m_chunks[chunk] = m_storage->chunks.take();
     return m_chunks[chunk];
 }
 

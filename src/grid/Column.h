@@ -89,7 +89,6 @@ class Column {
   private:
     Cell* makeChunk(std::size_t chunk);
     Cell packText(std::string_view text);
-    static ChunkPool::Pages pagesOf(std::size_t chunk);
 
     CellStorage* m_storage;
     std::vector<Cell*> m_chunks;

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "base/FieldScanner.h"
+#include "grid/RowFiller.h"
+#include "replay/LoggerClock.h"
+#include "replay/SessionLoader.h"
+
+#include <string>
+#include <string_view>
+
+namespace pellam {
+
+/// Puts alarm lines onto the grid: time, job, schedule, real-time flag, alarm number, type and
+/// message, a row each.
+class AlarmRows {
+  public:
+    explicit AlarmRows(const LoadContext& context);
+
+    /// Gives the grid the seven headings of an alarm file.
+    static void DisplayAlarmLabels(GridData& grid);
+
+    /// Takes one line without its line end; other lines than alarms are passed over. The 64 bytes
+    /// behind the line are readable.
+    void DisplayAlarmDetails(std::string_view line);
+
+    [[nodiscard]] Row rows() const { return m_rows; }
+
+  private:
+    bool readTime(FieldScanner& fields, std::string_view field, std::string& time);
+    void set(int column, std::string_view text);
+    void setWithoutQuotes(int column, std::string_view text);
+
+    const LoadContext& m_context;
+    RowFiller m_filler;
+    LoggerClock m_clock;
+    CellColour m_colour;
+    std::string m_previousLine;
+    Row m_rows = 0;
+};
+
+} // namespace pellam

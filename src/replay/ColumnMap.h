@@ -1,0 +1,60 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace pellam {
+
+/// What the values of a column are.
+enum class ColumnKind : std::uint8_t { Date = 1, Time = 2, Text = 4, Numeric = 8 };
+
+/// Where the values of a data line go: for every schedule letter the columns of its channels in
+/// the order of the line.
+class ColumnMap {
+  public:
+    static constexpr int kNotLoaded = -1;
+
+    /// Columns of a schedule's channels, kNotLoaded for one that was not chosen; empty for a
+    /// schedule without channels and for characters that are no letter.
+    [[nodiscard]] std::span<const int> columnsOf(char letter) const {
+        const auto index = static_cast<unsigned>(letter) - 'A';
+        return index < m_columns.size() ? std::span<const int>(m_columns[index])
+                                        : std::span<const int>();
+    }
+
+    [[nodiscard]] ColumnKind kind(int column) const {
+        return m_kinds[static_cast<std::size_t>(column)];
+    }
+
+    /// Columns known, the time column included.
+    [[nodiscard]] int columnCount() const { return static_cast<int>(m_kinds.size()); }
+
+    /// Forgets the channels that a schedule has had so far.
+    void restart(char letter) {
+        if (auto* columns = slot(letter)) columns->clear();
+    }
+
+    /// Adds the next column of the grid as a schedule's channel of a number, counted from 0.
+    void add(char letter, std::size_t number, ColumnKind kind) {
+        const int column = columnCount();
+        m_kinds.push_back(kind);
+        auto* const columns = slot(letter);
+        if (!columns) return;
+        if (columns->size() <= number) columns->resize(number + 1, kNotLoaded);
+        (*columns)[number] = column;
+    }
+
+  private:
+    std::vector<int>* slot(char letter) {
+        const auto index = static_cast<unsigned>(letter) - 'A';
+        return index < m_columns.size() ? &m_columns[index] : nullptr;
+    }
+
+    std::vector<ColumnKind> m_kinds{ColumnKind::Text}; ///< by column; the time column is first
+    std::array<std::vector<int>, 26> m_columns;
+};
+
+} // namespace pellam

@@ -1,0 +1,138 @@
+#include "replay/DelimitedLoader.h"
+
+#include "base/FieldScanner.h"
+#include "base/LineReader.h"
+#include "grid/DecimalCell.h"
+#include "grid/TimeCell.h"
+#include "replay/RowCounter.h"
+#include "replay/ValueText.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+namespace pellam {
+
+namespace {
+
+constexpr Row kReportRows = 500;
+
+std::string_view withoutLineEnd(std::string_view line) {
+    if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    return line;
+}
+
+bool isTimeStamp(std::string_view text) {
+    Cell cell;
+    return TimeCell::pack(text, cell);
+}
+
+} // namespace
+
+LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
+    LoadOutcome outcome;
+    outcome.kind = LoadOutcome::Kind::Delimited;
+    outcome.path = path;
+    LineReader reader;
+    if (const Failure failure = reader.open(path, LineReader::LineEnds::AnyReturn)) {
+        m_context.messages.show(failure.text());
+        return outcome;
+    }
+    outcome.fileSize = reader.fileSize();
+    const ProgressScope scope(m_context.progress, "Loading Pellam", "Loading...", 1,
+                              std::max<std::int64_t>(1, reader.fileSize() / 500));
+    std::string_view line;
+    bool more = reader.next(line);
+    if (more) {
+        const std::string first(withoutLineEnd(line));
+        DisplayDelimLabels(first);
+        // A file whose first line is a reading already has no headings: the line stays a row.
+        if (!isTimeStamp(std::string_view(first).substr(0, first.find(m_separator)))) {
+            more = reader.next(line);
+        }
+    }
+    RowFiller filler(m_context.grid);
+    RowCounter counter(m_context.progress, kReportRows);
+    for (; more; more = reader.next(line)) {
+        DisplayDelimDetails(withoutLineEnd(line), filler);
+        if (!counter.line(m_rows, reader.bytesRead() / 500)) break;
+    }
+    m_context.grid.setRowCount(m_rows);
+    if (reader.error()) m_context.messages.show(reader.error().text());
+    outcome.loaded = true;
+    outcome.aborted = counter.aborted();
+    return outcome;
+}
+
+FieldScanner::Quotes DelimitedLoader::quotesOf(std::string_view line) const {
+    return std::memchr(line.data(), '"', line.size()) ? FieldScanner::Quotes::Group
+                                                      : FieldScanner::Quotes::Plain;
+}
+
+void DelimitedLoader::DisplayDelimLabels(std::string_view line) {
+    std::vector<std::string> labels;
+    if (isTimeStamp(line.substr(0, line.find(m_separator)))) {
+        const auto fields = std::count(line.begin(), line.end(), m_separator) + 1;
+        labels.emplace_back("Time");
+        for (std::ptrdiff_t i = 1; i < fields; ++i)
+            labels.push_back("Channel " + std::to_string(i));
+    } else {
+        // The scanner reads a little past the line, which therefore needs room behind it.
+        std::string padded(line);
+        padded.append(LineReader::kSlack, '\0');
+        FieldScanner scanner(std::string_view(padded).substr(0, line.size()), m_separator,
+                             quotesOf(line));
+        std::string_view field;
+        while (scanner.next(field)) {
+            std::string& label = labels.emplace_back(field);
+            std::erase(label, '"');
+        }
+        // An export ends its heading row with a separator when later columns are not exported.
+        while (!labels.empty() && labels.back().empty())
+            labels.pop_back();
+    }
+    m_columnCount = static_cast<int>(labels.size());
+    GridData& grid = m_context.grid;
+    grid.setColumnCount(m_columnCount);
+    grid.setChannelCount(std::max(0, m_columnCount - 1));
+    for (int column = 0; column < m_columnCount; ++column) {
+        grid.column(column).setLabel(labels[static_cast<std::size_t>(column)]);
+        grid.column(column).setCharted(true);
+    }
+}
+
+bool DelimitedLoader::isDiscontinuity(std::string_view line) const {
+    return std::memchr(line.data(), 'D', line.size()) != nullptr &&
+           line.find("Discontinuity") != std::string_view::npos;
+}
+
+void DelimitedLoader::DisplayDelimDetails(std::string_view line, RowFiller& filler) {
+    if (line.empty() || line == m_previousLine || isDiscontinuity(line)) return;
+    m_previousLine.assign(line);
+    filler.startRow(m_rows++);
+    FieldScanner scanner(line, m_separator, quotesOf(line));
+    const char* begin;
+    const char* end;
+    const char separator = m_context.grid.decimalSeparator();
+    const CellColour colour = m_context.greyRows ? CellColour::Grey : CellColour::Black;
+    for (int column = 0; column < m_columnCount && scanner.next(begin, end); ++column) {
+        if (begin == end) continue;
+        Cell cell;
+        if (column == 0 ||
+            !DecimalCell::pack(begin, end, separator, DecimalCell::Zeros::Trim, cell)) {
+            cell = fieldCell({begin, static_cast<std::size_t>(end - begin)}, column);
+        }
+        filler.set(column, cell.withColour(colour));
+    }
+}
+
+Cell DelimitedLoader::fieldCell(std::string_view field, int index) {
+    Column& column = m_context.grid.column(index);
+    Cell cell;
+    if (TimeCell::pack(field, cell)) return cell;
+    if (index > 0 && ValueText::startsNumber(field)) return ValueText::fromLocale(field, column);
+    return ValueText::fromQuoted(field, column);
+}
+
+} // namespace pellam

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/FieldScanner.h"
+#include "grid/RowFiller.h"
+#include "replay/LoadOutcome.h"
+#include "replay/SessionLoader.h"
+
+#include <string>
+#include <string_view>
+
+namespace pellam {
+
+/// Loads delimited text (CSV, tab-separated) into an empty grid: the first line gives the headings,
+/// every further line a row.
+class DelimitedLoader {
+  public:
+    DelimitedLoader(const LoadContext& context, char separator)
+        : m_context(context),
+          m_separator(separator) {}
+
+    /// Reads the file; on a failure it is shown and the outcome says not loaded.
+    LoadOutcome ReadDelimFile(const std::string& path);
+
+  private:
+    void DisplayDelimLabels(std::string_view line);
+    void DisplayDelimDetails(std::string_view line, RowFiller& filler);
+    Cell fieldCell(std::string_view field, int column);
+    [[nodiscard]] bool isDiscontinuity(std::string_view line) const;
+    [[nodiscard]] FieldScanner::Quotes quotesOf(std::string_view line) const;
+
+    const LoadContext& m_context;
+    char m_separator;
+    int m_columnCount = 0; ///< columns with a heading, the time column included
+    Row m_rows = 0;
+    std::string m_previousLine;
+};
+
+} // namespace pellam

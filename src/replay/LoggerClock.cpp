@@ -1,0 +1,113 @@
+#include "replay/LoggerClock.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <cstring>
+#include <ctime>
+
+namespace pellam {
+
+namespace {
+
+constexpr std::int64_t kWindow = 900;
+constexpr std::int64_t kDay = 86400;
+
+std::int64_t floorTo(std::int64_t value, std::int64_t step) {
+    const std::int64_t rest = value % step;
+    return value - (rest < 0 ? rest + step : rest);
+}
+
+char* writeTwo(char* out, std::int64_t value) {
+    out[0] = static_cast<char>('0' + value / 10);
+    out[1] = static_cast<char>('0' + value % 10);
+    return out + 2;
+}
+
+char* writeDate(char* out, std::int64_t local) {
+    const std::chrono::sys_days days{std::chrono::days{floorTo(local, kDay) / kDay}};
+    const std::chrono::year_month_day date{days};
+    const int year = static_cast<int>(date.year());
+    if (year >= 0 && year <= 9999) {
+        out = writeTwo(writeTwo(out, year / 100), year % 100);
+    } else {
+        out = std::to_chars(out, out + 8, year).ptr;
+    }
+    *out++ = '/';
+    out = writeTwo(out, static_cast<unsigned>(date.month()));
+    *out++ = '/';
+    return writeTwo(out, static_cast<unsigned>(date.day()));
+}
+
+char* writeTime(char* out, std::int64_t local) {
+    const std::int64_t second = local - floorTo(local, kDay);
+    out = writeTwo(out, second / 3600);
+    *out++ = ':';
+    out = writeTwo(out, second / 60 % 60);
+    *out++ = ':';
+    return writeTwo(out, second % 60);
+}
+
+// Beyond this many seconds either side of 1970 a year has more than five digits.
+constexpr double kFarthest = 1e12;
+
+} // namespace
+
+LoggerClock::Offset LoggerClock::offsetAt(std::int64_t time) {
+    const std::int64_t window = floorTo(time, kWindow);
+    if (window != m_windowStart) {
+        const std::time_t moment = time;
+        std::tm local{};
+        m_windowStart = window;
+        m_offset = {0, false};
+        if (::localtime_r(&moment, &local)) m_offset = {local.tm_gmtoff, local.tm_isdst > 0};
+    }
+    return m_offset;
+}
+
+std::int64_t LoggerClock::displayed(std::int64_t time) {
+    time += m_corrections.standardBias;
+    if (m_corrections.daylightBias != 0 && offsetAt(time).daylight) {
+        time += m_corrections.daylightBias;
+    }
+    return time + offsetAt(time).seconds;
+}
+
+std::string_view LoggerClock::dateTime(std::string_view field, char separator, Buffer& buffer) {
+    std::int64_t seconds = 0;
+    const char* const end = field.data() + field.size();
+    const char* stop = std::from_chars(field.data(), end, seconds).ptr;
+    if (std::abs(static_cast<double>(seconds)) > kFarthest) seconds = 0;
+    std::string_view fraction;
+    if (stop != end && *stop == '.') {
+        fraction = {stop + 1, static_cast<std::size_t>(end - stop - 1)};
+        fraction =
+            fraction.substr(0, std::min<std::size_t>(31, fraction.find_first_not_of("0123456789")));
+    }
+    const std::int64_t local = displayed(seconds + TimeCorrections::dtOffset);
+    char* out = writeDate(buffer.data(), local);
+    *out++ = ' ';
+    out = writeTime(out, local);
+    if (!fraction.empty()) {
+        *out++ = separator;
+        std::memcpy(out, fraction.data(), fraction.size());
+        out += fraction.size();
+    }
+    return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
+}
+
+std::string_view LoggerClock::date(double days, Buffer& buffer) {
+    const double seconds = days * static_cast<double>(kDay) + TimeCorrections::dtOffset;
+    if (!(std::abs(seconds) < kFarthest)) return {};
+    const char* out = writeDate(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
+    return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
+}
+
+std::string_view LoggerClock::timeOfDay(double seconds, Buffer& buffer) {
+    if (!(std::abs(seconds) < kFarthest)) return {};
+    const char* out = writeTime(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
+    return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
+}
+
+} // namespace pellam

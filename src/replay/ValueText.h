@@ -1,0 +1,28 @@
+#pragma once
+
+#include "grid/Column.h"
+
+#include <string>
+#include <string_view>
+
+namespace pellam {
+
+/// How number texts of a file become cell texts: needless zeros after the point go, the separators
+/// become those of the grid. No value is ever changed: what is no plain decimal stays as it is.
+class ValueText {
+  public:
+    /// Numbers written with a point; ',' groups thousands. The cell shows the grid's separator.
+    static Cell fromPoint(std::string_view text, Column& column);
+
+    /// Numbers written with the grid's own separator; where that is not '.', points group
+    /// thousands and go, unless they stand where no group ends.
+    static Cell fromLocale(std::string_view text, Column& column);
+
+    /// A text without its double quotes.
+    static Cell fromQuoted(std::string_view text, Column& column);
+
+    /// Whether a value of a file is a number, a date or a time by its first character.
+    static bool startsNumber(std::string_view text);
+};
+
+} // namespace pellam
