@@ -1,0 +1,114 @@
+#include "app/COptionTreeDlg.h"
+
+#include "ui/OptionTree.h"
+
+#include <QtTest>
+#include <QtWidgets>
+#include <gtest/gtest.h>
+
+namespace pellam {
+namespace {
+
+class OptionTreeDlgTest : public testing::Test {
+  protected:
+    OptionTreeDlgTest() { m_dialog.offer({"B.Temp(degC){0}", "B.Wind{1}", "X.Rain(mm){0}"}); }
+
+    std::string chosen() const {
+        std::string text;
+        for (const std::string& label : m_dialog.chosen())
+            text += label + " ";
+        return text;
+    }
+
+    void check(int index, bool checked = true) { m_dialog.tree()->setChecked(0, index, checked); }
+
+    QPushButton* button(const char* start) {
+        for (auto* found : m_dialog.findChildren<QPushButton*>())
+            if (found->text().remove(u'&').startsWith(QLatin1String(start))) return found;
+        return nullptr;
+    }
+
+    COptionTreeDlg m_dialog;
+};
+
+TEST_F(OptionTreeDlgTest, BoxesCarryTextAndIdentifier) {
+    const auto& wind = m_dialog.tree()->option(0, 1);
+    EXPECT_EQ(wind.text, u"B.Wind");
+    EXPECT_EQ(wind.id, (u'B' << 16) + 1u);
+    EXPECT_EQ(m_dialog.tree()->option(0, 2).text, u"X.Rain(mm)");
+    EXPECT_EQ(m_dialog.tree()->option(0, 2).id, quint32{u'X'} << 16);
+    EXPECT_EQ(m_dialog.windowTitle(), u"Loading Large File");
+}
+
+TEST_F(OptionTreeDlgTest, CollectsInFileOrderEachOnce) {
+    EXPECT_EQ(chosen(), "");
+    check(2);
+    check(0);
+    EXPECT_EQ(chosen(), "B.Temp(degC){0} X.Rain(mm){0} ");
+    check(0, false);
+    EXPECT_EQ(chosen(), "X.Rain(mm){0} ");
+    check(0);
+    EXPECT_EQ(chosen(), "B.Temp(degC){0} X.Rain(mm){0} ");
+}
+
+TEST_F(OptionTreeDlgTest, EqualLabelsAreCollectedOnceAndRemovedTogether) {
+    m_dialog.offer({"A.T{0}", "B.T{0}", "A.T{0}"});
+    check(2);
+    check(0);
+    EXPECT_EQ(chosen(), "A.T{0} ");
+    check(0, false);
+    EXPECT_EQ(chosen(), "");
+}
+
+TEST_F(OptionTreeDlgTest, LabelsComeBackByteForByte) {
+    const std::string windows1252 = "A.Temp(\xB0\x43){0}";
+    m_dialog.offer({windows1252, "A.a{b}c{12}", "A.plain", ""});
+    EXPECT_EQ(m_dialog.tree()->option(0, 0).text, QString::fromUtf8("A.Temp(\u00B0C)"));
+    EXPECT_EQ(m_dialog.tree()->option(0, 1).text, u"A.a{b}c");
+    EXPECT_EQ(m_dialog.tree()->option(0, 2).text, u"A.plain");
+    m_dialog.tree()->setVisibleChecked(true);
+    EXPECT_EQ(m_dialog.chosen(),
+              (std::vector<std::string>{windows1252, "A.a{b}c{12}", "A.plain", ""}));
+}
+
+TEST_F(OptionTreeDlgTest, SelectAllAndNoneWorkOnWhatTheFilterShows) {
+    auto* filter = m_dialog.findChild<QLineEdit*>();
+    filter->setText(u"b."_qs);
+    button("Select all")->click();
+    EXPECT_EQ(chosen(), "B.Temp(degC){0} B.Wind{1} ");
+    filter->clear();
+    button("Select all")->click();
+    filter->setText(u"rain"_qs);
+    button("Select none")->click();
+    EXPECT_EQ(chosen(), "B.Temp(degC){0} B.Wind{1} ");
+}
+
+TEST_F(OptionTreeDlgTest, KeysInTheFilterStayInTheDialog) {
+    QString trace;
+    QTimer::singleShot(0, &m_dialog, [&] {
+        auto* filter = m_dialog.findChild<QLineEdit*>();
+        QTest::keyClicks(filter, u"wind"_qs);
+        QTest::keyClick(filter, Qt::Key_Return);
+        trace += m_dialog.isVisible() ? u"open "_qs : u"closed "_qs;
+        trace += m_dialog.tree()->hasFocus() ? u"tree "_qs : u"elsewhere "_qs;
+        QTest::keyClick(m_dialog.tree(), Qt::Key_Space);
+        QTest::keyClick(filter, Qt::Key_Escape);
+        trace += m_dialog.isVisible() && filter->text().isEmpty() ? u"cleared "_qs : u"lost "_qs;
+        QTest::keyClick(filter, Qt::Key_Escape);
+        trace += m_dialog.isVisible() ? u"open"_qs : u"closed"_qs;
+        m_dialog.reject();
+    });
+    const auto labels = m_dialog.choose({"A.Temp{0}", "A.Wind{1}"});
+    EXPECT_EQ(trace, u"open tree cleared closed");
+    EXPECT_EQ(labels, std::vector<std::string>{"A.Wind{1}"}) << "Cancel keeps what was collected";
+}
+
+TEST_F(OptionTreeDlgTest, NothingOfferedNothingChosen) {
+    m_dialog.offer({});
+    button("Select all")->click();
+    EXPECT_EQ(chosen(), "");
+    EXPECT_EQ(m_dialog.tree()->model()->rowCount(), 1) << "the group is there, empty";
+}
+
+} // namespace
+} // namespace pellam

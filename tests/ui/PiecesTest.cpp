@@ -1,0 +1,120 @@
+#include "ui/FolderEdit.h"
+#include "ui/IconSet.h"
+#include "ui/SideBanner.h"
+#include "ui/TabPages.h"
+
+#include <QtTest>
+#include <QtWidgets>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace pellam {
+namespace {
+
+QImage picture(const QIcon& icon, int side, QIcon::Mode mode = QIcon::Normal) {
+    return icon.pixmap(QSize(side, side), 1.0, mode).toImage();
+}
+
+TEST(IconSetTest, EveryIconHasAPictureOfItsOwn) {
+    std::set<QByteArray> pictures;
+    for (int i = 0; i < kIconNameCount; ++i) {
+        const QIcon icon = IconSet::icon(static_cast<IconName>(i));
+        const QImage image = picture(icon, 24).convertToFormat(QImage::Format_ARGB32);
+        pictures.insert({reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()});
+        EXPECT_NE(image, picture(icon, 24, QIcon::Disabled)) << i;
+        EXPECT_EQ(picture(icon, 96).size(), QSize(96, 96)) << i;
+    }
+    EXPECT_EQ(static_cast<int>(pictures.size()), kIconNameCount);
+}
+
+TEST(IconSetTest, IconsFollowThePalette) {
+    const QPalette before = QApplication::palette();
+    const QIcon icon = IconSet::icon(IconName::Open);
+    const QImage light = picture(icon, 24);
+    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
+    EXPECT_NE(picture(icon, 24), light);
+    QApplication::setPalette(before);
+    EXPECT_EQ(picture(icon, 24), light);
+}
+
+TEST(FolderEditTest, TypedTextBecomesAPath) {
+    const QString home = QDir::homePath();
+
+    const struct {
+        QString typed;
+        QString path;
+    } rows[] = {
+        {u"  /var/data "_qs, u"/var/data"_qs},
+        {u"~"_qs, home},
+        {u"~/logs"_qs, home + u"/logs"_qs},
+        {u"~anna"_qs, u"~anna"_qs},
+        {u" "_qs, QString()},
+    };
+
+    FolderEdit edit;
+    for (const auto& row : rows) {
+        edit.setPath(row.typed);
+        EXPECT_EQ(edit.path(), row.path);
+    }
+    EXPECT_FALSE(edit.exists());
+}
+
+TEST(FolderEditTest, DroppedFolderFillsTheField) {
+    QTemporaryDir folder;
+    QFile file(folder.filePath(u"a.dlr"_qs));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    FolderEdit edit;
+    const auto drop = [&](const QString& path) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(path)});
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(edit.field(), &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(edit.field(), &event);
+        return edit.path();
+    };
+    EXPECT_EQ(drop(folder.path()), folder.path());
+    edit.setPath(QString());
+    EXPECT_EQ(drop(file.fileName()), folder.path()) << "a file stands for its folder";
+    EXPECT_TRUE(edit.exists());
+}
+
+TEST(SideBannerTest, ToolTipHasWhatDoesNotFit) {
+    SideBanner banner;
+    banner.setCaption(u"Pellam - Historical Data Viewer"_qs);
+    banner.setTitle(u"Tarnholt Limited"_qs);
+    banner.resize(600, 60);
+    banner.show();
+    EXPECT_EQ(banner.toolTip(), u"");
+    banner.resize(70, 60);
+    EXPECT_EQ(banner.toolTip(), u"Pellam - Historical Data Viewer\nTarnholt Limited");
+    EXPECT_GT(banner.heightForWidth(200), banner.heightForWidth(600)) << "two lines when narrow";
+}
+
+TEST(TabPagesTest, KeysTurnThePagesFromWithin) {
+    TabPages pages;
+    auto* table = new QTableWidget(3, 3);
+    pages.addPage(table, u"Grid"_qs);
+    pages.addPage(new QTextEdit, u"Trend"_qs);
+    std::string turned;
+    QObject::connect(&pages, &TabPages::pageActivated, &pages,
+                     [&](int page) { turned += std::to_string(page); });
+    pages.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&pages));
+    pages.activate(0);
+    pages.activate(7);
+    const auto press = [](Qt::Key key, Qt::KeyboardModifiers with) {
+        QTest::keyClick(QApplication::focusWidget(), key, with);
+    };
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(pages.activePage(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), pages.widget(1));
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    press(Qt::Key_PageUp, Qt::ControlModifier);
+    press(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(turned, "1010");
+}
+
+} // namespace
+} // namespace pellam
