@@ -1,0 +1,68 @@
+#pragma once
+
+#include "base/InternationalSettings.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace pellam {
+
+class CMainFrame;
+class HelpWindow;
+class SettingsStore;
+
+/// The application object: starts the system, reads and writes its settings, and opens the file
+/// that the command line names.
+class CLumasetApp : public QObject {
+    Q_OBJECT
+
+  public:
+    /// The store must outlive this object.
+    explicit CLumasetApp(SettingsStore& settings);
+    ~CLumasetApp() override;
+
+    /// Starts up: the save folder of a first start, the main window, and then `file` when it is not
+    /// empty. Returns as soon as the window is shown; the file loads from the event loop.
+    bool InitInstance(const QString& file);
+
+    /// Opens the help window, or brings it to the front.
+    void OnMyHelp();
+
+    /// Key path of the program's settings, and of one section below it.
+    [[nodiscard]] QString GetAppRegistryKey() const;
+    [[nodiscard]] QString GetSectionKey(const QString& section) const;
+
+    /// A setting; the default (or nothing, for binary) when section, key or value is missing.
+    [[nodiscard]] int GetProfileInt(const QString& section, const QString& key,
+                                    int defaultValue) const;
+    [[nodiscard]] QString GetProfileString(const QString& section, const QString& key,
+                                           const QString& defaultValue = {}) const;
+    [[nodiscard]] QByteArray GetProfileBinary(const QString& section, const QString& key) const;
+    /// Writes a setting; false when it could not be stored.
+    bool WriteProfileInt(const QString& section, const QString& key, int value);
+    bool WriteProfileString(const QString& section, const QString& key, const QString& text);
+    bool WriteProfileBinary(const QString& section, const QString& key, const QByteArray& data);
+
+    [[nodiscard]] SettingsStore& settings() const { return m_settings; }
+
+    /// How this user writes numbers, dates and lists: the "[intl]" settings over the locale's.
+    [[nodiscard]] InternationalSettings international() const;
+
+    /// The main window; null before InitInstance().
+    [[nodiscard]] CMainFrame* mainFrame() const { return m_frame.get(); }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void chooseSaveFolder();
+
+    SettingsStore& m_settings;
+    std::unique_ptr<CMainFrame> m_frame;
+    QString m_file;               ///< named by the command line
+    HelpWindow* m_help = nullptr; ///< a child of the frame
+};
+
+} // namespace pellam

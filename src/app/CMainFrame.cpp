@@ -1,0 +1,390 @@
+#include "app/CMainFrame.h"
+
+#include "app/AboutBox.h"
+#include "app/CLumasetApp.h"
+#include "app/CPreferences.h"
+#include "app/FrameActions.h"
+#include "app/FrameExport.h"
+#include "app/FrameLoader.h"
+#include "app/FramePrinting.h"
+#include "app/FrameSidebar.h"
+#include "app/FrameStatusBar.h"
+#include "app/PreviewPane.h"
+#include "app/ProfileKeys.h"
+#include "app/RecentFiles.h"
+#include "app/SettingsAnswers.h"
+#include "database/CConnectionStatus.h"
+#include "replay/AxisGrouping.h"
+#include "ui/IconSet.h"
+#include "ui/MessageMemory.h"
+#include "ui/TabPages.h"
+#include "views/CGridView.h"
+#include "views/CTrendView.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include <clocale>
+#include <ctime>
+
+namespace pellam {
+
+CMainFrame::CMainFrame(CLumasetApp& app)
+    : m_app(app),
+      m_data((SetInternational(), m_international.decimalSeparator)),
+      m_answers(std::make_unique<SettingsAnswers>(app.settings())),
+      m_memory(std::make_unique<MessageMemory>(*m_answers)) {
+    setWindowTitle(QStringLiteral("Pellam"));
+    setAcceptDrops(true);
+    m_actions = new FrameActions(this);
+    m_actions->buildMenus();
+    m_toolbar = m_actions->buildToolbar();
+    m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
+    m_status = new FrameStatusBar(statusBar());
+    createClient();
+    createHelpers();
+    connectCommands();
+    connectGridCommands();
+    connectPages();
+    restoreWindow();
+    ViewSidebar();
+    OnViewDatagrid();
+    OnIdleUpdateCmdUI();
+}
+
+CMainFrame::~CMainFrame() = default;
+
+void CMainFrame::createClient() {
+    m_gridView = new CGridView(m_data);
+    m_trendView = new CTrendView(m_data);
+    m_pages = new TabPages;
+    m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
+    m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));
+    m_stack = new QStackedWidget;
+    m_stack->addWidget(m_pages);
+
+    auto* client = new QWidget;
+    m_sidebar = new FrameSidebar(*m_actions, client);
+    auto* row = new QHBoxLayout(client);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(m_sidebar);
+    row->addWidget(m_stack, 1);
+    setCentralWidget(client);
+}
+
+void CMainFrame::createHelpers() {
+    m_printing = new FramePrinting(this, *m_gridView);
+    m_loader =
+        new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections, m_messages});
+    m_export = new FrameExport(
+        {.window = this,
+         .grid = m_data,
+         .messages = m_messages,
+         .memory = *m_memory,
+         .listSeparator = m_international.listSeparator,
+         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+         .saveFolder =
+             [this] { return m_app.GetProfileString(profile::kSection, profile::kSaveFolder); },
+         .loadedFile = [this] { return m_file; }});
+    connect(m_export, &FrameExport::notice, statusBar(),
+            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+}
+
+void CMainFrame::connectCommands() {
+    m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
+    m_actions->on(Command::Export, [this] { ExportData(); });
+    m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
+    m_actions->on(Command::Print, [this] { m_printing->print(m_loader->progress()); });
+    m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
+    m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
+    m_actions->on(Command::Exit, [this] { close(); });
+    m_actions->on(Command::SelectAllChannels, [this] { OnEditSelectAll(); });
+    m_actions->on(Command::DeselectAllChannels, [this] { OnEditClearAll(); });
+    m_actions->on(Command::Sidebar, [this] { OnViewSidebar(); });
+    m_actions->on(Command::Toolbar, [this] { toggleToolbar(); });
+    m_actions->on(Command::DataGrid, [this] { OnViewDatagrid(); });
+    m_actions->on(Command::TrendChart, [this] { OnViewTrendchart(); });
+    m_actions->on(Command::HelpContents, [this] { m_app.OnMyHelp(); });
+    m_actions->on(Command::About, [this] { AboutBox(IconSet::applicationIcon(), this).exec(); });
+    m_actions->on(Command::ResetMessages, [this] { OnClearXMessage(); });
+    m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
+}
+
+void CMainFrame::connectGridCommands() {
+    auto* page = m_gridView;
+    m_actions->on(Command::Cut, [page] { page->cut(); });
+    m_actions->on(Command::Copy, [page] { page->copy(); });
+    m_actions->on(Command::CopyWithHeadings, [page] { page->copyWithHeadings(); });
+    m_actions->on(Command::Paste, [page] { page->paste(); });
+    m_actions->on(Command::Find, [page] { page->find(); });
+    m_actions->on(Command::FindNext, [page] { page->findNext(); });
+    m_actions->on(Command::FindPrevious, [page] { page->findPrevious(); });
+    m_actions->on(Command::GoTo, [page] { page->goTo(); });
+    m_actions->on(Command::NextDamaged, [page] { page->nextDamagedLine(); });
+    m_actions->on(Command::PreviousDamaged, [page] { page->previousDamagedLine(); });
+}
+
+void CMainFrame::connectPages() {
+    connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
+    connect(m_gridView, &CGridView::notice, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+    connect(m_gridView, &CGridView::fileDropped, this, &CMainFrame::openLater);
+    connect(m_trendView, &CTrendView::fileDropped, this, &CMainFrame::openLater);
+    // Queued: opening a file rebuilds the menu whose item was chosen.
+    connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
+    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &CMainFrame::OnIdleUpdateCmdUI);
+}
+
+void CMainFrame::restoreWindow() {
+    if (!restoreGeometry(m_app.GetProfileBinary(profile::kSection, profile::kWindow))) {
+        const auto room = screen()->availableSize() * 0.9;
+        resize(QSize(1120, 740).boundedTo(room));
+    }
+    m_toolbar->setVisible(m_app.GetProfileInt(profile::kSection, profile::kToolbar, 1) != 0);
+}
+
+void CMainFrame::finishStartUp() {
+    setWindowIcon(IconSet::applicationIcon());
+    // Asking for the clipboard's content goes to another program, so only when it changed.
+    const auto look = [this] {
+        const auto* content = QApplication::clipboard()->mimeData();
+        m_clipboardText = content && content->hasText();
+    };
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
+    look();
+}
+
+MyCug* CMainFrame::Grid() const {
+    return &m_gridView->grid();
+}
+
+void CMainFrame::SetInternational() {
+    m_international = m_app.international();
+    m_corrections = TimeCorrections::fromZone(std::time(nullptr));
+    // A language that the system does not know leaves the locale as it is.
+    std::setlocale(LC_TIME, m_international.language.c_str());
+}
+
+// --- Loading
+
+void CMainFrame::OnLoadLoadreplayfile() {
+    OnLoadSessionFromFile({});
+}
+
+void CMainFrame::OnLoadSessionFromFile(const QString& path) {
+    if (m_loader->isBusy()) return;
+    OnViewDatagrid();
+    auto file = path;
+    // Quotes come from command lines of other systems; a name that really has them is left alone.
+    if (!QFileInfo::exists(file)) file.remove(u'"');
+    if (file.isEmpty()) file = m_loader->askForFile();
+    if (file.isEmpty()) return;
+
+    const auto outcome = m_loader->load(file);
+    showLoaded(file, outcome);
+    outcome.loaded ? m_recent->add(file) : m_recent->remove(file);
+    if (m_closeWhenLoaded) close();
+}
+
+LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
+    const auto outcome = m_loader->load(path);
+    showLoaded(path, outcome);
+    return outcome;
+}
+
+void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome) {
+    m_file = outcome.loaded ? path : QString();
+    m_status->showLoad(outcome);
+    const auto name = QFileInfo(path).fileName();
+    setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));
+    m_gridView->setFocus();
+    OnIdleUpdateCmdUI();
+}
+
+void CMainFrame::openLater(const QString& path) {
+    QTimer::singleShot(0, this, [this, path] { OnLoadSessionFromFile(path); });
+}
+
+void CMainFrame::OnDropFiles(const QStringList& paths) {
+    if (!paths.value(0).isEmpty()) openLater(paths[0]);
+}
+
+void CMainFrame::SortAxisByUnits() {
+    sortAxisByUnits(m_data);
+    m_gridView->refresh();
+}
+
+// --- Export, preferences
+
+void CMainFrame::ExportData() {
+    m_export->exportData();
+}
+
+void CMainFrame::ExportCSV(const QString& path) {
+    m_export->writeCsv(path);
+}
+
+void CMainFrame::ExportTXT(const QString& path) {
+    m_export->writeTxt(path);
+}
+
+void CMainFrame::ExportXLS(const QString& /*path*/) {}
+
+void CMainFrame::ExportXML(const QString& /*path*/) {}
+
+void CMainFrame::OnFileViewin() {
+    m_export->viewInSpreadsheet();
+}
+
+void CMainFrame::OnFilePreferences() {
+    const auto load = [this] {
+        return m_app.GetProfileString(profile::kSection, profile::kSaveFolder);
+    };
+    const auto save = [this](const QString& folder) {
+        m_app.WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
+    };
+    CPreferences(load, save, this).exec();
+}
+
+void CMainFrame::OnClearXMessage() {
+    m_memory->clear();
+    statusBar()->showMessage(tr("All questions will be asked again"), kNoticeTime);
+}
+
+// --- Pages and view
+
+void CMainFrame::OnEditSelectAll() {
+    m_gridView->selectAllChannels();
+}
+
+void CMainFrame::OnEditClearAll() {
+    m_gridView->deselectAllChannels();
+}
+
+void CMainFrame::OnViewDatagrid() {
+    OnSetPreviewMode(false);
+    m_pages->activate(kGridPage);
+}
+
+void CMainFrame::OnViewTrendchart() {
+    OnSetPreviewMode(false);
+    m_pages->activate(kTrendPage);
+}
+
+void CMainFrame::OnViewSidebar() {
+    const int width = m_app.GetProfileInt(profile::kSection, profile::kSidebarWidth, kSidebarWidth);
+    m_app.WriteProfileInt(profile::kSection, profile::kSidebarWidth, width > 0 ? 0 : kSidebarWidth);
+    ViewSidebar();
+    OnIdleUpdateCmdUI();
+}
+
+void CMainFrame::ViewSidebar() {
+    m_sidebarWidth = m_app.GetProfileInt(profile::kSection, profile::kSidebarWidth, kSidebarWidth);
+    m_sidebar->setStoredWidth(m_preview ? 0 : m_sidebarWidth);
+}
+
+void CMainFrame::toggleToolbar() {
+    m_toolbar->setVisible(m_toolbar->isHidden());
+    m_app.WriteProfileInt(profile::kSection, profile::kToolbar, m_toolbar->isHidden() ? 0 : 1);
+}
+
+void CMainFrame::OnSetPreviewMode(bool on) {
+    if (on == (m_preview != nullptr)) return;
+    setUpdatesEnabled(false);
+    if (on) {
+        m_preview = m_printing->makePreview().release();
+        if (m_preview) {
+            connect(m_preview, &PreviewPane::closeWanted, this,
+                    [this] { OnSetPreviewMode(false); });
+            connect(m_preview, &PreviewPane::printWanted, m_actions->action(Command::Print),
+                    &QAction::trigger);
+            m_stack->addWidget(m_preview);
+            m_stack->setCurrentWidget(m_preview);
+            m_preview->setFocus();
+        }
+    } else {
+        m_stack->setCurrentWidget(m_pages);
+        // The pane's own Close command may be what is running.
+        std::exchange(m_preview, nullptr)->deleteLater();
+        m_pages->activate(m_pages->activePage());
+    }
+    m_toolbar->setEnabled(!m_preview);
+    ViewSidebar();
+    OnIdleUpdateCmdUI();
+    setUpdatesEnabled(true);
+}
+
+void CMainFrame::OnIdleUpdateCmdUI() {
+    const bool gridPage = m_pages->activePage() == kGridPage;
+    const bool data = m_data.rowCount() > 0;
+    const bool grid = gridPage && !m_preview;
+    m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
+
+    auto& commands = *m_actions;
+    // No database layer and no chart yet.
+    for (const auto command :
+         {Command::OpenDatabase, Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
+          Command::IncreaseFont, Command::DecreaseFont})
+        commands.setEnabled(command, false);
+    for (const auto command : {Command::Export, Command::ViewSpreadsheet,
+                               Command::SelectAllChannels, Command::DeselectAllChannels})
+        commands.setEnabled(command, data && !m_preview);
+    commands.setEnabled(Command::Print, data && gridPage);
+    for (const auto command : {Command::PrintPreview, Command::Find, Command::FindNext,
+                               Command::FindPrevious, Command::GoTo})
+        commands.setEnabled(command, data && grid);
+    for (const auto command : {Command::Copy, Command::CopyWithHeadings})
+        commands.setEnabled(command, grid && m_gridView->canCopy());
+    commands.setEnabled(Command::Cut, grid && m_gridView->canCopy() && m_gridView->canEdit());
+    commands.setEnabled(Command::Paste, grid && m_clipboardText && m_gridView->canEdit());
+    for (const auto command : {Command::NextDamaged, Command::PreviousDamaged})
+        commands.setEnabled(command, grid && m_gridView->canGoToDamaged());
+    for (const auto command : {Command::Sidebar, Command::Toolbar})
+        commands.setEnabled(command, !m_preview);
+
+    commands.setChecked(Command::Sidebar, m_sidebarWidth > 0);
+    commands.setChecked(Command::Toolbar, !m_toolbar->isHidden());
+    commands.setChecked(Command::DataGrid, gridPage);
+    commands.setChecked(Command::TrendChart, !gridPage);
+}
+
+// --- Events
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_loader->isBusy()) {
+        m_loader->stop();
+        m_closeWhenLoaded = true;
+        event->ignore();
+        return;
+    }
+    m_app.WriteProfileBinary(profile::kSection, profile::kWindow, saveGeometry());
+    event->accept();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+    if (!m_loader->isBusy() && event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+    QStringList paths;
+    for (const auto& url : event->mimeData()->urls())
+        paths += url.toLocalFile();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    OnDropFiles(paths);
+}
+
+} // namespace pellam

@@ -1,0 +1,183 @@
+#include "app/FrameActions.h"
+
+#include "ui/IconSet.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <optional>
+
+namespace pellam {
+
+namespace {
+
+/// A command as the menus show it.
+struct Entry {
+    Command command;
+    const char* text;
+    const char* key; ///< portable key text, several separated by "; "; empty for none
+    std::optional<IconName> icon;
+    const char* tip; ///< what the status bar says
+    bool checkable = false;
+};
+
+using enum Command;
+
+// clang-format off
+const Entry kEntries[] = {
+    {Open, "&Open...", "Ctrl+O", IconName::Open, "Open a historical data file"},
+    {OpenDatabase, "Open &Database Session...", "", IconName::Database,
+     "Sessions cannot be opened from a database in this version"},
+    {Export, "&Export...", "Ctrl+E", IconName::Export, "Write the checked channels to a CSV or text file"},
+    {ViewSpreadsheet, "View with External &Spreadsheet...", "", IconName::Spreadsheet,
+     "Export a CSV file and open it with your spreadsheet program"},
+    {Print, "&Print...", "Ctrl+P", IconName::Print, "Print the page in front"},
+    {PrintPreview, "Print Pre&view", "Ctrl+Alt+P", IconName::PrintPreview, "Show the page in front as it will be printed"},
+    {Preferences, "Pre&ferences...", "", IconName::Preferences, "Choose the default save folder"},
+    {Exit, "E&xit", "", {}, "Leave Pellam"},
+
+    {Cut, "Cu&t", "Ctrl+X", IconName::Cut, "Copy the selected cells and empty them"},
+    {Copy, "&Copy", "Ctrl+C", IconName::Copy, "Copy the selection"},
+    {CopyWithHeadings, "Copy with &Headings", "Ctrl+Shift+C", {}, "Copy the selected cells with their headings"},
+    {Paste, "&Paste", "Ctrl+V", IconName::Paste, "Paste cells at the current cell"},
+    {SelectAllChannels, "Select &All Channels", "Ctrl+A", IconName::SelectAll, "Check all channels for chart and export"},
+    {DeselectAllChannels, "&Deselect All Channels", "Ctrl+D", IconName::DeselectAll, "Uncheck all channels"},
+    {Find, "&Find...", "Ctrl+F", IconName::Find, "Find a text or value on the grid"},
+    {FindNext, "Find &Next", "F3", {}, "Go to the next place found"},
+    {FindPrevious, "Find Pre&vious", "Shift+F3", {}, "Go to the place found before"},
+    {GoTo, "&Go To...", "Ctrl+G", IconName::GoTo, "Go to a time or a row"},
+    {NextDamaged, "Next Da&maged Line", "F8", IconName::NextDamaged, "Go to the next line that failed its checksum"},
+    {PreviousDamaged, "P&revious Damaged Line", "Shift+F8", IconName::PreviousDamaged,
+     "Go to the line before that failed its checksum"},
+
+    {Sidebar, "Sidebar", "", IconName::Sidebar, "Show or hide the task sidebar", true},
+    {Toolbar, "&Toolbar", "", {}, "Show or hide the toolbar", true},
+    {DataGrid, "Data Grid", "", IconName::Grid, "Show the data on a grid", true},
+    {TrendChart, "Trend Chart", "", IconName::Chart, "Show the data on a chart", true},
+    {EditAxis, "Edit A&xis...", "", IconName::EditAxes, "Edit the titles and ranges of the axes"},
+    {AutoScale, "&Auto Scale", "", IconName::AutoScale, "Fit the axes to the data"},
+    {SelectionZoom, "Selection &Zoom", "", IconName::SelectionZoomOff, "Zoom into a part of the chart", true},
+    {IncreaseFont, "&Increase Font Size", "", IconName::IncreaseFont, "Make the chart's texts larger"},
+    {DecreaseFont, "&Decrease Font Size", "", IconName::DecreaseFont, "Make the chart's texts smaller"},
+
+    {HelpContents, "&Help Contents", "F1", IconName::Help, "Open the help pages"},
+    {About, "&About...", "", IconName::About, "Version and licence"},
+    {ResetMessages, "Reset don't ask me again dialogues", "", IconName::ResetDialogs,
+     "Ask all questions again that were answered for good"},
+    {LoadTrend, "Load Trend", "", {}, ""},
+};
+// clang-format on
+
+// A gap in a list of commands: the separator line.
+constexpr auto kGap = static_cast<Command>(0);
+
+} // namespace
+
+FrameActions::FrameActions(QMainWindow* window) : QObject(window), m_window(window) {
+    buildActions();
+}
+
+QAction* FrameActions::action(Command command) const {
+    return m_actions.value(static_cast<int>(command));
+}
+
+QAction* FrameActions::actionOf(int number) const {
+    return m_actions.value(number);
+}
+
+void FrameActions::on(Command command, std::function<void()> handler) {
+    connect(action(command), &QAction::triggered, m_window,
+            [handler = std::move(handler)] { handler(); });
+}
+
+void FrameActions::setEnabled(Command command, bool enabled) {
+    action(command)->setEnabled(enabled);
+}
+
+void FrameActions::setChecked(Command command, bool checked) {
+    action(command)->setChecked(checked);
+}
+
+void FrameActions::buildActions() {
+    for (const auto& entry : kEntries) {
+        auto* made = new QAction(tr(entry.text), m_window);
+        made->setData(static_cast<int>(entry.command));
+        made->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(entry.key)));
+        made->setStatusTip(tr(entry.tip));
+        made->setCheckable(entry.checkable);
+        made->setMenuRole(QAction::NoRole);
+        if (entry.icon) made->setIcon(IconSet::icon(*entry.icon));
+        m_actions.insert(static_cast<int>(entry.command), made);
+        // The window owns every key, so that it works while the menu bar is hidden.
+        m_window->addAction(made);
+    }
+}
+
+void FrameActions::fillMenu(const QString& title, const QList<Command>& commands) {
+    auto* menu = m_window->menuBar()->addMenu(title);
+    for (const auto command : commands) {
+        if (command == kGap) {
+            menu->addSeparator();
+        } else if (command == FirstRecentFile) {
+            m_recent = menu->addMenu(tr("&Recent Files"));
+        } else {
+            menu->addAction(action(command));
+        }
+    }
+}
+
+void FrameActions::buildMenus() {
+    fillMenu(tr("&File"), {Open, OpenDatabase, kGap, Export, ViewSpreadsheet, kGap, Print,
+                           PrintPreview, kGap, Preferences, FirstRecentFile, kGap, Exit});
+    fillMenu(tr("&Edit"),
+             {Cut, Copy, CopyWithHeadings, Paste, kGap, SelectAllChannels, DeselectAllChannels,
+              kGap, Find, FindNext, FindPrevious, GoTo, kGap, NextDamaged, PreviousDamaged});
+    fillMenu(tr("&View"), {Sidebar, Toolbar, kGap, DataGrid, TrendChart, kGap, EditAxis, AutoScale,
+                           SelectionZoom, IncreaseFont, DecreaseFont});
+    fillMenu(tr("&Help"), {HelpContents, About});
+}
+
+QToolBar* FrameActions::buildToolbar() {
+    auto* bar = m_window->addToolBar(tr("Toolbar"));
+    bar->setObjectName(QStringLiteral("Toolbar"));
+    bar->setMovable(false);
+    // Its context menu would offer a second, unnumbered way to hide it.
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    bar->setIconSize(QSize(20, 20));
+    for (const auto command : {Open,
+                               Export,
+                               ViewSpreadsheet,
+                               kGap,
+                               Print,
+                               PrintPreview,
+                               kGap,
+                               Cut,
+                               Copy,
+                               Paste,
+                               kGap,
+                               Find,
+                               GoTo,
+                               PreviousDamaged,
+                               NextDamaged,
+                               kGap,
+                               SelectAllChannels,
+                               DeselectAllChannels,
+                               kGap,
+                               DataGrid,
+                               TrendChart,
+                               kGap,
+                               EditAxis,
+                               AutoScale,
+                               SelectionZoom,
+                               kGap,
+                               Preferences,
+                               HelpContents}) {
+        command == kGap ? (void)bar->addSeparator() : bar->addAction(action(command));
+    }
+    return bar;
+}
+
+} // namespace pellam

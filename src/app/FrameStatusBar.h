@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QObject>
+
+class QLabel;
+class QStatusBar;
+
+namespace pellam {
+
+struct LoadOutcome;
+
+/// The fixed fields of the status bar: figures of the selection, rows, channels, bad lines, file,
+/// and the note that a load was stopped.
+class FrameStatusBar : public QObject {
+    Q_OBJECT
+
+  public:
+    explicit FrameStatusBar(QStatusBar* bar);
+
+    /// Shows the facts of what is on the grid; an outcome that loaded nothing empties the fields.
+    void showLoad(const LoadOutcome& outcome);
+    /// Shows figures of the selected cells; empty text for none.
+    void showSelection(const QString& figures);
+
+    /// Texts of the fields that are visible, from left to right.
+    [[nodiscard]] QStringList texts() const;
+
+  private:
+    QLabel* addField(const QString& name);
+    void set(QLabel* field, const QString& text);
+
+    QStatusBar* m_bar;
+    QLabel* m_selection;
+    QLabel* m_stopped;
+    QLabel* m_rows;
+    QLabel* m_channels;
+    QLabel* m_damaged;
+    QLabel* m_file;
+};
+
+} // namespace pellam

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// Names of the program's settings.
+namespace pellam::profile {
+
+inline const QString kSection = QStringLiteral("Default");
+inline const QString kSaveFolder = QStringLiteral("SaveDir");
+inline const QString kReplayFolder = QStringLiteral("ReplayDir");
+inline const QString kLastReplay = QStringLiteral("MRUReplayDir");
+inline const QString kSidebarWidth = QStringLiteral("SideBarWidth");
+inline const QString kToolbar = QStringLiteral("ToolBar");    ///< 0 hidden, 1 shown
+inline const QString kWindow = QStringLiteral("WindowPlace"); ///< binary: size and place
+inline const QString kRecentSection = QStringLiteral("Recent File List");
+
+} // namespace pellam::profile

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+class QMenu;
+
+namespace pellam {
+
+class SettingsStore;
+
+/// The last files opened, newest first, kept in the settings and shown in a menu.
+class RecentFiles : public QObject {
+    Q_OBJECT
+
+  public:
+    static constexpr int kMaximum = 4;
+
+    /// Fills `menu` from the settings. The store must outlive this object.
+    RecentFiles(SettingsStore& settings, QMenu* menu);
+
+    [[nodiscard]] const QStringList& paths() const { return m_paths; }
+
+    /// Puts a file at the top; one that is there already moves up.
+    void add(const QString& path);
+    /// Takes a file off the list.
+    void remove(const QString& path);
+
+  Q_SIGNALS:
+    void chosen(const QString& path);
+
+  private:
+    void load();
+    void save();
+    void fillMenu();
+
+    SettingsStore& m_settings;
+    QMenu* m_menu;
+    QStringList m_paths;
+};
+
+} // namespace pellam
