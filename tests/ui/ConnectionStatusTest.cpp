@@ -97,7 +97,8 @@ TEST_F(ConnectionStatusTest, InputForOtherWindowsIsDropped) {
     EXPECT_EQ(m_edit.text(), u"") << "nor does it come later";
     EXPECT_EQ(m_commands, 0);
     m_window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_window));
+    const auto active = [this] { return QApplication::activeWindow() == &m_window; };
+    ASSERT_TRUE(QTest::qWaitFor(active));
     QTest::keyClicks(&m_edit, u"now"_qs);
     QTest::keyClick(&m_edit, Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(m_edit.text(), u"now");
