@@ -42,7 +42,7 @@ FolderEdit::FolderEdit(QWidget* parent)
     m_field->setCompleter(completer);
     m_field->setClearButtonEnabled(true);
     m_field->installEventFilter(this);
-    m_field->setMinimumWidth(m_field->fontMetrics().averageCharWidth() * 40);
+    m_field->setMinimumWidth(m_field->fontMetrics().averageCharWidth() * 60);
 
     m_button->setIcon(IconSet::icon(IconName::BrowseFolder));
     m_button->setToolTip(tr("Browse for a folder"));

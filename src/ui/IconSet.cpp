@@ -2,35 +2,45 @@
 
 #include "ui/LineIconEngine.h"
 
-#include <QPainter>
 #include <QPixmap>
-#include <QSvgRenderer>
 
-// The library is static: without this reference the linker would leave the pictures out. The macro
-// must stand outside any namespace.
-static void loadPictures() {
-    Q_INIT_RESOURCE(pellam_icons);
-}
+#include <array>
 
 namespace pellam {
 
+namespace {
+
+/// File names of the pictures, in the order of IconName.
+constexpr std::array<const char*, kIconNameCount> kFiles = {"open",        "database",
+                                                            "export",      "spreadsheet",
+                                                            "print",       "printpreview",
+                                                            "preferences", "resetdialogs",
+                                                            "grid",        "chart",
+                                                            "selectall",   "deselectall",
+                                                            "editaxes",    "autoscale",
+                                                            "zoomon",      "zoomoff",
+                                                            "fontup",      "fontdown",
+                                                            "stripchart",  "copy",
+                                                            "paste",       "cut",
+                                                            "find",        "goto",
+                                                            "nextdamaged", "previousdamaged",
+                                                            "help",        "about",
+                                                            "abort",       "browsefolder",
+                                                            "tasks",       "view",
+                                                            "sidebar"};
+
+} // namespace
+
 QIcon IconSet::icon(IconName name) {
-    loadPictures();
-    return QIcon(new LineIconEngine(name));
+    const char* file = kFiles[static_cast<std::size_t>(name)];
+    return QIcon(new LineIconEngine(QString::fromLatin1(file)));
 }
 
 QIcon IconSet::applicationIcon() {
-    loadPictures();
-    QSvgRenderer large(QStringLiteral(":/pellam/icons/application.svg"));
-    QSvgRenderer small(QStringLiteral(":/pellam/icons/application-small.svg"));
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        QPixmap image(side, side);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        (side < 32 ? small : large).render(&painter);
-        painter.end();
-        icon.addPixmap(image);
+        const auto file = side < 32 ? u"application-small"_qs : u"application"_qs;
+        icon.addPixmap(QIcon(new LineIconEngine(file)).pixmap(QSize(side, side), 1.0));
     }
     return icon;
 }

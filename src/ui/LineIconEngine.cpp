@@ -1,34 +1,22 @@
 #include "ui/LineIconEngine.h"
 
+#include "ui/IconSet.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
-#include <array>
+// The library is static: without this reference the linker would leave the pictures out. The macro
+// must stand outside any namespace.
+static void loadPictures() {
+    Q_INIT_RESOURCE(pellam_icons);
+}
 
 namespace pellam {
 
 namespace {
-
-constexpr std::array<const char*, kIconNameCount> kFiles = {"open",        "database",
-                                                            "export",      "spreadsheet",
-                                                            "print",       "printpreview",
-                                                            "preferences", "resetdialogs",
-                                                            "grid",        "chart",
-                                                            "selectall",   "deselectall",
-                                                            "editaxes",    "autoscale",
-                                                            "zoomon",      "zoomoff",
-                                                            "fontup",      "fontdown",
-                                                            "stripchart",  "copy",
-                                                            "paste",       "cut",
-                                                            "find",        "goto",
-                                                            "nextdamaged", "previousdamaged",
-                                                            "help",        "about",
-                                                            "abort",       "browsefolder",
-                                                            "tasks",       "view",
-                                                            "sidebar"};
 
 // The two colours that the files are drawn with stand for the palette's.
 constexpr auto kInkInFile = "#1b1b1b";
@@ -39,6 +27,13 @@ struct Inks {
     QColor accent;
 };
 
+/// So much of one colour, the rest of another.
+QColor blend(const QColor& one, const QColor& other, float share) {
+    const auto mix = [share](float a, float b) { return a * share + b * (1 - share); };
+    return QColor::fromRgbF(mix(one.redF(), other.redF()), mix(one.greenF(), other.greenF()),
+                            mix(one.blueF(), other.blueF()));
+}
+
 Inks inksFor(const QPalette& palette, QIcon::Mode mode) {
     if (mode == QIcon::Disabled) {
         const QColor grey = palette.color(QPalette::Disabled, QPalette::WindowText);
@@ -48,11 +43,12 @@ Inks inksFor(const QPalette& palette, QIcon::Mode mode) {
         const QColor light = palette.color(QPalette::Active, QPalette::HighlightedText);
         return {light, light};
     }
-    return {palette.color(QPalette::Active, QPalette::WindowText), IconSet::accent(palette)};
+    return {blend(palette.color(QPalette::Active, QPalette::WindowText),
+                  palette.color(QPalette::Active, QPalette::Window), 0.82F),
+            IconSet::accent(palette)};
 }
 
-QByteArray drawing(IconName name, const Inks& inks) {
-    const auto file = QLatin1String(kFiles[static_cast<std::size_t>(name)]);
+QByteArray drawing(const QString& file, const Inks& inks) {
     QFile svg(QStringLiteral(":/pellam/icons/%1.svg").arg(file));
     if (!svg.open(QIODevice::ReadOnly)) return {};
     return svg.readAll()
@@ -70,6 +66,10 @@ QRectF squareIn(const QRect& rect) {
 
 } // namespace
 
+LineIconEngine::LineIconEngine(const QString& file) : m_file(file) {
+    loadPictures();
+}
+
 void LineIconEngine::paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
                            QIcon::State state) {
     const qreal ratio = painter->device() ? painter->device()->devicePixelRatio() : 1.0;
@@ -82,7 +82,7 @@ QPixmap LineIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
     if (size.isEmpty()) return {};
     const Inks inks = inksFor(QGuiApplication::palette(), mode);
     const QString key = QStringLiteral("pellam-icon-%1-%2x%3-%4-%5")
-                            .arg(static_cast<int>(m_name))
+                            .arg(m_file)
                             .arg(size.width())
                             .arg(size.height())
                             .arg(inks.line.rgb())
@@ -92,7 +92,7 @@ QPixmap LineIconEngine::pixmap(const QSize& size, QIcon::Mode mode, QIcon::State
     image = QPixmap(size);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    QSvgRenderer(drawing(m_name, inks)).render(&painter, squareIn(QRect(QPoint(), size)));
+    QSvgRenderer(drawing(m_file, inks)).render(&painter, squareIn(QRect(QPoint(), size)));
     painter.end();
     QPixmapCache::insert(key, image);
     return image;

@@ -1,25 +1,26 @@
 #pragma once
 
-#include "ui/IconSet.h"
-
 #include <QIconEngine>
+#include <QString>
 
 namespace pellam {
 
-/// Draws one line icon from its vectors in the colours of the application palette.
+/// Draws one picture of the program from its vectors. The line and accent colours of the line icons
+/// become those of the application palette; other colours stay as drawn.
 class LineIconEngine : public QIconEngine {
   public:
-    explicit LineIconEngine(IconName name) : m_name(name) {}
+    /// `file` is the picture's file name without folder and extension.
+    explicit LineIconEngine(const QString& file);
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override;
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override;
 
-    [[nodiscard]] QIconEngine* clone() const override { return new LineIconEngine(m_name); }
+    [[nodiscard]] QIconEngine* clone() const override { return new LineIconEngine(m_file); }
 
     [[nodiscard]] bool isNull() override { return false; }
 
   private:
-    IconName m_name;
+    QString m_file;
 };
 
 } // namespace pellam

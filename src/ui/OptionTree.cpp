@@ -4,7 +4,23 @@
 
 #include <QKeyEvent>
 
+#include <QStyledItemDelegate>
+
 namespace pellam {
+
+namespace {
+
+/// Rows with a little air between their check boxes.
+class AiryRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 5);
+    }
+};
+
+} // namespace
 
 OptionTree::OptionTree(QWidget* parent)
     : QTreeView(parent),
@@ -13,6 +29,7 @@ OptionTree::OptionTree(QWidget* parent)
     m_filter->setSourceModel(m_model);
     setModel(m_filter);
     setHeaderHidden(true);
+    setItemDelegate(new AiryRows(this));
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -2,6 +2,7 @@
 #include "ui/IconSet.h"
 #include "ui/SideBanner.h"
 #include "ui/TabPages.h"
+#include "ui/ToolkitStyle.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -36,6 +37,29 @@ TEST(IconSetTest, IconsFollowThePalette) {
     EXPECT_NE(picture(icon, 24), light);
     QApplication::setPalette(before);
     EXPECT_EQ(picture(icon, 24), light);
+}
+
+TEST(ToolkitStyleTest, CheckBoxStatesLookDifferentOnEveryBackground) {
+    const ToolkitStyle style;
+    for (const QColor& window : {QColor(240, 240, 240), QColor(30, 30, 30)}) {
+        std::set<QByteArray> looks;
+        for (const auto state : {QStyle::State_Off, QStyle::State_On, QStyle::State_NoChange}) {
+            for (const auto enabled : {QStyle::State_None, QStyle::State_Enabled}) {
+                QStyleOptionButton option;
+                option.palette = QPalette(window);
+                option.rect = {0, 0, 16, 16};
+                option.state = state | enabled;
+                QImage image(16, 16, QImage::Format_ARGB32);
+                image.fill(option.palette.color(QPalette::Base));
+                QPainter painter(&image);
+                style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, nullptr);
+                painter.end();
+                looks.insert(
+                    {reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()});
+            }
+        }
+        EXPECT_EQ(looks.size(), 6u) << window.name().toStdString();
+    }
 }
 
 TEST(FolderEditTest, TypedTextBecomesAPath) {
