@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace pellam {
+
+/// Which schedules occur in the data lines: entries 0 to 10 are 'A' to 'K', 11 is 'X', 15 is 'V';
+/// 12, 13, 14 and 16 are never set.
+class ScheduleFlags {
+  public:
+    static constexpr std::size_t kCount = 17;
+
+    /// Sets the flag of the schedule that a data line's status names; a line without a status or
+    /// with another letter sets nothing.
+    void addLine(std::string_view line);
+
+    [[nodiscard]] bool at(std::size_t index) const { return m_flags[index]; }
+
+    /// The schedule letter of an entry.
+    static char letterOf(std::size_t index);
+
+  private:
+    std::array<bool, kCount> m_flags{};
+};
+
+/// Reduces a data map to the schedules that are set. False when the map has no schedule section:
+/// it is then unchanged. A section whose '<' is never closed ends with the text.
+bool stripDataMap(std::string& map, const ScheduleFlags& flags);
+
+} // namespace pellam
