@@ -38,6 +38,8 @@ class SessionLoader {
     static std::string extensionOf(const std::string& path);
 
   private:
+    LoadOutcome route(const std::string& path);
+
     LoadContext m_context;
 };
 

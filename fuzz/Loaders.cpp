@@ -1,0 +1,77 @@
+// Every loader on any bytes: the first byte chooses the loader and the separators.
+
+#include "MemoryFile.h"
+
+#include "replay/DelimitedLoader.h"
+#include "replay/ReplayLoader.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace {
+
+using namespace pellam;
+
+struct NoMessages : MessageSink {
+    void show(std::string_view) override {}
+};
+
+struct NoProgress : ProgressSink {
+    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
+
+    void addString(std::string_view) override {}
+
+    void setPosition(std::int64_t) override {}
+
+    bool aborted() override { return false; }
+
+    void finish() override {}
+};
+
+struct AllChannels : ChannelChooser {
+    std::vector<std::string> choose(const std::vector<std::string>& offered) override {
+        return offered;
+    }
+};
+
+void readEveryCell(const GridData& grid) {
+    CellBuffer buffer;
+    CellBuffer again;
+    GridData copy(grid.decimalSeparator());
+    for (Row row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            const std::string_view text = grid.text(column, row, buffer);
+            // Packing the text again must give the same text: nothing is lost in the store.
+            const Cell cell = copy.column(0).pack(text);
+            if (copy.column(0).text(cell, again) != text) __builtin_trap();
+        }
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 1) return 0;
+    const unsigned choice = data[0];
+    const MemoryFile file(data + 1, size - 1);
+    InternationalSettings international;
+    if (choice & 1) {
+        international.decimalSeparator = ',';
+        international.listSeparator = ';';
+    }
+    GridData grid(international.decimalSeparator);
+    const TimeCorrections corrections;
+    NoMessages messages;
+    NoProgress progress;
+    AllChannels chooser;
+    const LoadContext context{grid,     international, corrections,      messages,
+                              progress, chooser,       (choice & 2) != 0};
+    if (choice & 4) {
+        DelimitedLoader(context, choice & 8 ? '\t' : international.listSeparator)
+            .ReadDelimFile(file.path());
+    } else {
+        ReplayLoader(context).ReadReplayFile(file.path());
+    }
+    readEveryCell(grid);
+    return 0;
+}

@@ -1,0 +1,65 @@
+#include "replay/SessionLoader.h"
+
+#include "replay/AxisGrouping.h"
+#include "replay/DelimitedLoader.h"
+#include "replay/ReplayLoader.h"
+
+#include <new>
+
+namespace pellam {
+
+SessionLoader::SessionLoader(const LoadContext& context) : m_context(context) {}
+
+LoadOutcome SessionLoader::load(const std::string& path) {
+    GridData& grid = m_context.grid;
+    grid.reset();
+    LoadOutcome outcome;
+    try {
+        outcome = route(path);
+    } catch (const std::bad_alloc&) {
+        grid.reset();
+        outcome.loaded = false;
+        m_context.messages.show("Warning: There is not enough memory to load " + path +
+                                ". Close other programs or load fewer channels.");
+    }
+    if (outcome.loaded) {
+        outcome.rows = grid.rowCount();
+        outcome.channels = grid.channelCount();
+        sortAxisByUnits(grid);
+    } else {
+        grid.reset();
+    }
+    grid.trim();
+    return outcome;
+}
+
+LoadOutcome SessionLoader::route(const std::string& path) {
+    const std::string extension = extensionOf(path);
+    LoadOutcome outcome;
+    outcome.path = path;
+    if (extension == "dbr") return outcome;
+    if (extension == "csv") {
+        return DelimitedLoader(m_context, m_context.international.listSeparator)
+            .ReadDelimFile(path);
+    }
+    if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
+    if (extension == "dbd") {
+        m_context.messages.show("Attention: Binary data files (.dbd) can not be read by this "
+                                "version. Export the data as replay text or CSV.");
+        return outcome;
+    }
+    return ReplayLoader(m_context).ReadReplayFile(path);
+}
+
+std::string SessionLoader::extensionOf(const std::string& path) {
+    const std::size_t name = path.find_last_of("/\\") + 1;
+    const std::size_t point = path.rfind('.');
+    if (point == std::string::npos || point < name) return {};
+    std::string extension = path.substr(point + 1);
+    for (char& c : extension) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return extension;
+}
+
+} // namespace pellam

@@ -1,0 +1,110 @@
+#include "LoadHarness.h"
+
+namespace pellam {
+namespace {
+
+using test::LoadTest;
+
+class DelimitedLoaderTest : public LoadTest {};
+
+TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
+    const std::string time = "2008/02/25 11:00:00";
+
+    const struct {
+        const char* name;
+        const char* file;
+        char decimal;
+        char list;
+        std::string bytes;
+        std::string expected;
+    } cases[] = {
+        {"plain", "a.csv", '.', ',', "Time,T(degC),F(l/s)\n" + time + ",12.500,3.000\n",
+         "Time|T(degC)|F(l/s)\n" + time + "|12.5|3"},
+        {"tabs in .TXT", "a.TXT", '.', ',', "Time\tT,x\r\n" + time + "\t1,5\r\n",
+         "Time|T,x\n" + time + "|1,5"},
+        {"decimal commas", "a.csv", ',', ';', "Time;A;B;C\n" + time + ";1234,50;1.234,50;-0,10\n",
+         "Time|A|B|C\n" + time + "|1234,5|1234,5|-0,1"},
+        {"points that group nothing stay", "a.csv", ',', ';', "Time;A;B\nx;12.34;1.2345\n",
+         "Time|A|B\nx|12.34|1.2345"},
+        {"values stay what they are", "a.csv", '.', ',',
+         "Time,A,B,C,D,E,F\nx,1.50E+10,10.0.0.10,100,12:30:00.50,+1.50,007.10\n",
+         "Time|A|B|C|D|E|F\nx|1.50E+10|10.0.0.10|100|12:30:00.50|+1.5|007.1"},
+        {"empty fields keep their place", "a.csv", '.', ',', "Time,A,B,C\nx,,2,\ny,,,3\n",
+         "Time|A|B|C\nx||2|\ny|||3"},
+        {"quoted fields", "a.csv", '.', ',', "Time,\"A, raw\",B\nx,\"1,5\",\"on\"\n",
+         "Time|A, raw|B\nx|1,5|on"},
+        {"duplicates, gaps and blank lines make no rows", "a.csv", '.', ',',
+         "Time,A\nx,1\nx,1\n\ny,Discontinuity\nx,1\n", "Time|A\nx|1"},
+        {"a word of its own is no gap", "a.csv", '.', ',', "Time,A\nx,Disc\n", "Time|A\nx|Disc"},
+        {"separator after the last heading", "a.csv", '.', ',', "Time,A,\nx,1,2,3\n",
+         "Time|A\nx|1"},
+        {"short rows", "a.csv", '.', ',', "Time,A,B\nx\ny,1\n", "Time|A|B\nx||\ny|1|"},
+        {"headings alone", "a.csv", '.', ',', "Time,A\n", "Time|A"},
+        {"no headings", "a.csv", '.', ',', time + ",1\n" + time + ".5,2\n",
+         "Time|Channel 1\n" + time + "|1\n" + time + ".5|2"},
+        {"returns as line ends", "a.csv", '.', ',', "Time,A\rx,1\ry,2\r", "Time|A\nx|1\ny|2"},
+        {"time text as it stands", "a.csv", '.', ',', "Time,A\n25.02.2008 11:00:00.500,1\n",
+         "Time|A\n25.02.2008 11:00:00.500|1"},
+        {"empty file", "a.csv", '.', ',', "", ""},
+    };
+
+    for (const auto& c : cases) {
+        useSeparators(c.decimal, c.list);
+        const LoadOutcome outcome = load(c.file, c.bytes);
+        EXPECT_TRUE(outcome.loaded) << c.name;
+        EXPECT_EQ(shown(), c.expected) << c.name;
+        EXPECT_EQ(messages.texts, "") << c.name;
+    }
+}
+
+TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
+    grey = true;
+    load("a.csv", "Time,T(C),F(l/s),U(C),L,S(m/s)\nx,1,2,3,4,5\n");
+    EXPECT_EQ(shown(), "Time|T(C)|F(l/s)|U(C)|L|S(m/s)\n~x|~1|~2|~3|~4|~5");
+    std::string axes;
+    for (int c = 1; c <= 5; ++c)
+        axes += std::to_string(grid->column(c).axis());
+    EXPECT_EQ(axes, "12131");
+    EXPECT_TRUE(grid->changed());
+    EXPECT_EQ(grid->columnCount(), GridData::kMinimumColumns);
+}
+
+TEST_F(DelimitedLoaderTest, AnAbortedLoadKeepsWhatCameBefore) {
+    std::string bytes = "Time,A\n";
+    for (int i = 0; i < 5000; ++i)
+        bytes += std::to_string(i) + "," + std::to_string(i) + "\n";
+    progress.abortAfter = 2;
+    const LoadOutcome outcome = load("a.csv", bytes);
+    EXPECT_TRUE(outcome.loaded);
+    EXPECT_TRUE(outcome.aborted);
+    EXPECT_GT(outcome.rows, 0);
+    EXPECT_LT(outcome.rows, 5000);
+    EXPECT_EQ(cell(1, outcome.rows - 1), std::to_string(outcome.rows - 1));
+}
+
+TEST_F(DelimitedLoaderTest, RefusalsAreShownAndLeaveAnEmptyGrid) {
+    load("before.csv", "Time,A\nx,1\n");
+    std::filesystem::create_directory(m_folder / "folder.csv");
+    for (const char* name : {"missing.csv", "folder.csv"}) {
+        const LoadOutcome outcome = loadFile(m_folder / name);
+        EXPECT_FALSE(outcome.loaded);
+        EXPECT_NE(messages.texts.find(name), std::string::npos) << messages.texts;
+        EXPECT_EQ(grid->rowCount(), 0);
+        EXPECT_EQ(grid->channelCount(), 0);
+    }
+}
+
+TEST_F(DelimitedLoaderTest, FiveThousandColumnsAndLongLines) {
+    std::string head = "Time";
+    std::string row = "x";
+    for (int i = 1; i <= 5000; ++i) {
+        head += ",Channel with a longish name " + std::to_string(i);
+        row += "," + std::to_string(i);
+    }
+    load("wide.csv", head + "\n" + row + "\n");
+    EXPECT_EQ(grid->channelCount(), 5000);
+    EXPECT_EQ(cell(5000, 0), "5000");
+}
+
+} // namespace
+} // namespace pellam
