@@ -14,6 +14,7 @@
 #include "app/RecentFiles.h"
 #include "app/SettingsAnswers.h"
 #include "database/CConnectionStatus.h"
+#include "logger/TaggedDownload.h"
 #include "replay/AxisGrouping.h"
 #include "ui/IconSet.h"
 #include "ui/MessageMemory.h"
@@ -26,6 +27,7 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QScreen>
@@ -153,7 +155,8 @@ void CMainFrame::restoreWindow() {
         const auto room = screen()->availableSize() * 0.9;
         resize(QSize(1120, 740).boundedTo(room));
     }
-    m_toolbar->setVisible(m_app.GetProfileInt(profile::kSection, profile::kToolbar, 1) != 0);
+    m_toolbarShown = m_app.GetProfileInt(profile::kSection, profile::kToolbar, 1) != 0;
+    m_toolbar->setVisible(m_toolbarShown);
 }
 
 void CMainFrame::finishStartUp() {
@@ -245,6 +248,13 @@ void CMainFrame::ExportXLS(const QString& /*path*/) {}
 
 void CMainFrame::ExportXML(const QString& /*path*/) {}
 
+int CMainFrame::ConvertFile(const QString& path) {
+    const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
+    if (!failure) return 1;
+    m_messages.show(failure.text());
+    return 0;
+}
+
 void CMainFrame::OnFileViewin() {
     m_export->viewInSpreadsheet();
 }
@@ -297,8 +307,9 @@ void CMainFrame::ViewSidebar() {
 }
 
 void CMainFrame::toggleToolbar() {
-    m_toolbar->setVisible(m_toolbar->isHidden());
-    m_app.WriteProfileInt(profile::kSection, profile::kToolbar, m_toolbar->isHidden() ? 0 : 1);
+    m_toolbarShown = !m_toolbarShown;
+    m_toolbar->setVisible(m_toolbarShown);
+    m_app.WriteProfileInt(profile::kSection, profile::kToolbar, m_toolbarShown ? 1 : 0);
 }
 
 void CMainFrame::OnSetPreviewMode(bool on) {
@@ -321,7 +332,7 @@ void CMainFrame::OnSetPreviewMode(bool on) {
         std::exchange(m_preview, nullptr)->deleteLater();
         m_pages->activate(m_pages->activePage());
     }
-    m_toolbar->setEnabled(!m_preview);
+    m_toolbar->setVisible(m_toolbarShown && !m_preview);
     ViewSidebar();
     OnIdleUpdateCmdUI();
     setUpdatesEnabled(true);
@@ -329,36 +340,16 @@ void CMainFrame::OnSetPreviewMode(bool on) {
 
 void CMainFrame::OnIdleUpdateCmdUI() {
     const bool gridPage = m_pages->activePage() == kGridPage;
-    const bool data = m_data.rowCount() > 0;
-    const bool grid = gridPage && !m_preview;
     m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
-
-    auto& commands = *m_actions;
-    // No database layer and no chart yet.
-    for (const auto command :
-         {Command::OpenDatabase, Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
-          Command::IncreaseFont, Command::DecreaseFont})
-        commands.setEnabled(command, false);
-    for (const auto command : {Command::Export, Command::ViewSpreadsheet,
-                               Command::SelectAllChannels, Command::DeselectAllChannels})
-        commands.setEnabled(command, data && !m_preview);
-    commands.setEnabled(Command::Print, data && gridPage);
-    for (const auto command : {Command::PrintPreview, Command::Find, Command::FindNext,
-                               Command::FindPrevious, Command::GoTo})
-        commands.setEnabled(command, data && grid);
-    for (const auto command : {Command::Copy, Command::CopyWithHeadings})
-        commands.setEnabled(command, grid && m_gridView->canCopy());
-    commands.setEnabled(Command::Cut, grid && m_gridView->canCopy() && m_gridView->canEdit());
-    commands.setEnabled(Command::Paste, grid && m_clipboardText && m_gridView->canEdit());
-    for (const auto command : {Command::NextDamaged, Command::PreviousDamaged})
-        commands.setEnabled(command, grid && m_gridView->canGoToDamaged());
-    for (const auto command : {Command::Sidebar, Command::Toolbar})
-        commands.setEnabled(command, !m_preview);
-
-    commands.setChecked(Command::Sidebar, m_sidebarWidth > 0);
-    commands.setChecked(Command::Toolbar, !m_toolbar->isHidden());
-    commands.setChecked(Command::DataGrid, gridPage);
-    commands.setChecked(Command::TrendChart, !gridPage);
+    m_actions->showState({.hasData = m_data.rowCount() > 0,
+                          .gridPage = gridPage,
+                          .preview = m_preview != nullptr,
+                          .canCopy = m_gridView->canCopy(),
+                          .canEdit = m_gridView->canEdit(),
+                          .canPaste = m_clipboardText && m_gridView->canEdit(),
+                          .canGoToDamaged = m_gridView->canGoToDamaged(),
+                          .sidebar = m_sidebarWidth > 0,
+                          .toolbar = m_toolbarShown});
 }
 
 // --- Events

@@ -161,6 +161,7 @@ class CMainFrame : public QMainWindow {
 
     QString m_file;         ///< path of the file on the grid; empty when none
     int m_sidebarWidth = 0; ///< as stored; 0 is hidden
+    bool m_toolbarShown = true;
     bool m_clipboardText = false;
     bool m_closeWhenLoaded = false;
 };

@@ -93,12 +93,30 @@ void FrameActions::on(Command command, std::function<void()> handler) {
             [handler = std::move(handler)] { handler(); });
 }
 
-void FrameActions::setEnabled(Command command, bool enabled) {
-    action(command)->setEnabled(enabled);
+void FrameActions::setEnabled(std::initializer_list<Command> commands, bool enabled) {
+    for (const auto command : commands)
+        action(command)->setEnabled(enabled);
 }
 
-void FrameActions::setChecked(Command command, bool checked) {
-    action(command)->setChecked(checked);
+void FrameActions::showState(const FrameState& state) {
+    const bool onGrid = state.gridPage && !state.preview;
+    // There is no database layer and no chart yet.
+    setEnabled({OpenDatabase, EditAxis, AutoScale, SelectionZoom, IncreaseFont, DecreaseFont},
+               false);
+    setEnabled({Export, ViewSpreadsheet, SelectAllChannels, DeselectAllChannels},
+               state.hasData && !state.preview);
+    setEnabled({Print}, state.hasData && state.gridPage);
+    setEnabled({PrintPreview, Find, FindNext, FindPrevious, GoTo}, state.hasData && onGrid);
+    setEnabled({Copy, CopyWithHeadings}, onGrid && state.canCopy);
+    setEnabled({Cut}, onGrid && state.canCopy && state.canEdit);
+    setEnabled({Paste}, onGrid && state.canPaste);
+    setEnabled({NextDamaged, PreviousDamaged}, onGrid && state.canGoToDamaged);
+    setEnabled({Command::Sidebar, Command::Toolbar}, !state.preview);
+
+    action(Command::Sidebar)->setChecked(state.sidebar);
+    action(Command::Toolbar)->setChecked(state.toolbar);
+    action(DataGrid)->setChecked(state.gridPage);
+    action(TrendChart)->setChecked(!state.gridPage);
 }
 
 void FrameActions::buildActions() {
@@ -110,6 +128,8 @@ void FrameActions::buildActions() {
         made->setCheckable(entry.checkable);
         made->setMenuRole(QAction::NoRole);
         if (entry.icon) made->setIcon(IconSet::icon(*entry.icon));
+        // Where an icon stands no check mark can.
+        if (entry.checkable) made->setIconVisibleInMenu(false);
         m_actions.insert(static_cast<int>(entry.command), made);
         // The window owns every key, so that it works while the menu bar is hidden.
         m_window->addAction(made);

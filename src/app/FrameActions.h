@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <functional>
+#include <initializer_list>
 
 class QAction;
 class QMainWindow;
@@ -13,6 +14,19 @@ class QMenu;
 class QToolBar;
 
 namespace pellam {
+
+/// What the main window is like at a moment, as far as commands depend on it.
+struct FrameState {
+    bool hasData = false;  ///< rows are loaded
+    bool gridPage = false; ///< the grid page is in front, else the trend page
+    bool preview = false;  ///< the print preview is on
+    bool canCopy = false;  ///< cells are selected
+    bool canEdit = false;  ///< the grid is not protected
+    bool canPaste = false; ///< and the clipboard has text
+    bool canGoToDamaged = false;
+    bool sidebar = false; ///< shown
+    bool toolbar = false; ///< shown
+};
 
 /// The main window's commands: one action each with its number, texts, key and icon, and the menus
 /// and the toolbar made of them. It knows what a command is called, not what it does.
@@ -29,8 +43,8 @@ class FrameActions : public QObject {
 
     /// Calls `handler` each time the command is given.
     void on(Command command, std::function<void()> handler);
-    void setEnabled(Command command, bool enabled);
-    void setChecked(Command command, bool checked);
+    /// Brings enabled states and check marks in line with the window's state.
+    void showState(const FrameState& state);
 
     /// Fills the window's menu bar. Recent files go into recentMenu().
     void buildMenus();
@@ -41,6 +55,7 @@ class FrameActions : public QObject {
 
   private:
     void buildActions();
+    void setEnabled(std::initializer_list<Command> commands, bool enabled);
     void fillMenu(const QString& title, const QList<Command>& commands);
 
     QMainWindow* m_window;

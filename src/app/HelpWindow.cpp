@@ -84,6 +84,7 @@ QWidget* HelpWindow::makeContents() {
     m_search->setAccessibleName(tr("Search help"));
     m_contents = new QListWidget;
     m_contents->setFrameShape(QFrame::NoFrame);
+    m_contents->setSpacing(2);
     m_contents->setAccessibleName(tr("Contents"));
 
     auto* pane = new QWidget;
@@ -101,6 +102,7 @@ QWidget* HelpWindow::makeContents() {
 QWidget* HelpWindow::makeReader() {
     m_reader = new QTextBrowser;
     m_reader->setFrameShape(QFrame::NoFrame);
+    m_reader->document()->setDocumentMargin(16);
     m_reader->setOpenExternalLinks(true);
     connect(m_reader, &QTextBrowser::sourceChanged, this, &HelpWindow::followPage);
 

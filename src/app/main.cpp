@@ -1,15 +1,34 @@
+#include "app/BatchCommand.h"
 #include "app/CLumasetApp.h"
+#include "app/CommandLine.h"
 #include "settings/SettingsStore.h"
 
 #include <QApplication>
 
+#include <cstdio>
+
+static bool hasDisplay() {
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
 int main(int argc, char** argv) {
+    using namespace pellam;
+    const auto line = CommandLine::parse(argc, argv);
+    if (!line.wantsWindow()) return runBatch(line);
+    if (!hasDisplay()) {
+        std::fputs("pellam: there is no display to open a window on; --help tells what works "
+                   "without one\n",
+                   stderr);
+        return kFailed;
+    }
+
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Pellam"));
     QApplication::setApplicationVersion(QStringLiteral(PELLAM_VERSION));
-    pellam::SettingsStore settings(pellam::SettingsStore::defaultPath());
-    pellam::CLumasetApp pellam(settings);
-    const auto arguments = QApplication::arguments();
-    if (!pellam.InitInstance(arguments.value(1))) return 1;
+    QApplication::setDesktopFileName(QStringLiteral("pellam"));
+    SettingsStore settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings);
+    CLumasetApp app(settings);
+    if (!app.InitInstance(QString::fromLocal8Bit(line.file.c_str()))) return kFailed;
     return QApplication::exec();
 }

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QApplication>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace pellam {
+
+/// Answers the modal dialogs that a command opens, one step a dialog, in the order in which the
+/// steps were added. Steps left over at the end, or a dialog that no step is for, are failures.
+class DialogScript {
+  public:
+    DialogScript() {
+        QObject::connect(&m_timer, &QTimer::timeout, [this] { look(); });
+        m_timer.start(5);
+    }
+
+    ~DialogScript() { EXPECT_TRUE(m_steps.empty()) << m_steps.size() << " dialogs did not come"; }
+
+    /// The next dialog must be a `Dialog`; `answer` fills it in and closes it.
+    template <class Dialog>
+    DialogScript& then(std::function<void(Dialog&)> answer) {
+        m_steps.push_back([answer](QWidget* widget) {
+            auto* dialog = qobject_cast<Dialog*>(widget);
+            if (dialog) return answer(*dialog);
+            ADD_FAILURE() << "another dialog: " << widget->metaObject()->className();
+            widget->close();
+        });
+        return *this;
+    }
+
+  private:
+    void look() {
+        auto* widget = QApplication::activeModalWidget();
+        // One step a dialog: a dialog that is being closed still counts as open for a while.
+        if (!widget || widget == m_answered) return;
+        m_answered = widget;
+        if (m_steps.empty()) {
+            ADD_FAILURE() << "unexpected: " << widget->windowTitle().toStdString();
+            widget->close();
+            return;
+        }
+        const auto step = m_steps.front();
+        m_steps.pop_front();
+        step(widget);
+    }
+
+    QTimer m_timer;
+    QPointer<QWidget> m_answered;
+    std::deque<std::function<void(QWidget*)>> m_steps;
+};
+
+} // namespace pellam

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "DialogScript.h"
+#include "app/CLumasetApp.h"
+#include "app/CMainFrame.h"
+#include "app/CommandIds.h"
+#include "app/FrameActions.h"
+#include "app/FrameStatusBar.h"
+#include "settings/SettingsStore.h"
+
+#include <QAction>
+#include <QDir>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace pellam {
+
+/// The whole main window on settings and folders of its own.
+class FrameFixture : public testing::Test {
+  protected:
+    void SetUp() override {
+        qputenv("HOME", m_home.path().toUtf8());
+        qputenv("XDG_CONFIG_HOME", m_home.filePath(QStringLiteral("config")).toUtf8());
+        m_settings =
+            std::make_unique<SettingsStore>(m_home.filePath(QStringLiteral("p.ini")).toStdString());
+        m_app = std::make_unique<CLumasetApp>(*m_settings);
+    }
+
+    /// Starts up as the program does, with an optional file named on the command line.
+    CMainFrame& start(const QString& file = {}) {
+        EXPECT_TRUE(m_app->InitInstance(file));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_app->mainFrame()));
+        QTest::qWait(20);
+        return *m_app->mainFrame();
+    }
+
+    CMainFrame& frame() { return *m_app->mainFrame(); }
+
+    QString path(const QString& name) const { return m_home.filePath(name); }
+
+    /// Writes a file into the home folder and gives its path.
+    QString write(const QString& name, const QByteArray& content) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return file.fileName();
+    }
+
+    static QByteArray read(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    /// A small delimited file with two channels.
+    QString csv(const QString& name = QStringLiteral("store.csv")) const {
+        return write(name, "Time,Level (m),Flow (l/s)\r\n"
+                           "2024/03/01 10:00:00,4.25,17\r\n"
+                           "2024/03/01 10:15:00,4.31,18.5\r\n");
+    }
+
+    void give(Command command) { frame().actions().action(command)->trigger(); }
+
+    /// What the status bar's fields say, in one line.
+    std::string status() {
+        return frame().statusFields().texts().join(QStringLiteral(" | ")).toStdString();
+    }
+
+    std::string setting(const char* key) { return m_settings->GetProfileString("Default", key); }
+
+    QTemporaryDir m_home;
+    std::unique_ptr<SettingsStore> m_settings;
+    std::unique_ptr<CLumasetApp> m_app;
+};
+
+} // namespace pellam

@@ -1,0 +1,189 @@
+#include "FrameFixture.h"
+
+#include "app/RecentFiles.h"
+#include "ui/TabPages.h"
+
+#include <QFileDialog>
+#include <QMenu>
+#include <QMimeData>
+
+namespace pellam {
+
+using FrameLoadTest = FrameFixture;
+
+static QString cell(CMainFrame& frame, int column, Row row) {
+    CellBuffer buffer;
+    const auto text = frame.data().text(column, row, buffer);
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+TEST_F(FrameLoadTest, TheCommandLinesFileIsOnTheGridOnceTheWindowIsShown) {
+    auto& frame = start(csv());
+    EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | store.csv");
+    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam");
+    EXPECT_EQ(cell(frame, 0, 1), u"2024/03/01 10:15:00");
+    EXPECT_EQ(cell(frame, 2, 1), u"18.5");
+}
+
+TEST_F(FrameLoadTest, ChannelsAreOnAxesByTheirUnits) {
+    auto& frame =
+        start(write(QStringLiteral("units.csv"), "Time,T1 (C),Flow (l/s),T2 (C),Last (m)\r\n"
+                                                 "2024/03/01 10:00:00,1,2,3,4\r\n"));
+    std::string axes;
+    for (int column = 1; column <= 4; ++column)
+        axes += std::to_string(frame.data().column(column).axis());
+    EXPECT_EQ(axes, "1211");
+}
+
+TEST_F(FrameLoadTest, OpeningTurnsToTheGrid) {
+    auto& frame = start();
+    frame.OnViewTrendchart();
+    frame.OnLoadSessionFromFile(csv());
+    EXPECT_EQ(frame.pages().activePage(), CMainFrame::kGridPage);
+}
+
+TEST_F(FrameLoadTest, QuotesAroundANameAreTakenOff) {
+    auto& frame = start();
+    frame.OnLoadSessionFromFile(u'"' + csv() + u'"');
+    EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | store.csv");
+}
+
+TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
+    auto& frame = start(csv());
+    const auto gone = path(QStringLiteral("gone.csv"));
+    QString message;
+    {
+        DialogScript dialogs;
+        dialogs.then<QMessageBox>([&](QMessageBox& box) {
+            message = box.text();
+            box.accept();
+        });
+        frame.OnLoadSessionFromFile(gone);
+    }
+    EXPECT_TRUE(message.contains(u"gone.csv")) << message.toStdString();
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(frame.windowTitle(), u"Pellam");
+    EXPECT_EQ(frame.data().rowCount(), 0);
+}
+
+TEST_F(FrameLoadTest, OfSeveralDroppedFilesTheFirstIsOpened) {
+    auto& frame = start();
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(csv(QStringLiteral("one.csv"))),
+                   QUrl::fromLocalFile(csv(QStringLiteral("two.csv"))),
+                   QUrl::fromLocalFile(csv(QStringLiteral("three.csv")))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &drop);
+    QTest::qWait(20);
+    EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | one.csv");
+    EXPECT_EQ(frame.recentFiles().paths().size(), 1);
+}
+
+TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
+    auto& frame = start();
+    for (const auto* name : {"a", "b", "c", "d", "e", "c"})
+        frame.OnLoadSessionFromFile(csv(QString::fromLatin1(name) + QStringLiteral(".csv")));
+    QFile::remove(path(QStringLiteral("d.csv")));
+    {
+        DialogScript dialogs;
+        dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        frame.OnLoadSessionFromFile(path(QStringLiteral("d.csv")));
+    }
+    QStringList texts;
+    QMenu again;
+    const RecentFiles kept(*m_settings, &again);
+    for (const auto* action : again.actions())
+        texts += QStringLiteral("%1 %2").arg(action->text()).arg(action->data().toInt());
+    EXPECT_EQ(texts.join(u',').toStdString(), "&1 c.csv 57616,&2 e.csv 57617,&3 b.csv 57618")
+        << "d, which is gone, was taken off; a had fallen off before";
+    frame.actions().recentMenu()->actions().at(1)->trigger();
+    QTest::qWait(20);
+    EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
+}
+
+struct FolderCase {
+    const char* name;
+    const char* last;     ///< "MRUReplayDir"
+    const char* standard; ///< "ReplayDir"
+    const char* start;
+};
+
+TEST_F(FrameLoadTest, TheOpenDialogStartsWhereThePersonLeftAndRemembers) {
+    const FolderCase cases[] = {
+        {"last choice", "sub/old.dlr", "other/x", "sub"},
+        {"standard folder", "", "other/x", "other"},
+    };
+    auto& frame = start();
+    for (const auto* folder : {"sub", "other"})
+        QDir(m_home.path()).mkdir(QString::fromLatin1(folder));
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        const auto whole = [&](const char* part) {
+            return *part ? path(QString::fromLatin1(part)).toStdString() : std::string();
+        };
+        m_settings->WriteProfileString("Default", "MRUReplayDir", whole(row.last));
+        m_settings->WriteProfileString("Default", "ReplayDir", whole(row.standard));
+        const auto file = csv(QString::fromLatin1(row.start) + QStringLiteral("/new.csv"));
+        DialogScript dialogs;
+        dialogs.then<QFileDialog>([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Select Replay File");
+            EXPECT_EQ(dialog.directory().absolutePath().toStdString(), whole(row.start));
+            dialog.selectFile(file);
+            dialog.setResult(QDialog::Accepted);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        give(Command::Open);
+        EXPECT_EQ(setting("MRUReplayDir"), file.toStdString());
+        EXPECT_EQ(frame.windowTitle(), u"new.csv - Pellam");
+    }
+}
+
+TEST_F(FrameLoadTest, CancellingTheOpenDialogKeepsEverything) {
+    auto& frame = start(csv());
+    DialogScript dialogs;
+    dialogs.then<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    give(Command::Open);
+    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam");
+    EXPECT_EQ(setting("MRUReplayDir"), "");
+}
+
+TEST_F(FrameLoadTest, TheFirstStartMakesTheSaveFolder) {
+    start();
+    const auto folder = path(QStringLiteral("Documents/Korvane/Pellam"));
+    EXPECT_EQ(setting("SaveDir"), folder.toStdString());
+    EXPECT_TRUE(QDir(folder).exists());
+}
+
+TEST_F(FrameLoadTest, AStoredSaveFolderIsNeverReplaced) {
+    m_settings->WriteProfileString("Default", "SaveDir", "/nowhere/at/all");
+    start();
+    EXPECT_EQ(setting("SaveDir"), "/nowhere/at/all");
+    EXPECT_FALSE(QDir(path(QStringLiteral("Documents"))).exists());
+}
+
+TEST_F(FrameLoadTest, SizeAndPlaceOfTheWindowComeBack) {
+    start().resize(777, 555);
+    QTest::qWait(10);
+    frame().close();
+    EXPECT_FALSE(m_app->GetProfileBinary(QStringLiteral("Default"), QStringLiteral("WindowPlace"))
+                     .isEmpty());
+    m_app = std::make_unique<CLumasetApp>(*m_settings);
+    EXPECT_EQ(start().size(), QSize(777, 555));
+}
+
+TEST_F(FrameLoadTest, ClosingDuringALoadStopsItFirst) {
+    QByteArray rows = "Time,Level (m)\r\n";
+    for (int row = 0; row < 400000; ++row)
+        rows += "2024/03/01 10:00:00," + QByteArray::number(row) + "\r\n";
+    auto& frame = start();
+    // The first event that the load lets through is this one.
+    QTimer::singleShot(0, &frame, [&] { frame.close(); });
+    frame.OnLoadSessionFromFile(write(QStringLiteral("long.csv"), rows));
+    QTest::qWait(20);
+    EXPECT_FALSE(frame.isVisible());
+}
+
+} // namespace pellam

@@ -1,0 +1,123 @@
+#include "FrameFixture.h"
+
+#include "app/FrameSidebar.h"
+#include "app/PreviewPane.h"
+#include "ui/TaskSidebar.h"
+
+namespace pellam {
+
+using FrameSidebarTest = FrameFixture;
+
+static std::string groups(CMainFrame& frame) {
+    const auto& tasks = *frame.sidebar().tasks();
+    QStringList lines;
+    for (const auto& id : tasks.groupIds()) {
+        lines += id;
+        for (const auto& text : tasks.taskTexts(id))
+            lines += QStringLiteral("  ") + text;
+    }
+    return lines.join(u'\n').toStdString();
+}
+
+static const std::string kAlways = R"(What do you want to do?
+  Open a historical data file
+  Open a session from database
+  Export the data
+  View with external spreadsheet
+  Print the current view
+  Print preview the current view
+  Change my preferences
+  Reset don't ask me again dialogues
+What do you want to view?
+  View historical data on a grid
+  View historical data on a chart
+)";
+
+TEST_F(FrameSidebarTest, TheOptionsGroupFollowsThePage) {
+    auto& frame = start();
+    const auto grid = kAlways + R"(Grid Options
+  Select all channels
+  Deselect all channels)";
+    const auto trend = kAlways + R"(Trend Options
+  Edit Axes
+  Auto scale
+  Selection zoom
+  Increase font size
+  Decrease font size)";
+    EXPECT_EQ(groups(frame), grid);
+    for (int round = 0; round < 2; ++round) {
+        frame.OnViewTrendchart();
+        EXPECT_EQ(groups(frame), trend);
+        frame.OnViewDatagrid();
+        frame.OnIdleUpdateCmdUI();
+        EXPECT_EQ(groups(frame), grid);
+    }
+}
+
+TEST_F(FrameSidebarTest, TogglingTwiceRestoresTheStandardWidth) {
+    m_settings->WriteProfileInt("Default", "SideBarWidth", 300);
+    auto& frame = start();
+    const auto* toggle = frame.actions().action(Command::Sidebar);
+    EXPECT_EQ(frame.sidebar().width(), 300);
+    EXPECT_TRUE(toggle->isChecked());
+
+    give(Command::Sidebar);
+    EXPECT_EQ(setting("SideBarWidth"), "0");
+    EXPECT_FALSE(frame.sidebar().isVisible());
+    EXPECT_FALSE(toggle->isChecked());
+
+    give(Command::Sidebar);
+    QTest::qWait(10);
+    EXPECT_EQ(setting("SideBarWidth"), "225");
+    EXPECT_EQ(frame.sidebar().width(), 225);
+    EXPECT_TRUE(toggle->isChecked());
+}
+
+TEST_F(FrameSidebarTest, PreviewHidesTheSidebarAndBringsItBackAtTheStoredWidth) {
+    m_settings->WriteProfileInt("Default", "SideBarWidth", 260);
+    auto& frame = start(csv());
+    give(Command::PrintPreview);
+    ASSERT_NE(frame.preview(), nullptr);
+    EXPECT_FALSE(frame.sidebar().isVisible());
+    EXPECT_EQ(frame.preview()->pageCount(), 1);
+
+    QTest::keyClick(frame.preview(), Qt::Key_Escape);
+    QTest::qWait(10);
+    EXPECT_EQ(frame.preview(), nullptr);
+    EXPECT_TRUE(frame.sidebar().isVisible());
+    EXPECT_EQ(frame.sidebar().width(), 260);
+    EXPECT_EQ(setting("SideBarWidth"), "260");
+}
+
+TEST_F(FrameSidebarTest, PreviewTurnsPagesWithinBounds) {
+    QByteArray rows = "Time,Level (m)\r\n";
+    for (int row = 0; row < 400; ++row)
+        rows += "2024/03/01 10:00:00," + QByteArray::number(row) + "\r\n";
+    auto& frame = start(write(QStringLiteral("long.csv"), rows));
+    give(Command::PrintPreview);
+    auto* preview = frame.preview();
+    ASSERT_NE(preview, nullptr);
+    ASSERT_GT(preview->pageCount(), 2);
+    EXPECT_EQ(preview->currentPage(), 1);
+    QTest::keyClick(preview, Qt::Key_PageUp);
+    EXPECT_EQ(preview->currentPage(), 1);
+    QTest::keyClick(preview, Qt::Key_PageDown);
+    EXPECT_EQ(preview->currentPage(), 2);
+    QTest::keyClick(preview, Qt::Key_End);
+    EXPECT_EQ(preview->currentPage(), preview->pageCount());
+    QTest::keyClick(preview, Qt::Key_PageDown);
+    EXPECT_EQ(preview->currentPage(), preview->pageCount());
+}
+
+TEST_F(FrameSidebarTest, ResetForgetsTheAnswersAndNothingElse) {
+    auto& frame = start();
+    m_settings->setValue("Software/Tarnholt/Pellam/XMessageBox/SpreadsheetRows", "16384");
+    const auto folder = setting("SaveDir");
+    give(Command::ResetMessages);
+    EXPECT_EQ(m_settings->value("Software/Tarnholt/Pellam/XMessageBox/SpreadsheetRows"),
+              std::nullopt);
+    EXPECT_EQ(setting("SaveDir"), folder);
+    EXPECT_TRUE(frame.isVisible());
+}
+
+} // namespace pellam
