@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/CommandLine.h"
+#include "app/PatternChooser.h"
+#include "app/TerminalMessages.h"
+#include "app/TerminalProgress.h"
+#include "base/Failure.h"
+#include "base/InternationalSettings.h"
+#include "grid/GridData.h"
+#include "replay/LoadOutcome.h"
+
+#include <string>
+
+namespace pellam {
+
+/// Exit statuses of the program.
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;     ///< a failure was reported, or nothing was loaded or written
+inline constexpr int kWrongUsage = 2; ///< the command line was not understood
+
+/// Does what a command line asks for without a window: loads the file once and writes every output.
+class BatchCommand {
+  public:
+    explicit BatchCommand(const CommandLine& line);
+
+    /// Returns the exit status.
+    int run();
+
+  private:
+    bool load();
+    void keepChosenColumns();
+    bool writeInfo();
+    bool convert();
+    bool report(const Failure& failure);
+    [[nodiscard]] bool isSource(const std::string& target) const;
+    [[nodiscard]] Failure write(const std::string& path);
+    [[nodiscard]] Failure print(const std::string& path);
+
+    const CommandLine& m_line;
+    InternationalSettings m_international;
+    GridData m_grid;
+    TerminalProgress m_progress;
+    TerminalMessages m_messages{m_progress};
+    PatternChooser m_chooser;
+    LoadOutcome m_outcome;
+};
+
+/// Does everything that needs no window, --help, --version and wrong usage included; for command
+/// lines that do not want a window. Returns the exit status.
+int runBatch(const CommandLine& line);
+
+} // namespace pellam

@@ -1,0 +1,181 @@
+#include "app/CommandLine.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace pellam {
+
+namespace {
+
+/// The part of a file's name from its last '.', in lower case; empty when it has none.
+std::string extensionOf(std::string_view path) {
+    const auto dot = path.rfind('.');
+    if (dot == std::string_view::npos || path.find('/', dot) != std::string_view::npos) return {};
+    std::string extension(path.substr(dot));
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return extension;
+}
+
+/// Options of the window system's toolkit, which reads them itself; desktops restart programs with
+/// "-session". All have a value.
+bool isToolkitOption(std::string_view name) {
+    static constexpr std::array<std::string_view, 6> kOptions = {
+        "-display", "-geometry", "-platform", "-session", "-style", "-stylesheet"};
+    return std::find(kOptions.begin(), kOptions.end(), name) != kOptions.end();
+}
+
+/// Goes through the arguments once.
+class Parser {
+  public:
+    Parser(int argc, const char* const* argv) : m_argv(argv), m_argc(argc) {}
+
+    CommandLine parse() {
+        while (m_next < m_argc && m_line.error.empty() && !m_line.help && !m_line.version) {
+            const std::string_view argument = m_argv[m_next++];
+            if (m_onlyFiles || !argument.starts_with('-') || argument == "-") {
+                takeFile(argument);
+            } else if (argument == "--") {
+                m_onlyFiles = true;
+            } else {
+                takeOption(argument);
+            }
+        }
+        if (m_line.error.empty() && !m_line.help && !m_line.version) checkTogether();
+        return std::move(m_line);
+    }
+
+  private:
+    void fail(std::string_view option, std::string_view why) {
+        if (m_line.error.empty()) m_line.error = std::string(option) + ' ' + std::string(why);
+    }
+
+    void takeFile(std::string_view file) {
+        if (file.empty()) {
+            fail("FILE", "has an empty name");
+        } else if (!m_line.file.empty()) {
+            fail(file, "is one file too many, only one can be loaded");
+        } else {
+            m_line.file = file;
+        }
+    }
+
+    void takeOption(std::string_view argument) {
+        const auto equals = argument.find('=');
+        const std::string_view name = argument.substr(0, equals);
+        m_hasValue = equals != std::string_view::npos;
+        m_value = m_hasValue ? argument.substr(equals + 1) : std::string_view();
+        if (name == "-h" || name == "--help") return takeFlag(name, m_line.help);
+        if (name == "-v" || name == "--version") return takeFlag(name, m_line.version);
+        if (name == "--info") return takeFlag(name, m_line.info);
+        if (name == "--settings") return takeOnce(name, m_line.settings);
+        if (name == "--channels") return takeOnce(name, m_line.channels);
+        if (name == "--convert") return takeOnce(name, m_line.convert);
+        if (name == "--export") return takeOutput(name, m_line.exports, {".csv", ".txt"});
+        if (name == "--print") return takeOutput(name, m_line.prints, {".pdf", {}});
+        if (isToolkitOption(name)) return (void)takeValue(name);
+        fail(argument, "is no option of this program");
+    }
+
+    void takeFlag(std::string_view name, bool& flag) {
+        if (m_hasValue) return fail(name, "takes no value");
+        flag = true;
+    }
+
+    bool takeValue(std::string_view name) {
+        if (!m_hasValue && m_next < m_argc && !std::string_view(m_argv[m_next]).starts_with("--")) {
+            m_value = m_argv[m_next++];
+        }
+        if (m_value.empty()) fail(name, "needs a value");
+        return !m_value.empty();
+    }
+
+    void takeOnce(std::string_view name, std::string& value) {
+        if (!takeValue(name)) return;
+        if (!value.empty()) return fail(name, "is given twice");
+        value = m_value;
+    }
+
+    using Extensions = std::array<std::string_view, 2>;
+
+    void takeOutput(std::string_view name, std::vector<std::string>& outputs,
+                    const Extensions& extensions) {
+        if (!takeValue(name)) return;
+        const std::string extension = extensionOf(m_value);
+        if (extension.empty() ||
+            std::find(extensions.begin(), extensions.end(), extension) == extensions.end()) {
+            std::string why = "needs a file name that ends in " + std::string(extensions[0]);
+            if (!extensions[1].empty()) why += " or " + std::string(extensions[1]);
+            return fail(name, why + ", not " + std::string(m_value));
+        }
+        outputs.emplace_back(m_value);
+    }
+
+    void checkTogether() {
+        if (m_line.hasOutput() && m_line.file.empty()) {
+            fail(m_line.info             ? "--info"
+                 : m_line.prints.empty() ? "--export"
+                                         : "--print",
+                 "needs a FILE to load");
+        }
+        if (!m_line.channels.empty() && !m_line.hasOutput()) {
+            fail("--channels", "needs --export, --info or --print beside it");
+        }
+        if (!m_line.convert.empty() && !m_line.file.empty() && !m_line.hasOutput()) {
+            fail(m_line.file, "has no use beside --convert alone");
+        }
+    }
+
+    CommandLine m_line;
+    const char* const* m_argv;
+    int m_argc;
+    int m_next = 1;
+    bool m_onlyFiles = false;
+    bool m_hasValue = false;  ///< the option came as --option=value
+    std::string_view m_value; ///< value of the option at hand
+};
+
+} // namespace
+
+CommandLine CommandLine::parse(int argc, const char* const* argv) {
+    return Parser(argc, argv).parse();
+}
+
+bool CommandLine::hasOutput() const {
+    return info || !exports.empty() || !prints.empty();
+}
+
+bool CommandLine::wantsWindow() const {
+    return error.empty() && !help && !version && !hasOutput() && convert.empty();
+}
+
+std::string CommandLine::usage() {
+    return "usage: pellam [OPTIONS] [FILE]; pellam --help lists the options";
+}
+
+std::string CommandLine::helpText() {
+    return R"(pellam [OPTIONS] [FILE]        opens the window, and FILE in it when named
+
+  -h, --help                   show this text and exit
+  -v, --version                show the version and exit
+  --settings INI               use this settings file
+
+Without a window; messages go to standard error, nothing is asked:
+  --export OUT.csv|OUT.txt     write the grid as comma- or tab-separated text;
+                               an existing file is replaced
+  --info                       print the facts of FILE and its channels,
+                               one "key: value" a line
+  --print OUT.pdf              print the grid
+  --channels all|PATTERN[,...] take only these channels (default: all);
+                               '*' stands for any characters, '?' for one
+  --convert DOWNLOAD.txt       convert a tagged text download to a .csv file
+                               beside it
+Several of these may be given in one call; FILE is loaded once.
+
+Exit status: 0 done; 1 a failure was reported, or nothing could be loaded or
+written; 2 wrong usage.
+)";
+}
+
+} // namespace pellam

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pellam {
+
+/// What the person asked for when the program was started.
+struct CommandLine {
+    std::string error; ///< why the usage is wrong, one sentence; empty when it is right
+    bool help = false;
+    bool version = false;
+    bool info = false;
+    std::string file;                 ///< the file to load; empty when none is named
+    std::string settings;             ///< settings file to use; empty for the user's own
+    std::string channels;             ///< patterns separated by commas; empty for all channels
+    std::string convert;              ///< tagged download to convert; empty when none
+    std::vector<std::string> exports; ///< files to export to, ".csv" or ".txt"
+    std::vector<std::string> prints;  ///< PDF files to print to
+
+    /// Reads the arguments; the first is the program's name. Arguments behind a wrong one, behind
+    /// --help and behind --version are not looked at.
+    static CommandLine parse(int argc, const char* const* argv);
+
+    /// Whether a window is to open: nothing is asked for that is done without one.
+    [[nodiscard]] bool wantsWindow() const;
+    /// Whether something is asked for that needs the file's content.
+    [[nodiscard]] bool hasOutput() const;
+
+    /// One line: how the program is called.
+    static std::string usage();
+    /// All options, for --help.
+    static std::string helpText();
+};
+
+} // namespace pellam

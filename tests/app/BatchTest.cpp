@@ -1,0 +1,197 @@
+#include "ScratchFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace pellam {
+namespace {
+
+/// Runs the program as a person would, in a folder of its own and without a display.
+class BatchTest : public testing::Test {
+  protected:
+    BatchTest() {
+        m_folder.write("mast.csv", "Time,Temp(degC),Wind(m/s)\r\n"
+                                   "2008/02/25 11:53:15,12.50,3\r\n"
+                                   "2008/02/25 11:54:15,13.25,Calm\r\n");
+        m_folder.write("house.ini", "[intl]\nsDecimal=.\nsList=,\n");
+    }
+
+    /// Runs the program with arguments as in a shell, the working folder being the scratch one.
+    /// Gives the exit status; m_out and m_err are what it wrote.
+    int run(const std::string& arguments, const std::string& program = PELLAM_PROGRAM) {
+        const std::string command = "cd '" + m_folder.path() +
+                                    "' && exec env -u DISPLAY -u WAYLAND_DISPLAY LC_ALL=C TZ=UTC "
+                                    "XDG_CONFIG_HOME=/nowhere '" +
+                                    program + "' " + arguments;
+        const int status = std::system(("{ " + command + "; } >'" + m_streams.path("out") +
+                                        "' 2>'" + m_streams.path("err") + "' </dev/null")
+                                           .c_str());
+        m_out = m_streams.read("out");
+        m_err = m_streams.read("err");
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    ScratchFolder m_folder;
+    ScratchFolder m_streams;
+    std::string m_out;
+    std::string m_err;
+};
+
+TEST_F(BatchTest, ExportGivesTheGridAndNothingElse) {
+    EXPECT_EQ(run("--export out.csv --export=out.TXT mast.csv"), 0);
+    EXPECT_EQ(m_out + m_err, "");
+    EXPECT_EQ(m_folder.read("out.csv"), "Time,Temp(degC),Wind(m/s),\r\n"
+                                        "2008/02/25 11:53:15,12.5,3,\r\n"
+                                        "2008/02/25 11:54:15,13.25,Calm,\r\n");
+    EXPECT_EQ(m_folder.read("out.TXT"), "Time\tTemp(degC)\tWind(m/s)\t\r\n"
+                                        "2008/02/25 11:53:15\t12.5\t3\t\r\n"
+                                        "2008/02/25 11:54:15\t13.25\tCalm\t\r\n");
+}
+
+TEST_F(BatchTest, SettingsFileDecidesTheSeparators) {
+    m_folder.write("comma.ini", "[intl]\nsDecimal=,\n");
+    m_folder.write("de.csv", "Time;Temp\n2008/02/25 11:53:15;12,50\n");
+    EXPECT_EQ(run("--settings comma.ini --export out.csv de.csv"), 0) << m_err;
+    EXPECT_EQ(m_folder.read("out.csv"), "Time;Temp;\r\n2008/02/25 11:53:15;12,5;\r\n");
+}
+
+TEST_F(BatchTest, InfoTellsTheFacts) {
+    EXPECT_EQ(run("--info mast.csv"), 0) << m_err;
+    EXPECT_EQ(m_out, "file: mast.csv\nsize: 85\nkind: delimited\ncrypt state: 0\n"
+                     "contents type: -1\noriginator type: \ndescription: \nline count: 0\n"
+                     "first time: \nlast time: \nrows: 2\nchannels: 2\ndamaged lines: 0\n"
+                     "channel: Temp(degC)\nchannel: Wind(m/s)\n");
+}
+
+TEST_F(BatchTest, ChannelsNarrowASmallFileToo) {
+    EXPECT_EQ(run("--channels 'W*' --info --export out.csv mast.csv"), 0) << m_err;
+    EXPECT_NE(m_out.find("channels: 1\ndamaged lines: 0\nchannel: Wind(m/s)\n"), std::string::npos);
+    EXPECT_EQ(m_folder.read("out.csv"), "Time,Wind(m/s),\r\n"
+                                        "2008/02/25 11:53:15,3,\r\n"
+                                        "2008/02/25 11:54:15,Calm,\r\n");
+    EXPECT_EQ(run("--channels None --export none.csv mast.csv"), 1);
+    EXPECT_EQ(m_err, "Attention: No channels selected\n");
+    EXPECT_EQ(m_folder.read("none.csv"), "(missing)");
+}
+
+TEST_F(BatchTest, WrongUsageTellsTheOptionAndTheUsage) {
+    EXPECT_EQ(run("--exprot a.csv mast.csv"), 2);
+    EXPECT_EQ(m_out, "");
+    EXPECT_EQ(m_err, "pellam: --exprot is no option of this program\n"
+                     "usage: pellam [OPTIONS] [FILE]; pellam --help lists the options\n");
+}
+
+TEST_F(BatchTest, HelpAndVersionNeedNoDisplay) {
+    EXPECT_EQ(run("--help"), 0);
+    EXPECT_TRUE(m_out.starts_with("pellam [OPTIONS] [FILE]"));
+    EXPECT_EQ(run("-v"), 0);
+    EXPECT_EQ(m_out, "pellam " PELLAM_VERSION "\n");
+}
+
+TEST_F(BatchTest, FilesThatCanNotBeLoaded) {
+    std::filesystem::create_directory(m_folder.path("folder.csv"));
+    for (const char* file : {"missing.csv", "missing.dlr", "folder.csv", "/dev/null", "old.dbr"}) {
+        EXPECT_EQ(run(std::string("--export out.csv --info ") + file), 1) << file;
+        EXPECT_NE(m_err, "") << file;
+        EXPECT_EQ(m_out, "") << file;
+        EXPECT_EQ(m_folder.read("out.csv"), "(missing)") << file;
+    }
+}
+
+TEST_F(BatchTest, FailedExportKeepsTheEarlierFileAndGoesOn) {
+    std::filesystem::create_symlink("/dev/full", m_folder.path("full.csv"));
+    EXPECT_EQ(run("--export full.csv --export no/such.csv --export good.txt mast.csv"), 1);
+    EXPECT_EQ(m_err, "full.csv can not be written, the disk is full: No space left on device.\n"
+                     "no/such.csv can not be written: No such file or directory.\n");
+    EXPECT_NE(m_folder.read("good.txt"), "(missing)");
+    EXPECT_EQ(m_folder.list(), "full.csv good.txt house.ini mast.csv");
+}
+
+TEST_F(BatchTest, LoadedFileIsNotReplaced) {
+    const std::string before = m_folder.read("mast.csv");
+    EXPECT_EQ(run("--export ./mast.csv mast.csv"), 1);
+    EXPECT_EQ(m_err, "./mast.csv can not be written: it is the file that was loaded.\n");
+    EXPECT_EQ(m_folder.read("mast.csv"), before);
+}
+
+TEST_F(BatchTest, ReadOnlyFolderKeepsItsFile) {
+    if (::geteuid() == 0) {
+        // Root may write everywhere: become somebody who may not.
+        ASSERT_EQ(
+            ::system(
+                ("chown -R 65534 '" + m_folder.path() + "' '" + m_streams.path() + "'").c_str()),
+            0);
+        ASSERT_EQ(::seteuid(65534), 0);
+    }
+    m_folder.write("mast.txt", "earlier");
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0555));
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const int error = ::open(m_streams.path("err").c_str(), O_WRONLY | O_CREAT, 0644);
+        ::dup2(error, STDERR_FILENO);
+        const uid_t user = ::geteuid();
+        if (::getuid() == 0 && (::seteuid(0) != 0 || ::setuid(user) != 0)) ::_exit(99);
+        if (::chdir(m_folder.path().c_str()) != 0) ::_exit(98);
+        ::execl(PELLAM_PROGRAM, "pellam", "--export", "mast.txt", "mast.csv", nullptr);
+        ::_exit(97);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
+    if (::getuid() == 0) ASSERT_EQ(::seteuid(0), 0);
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_EQ(m_streams.read("err"), "mast.txt can not be written: Permission denied.\n");
+    EXPECT_EQ(m_folder.read("mast.txt"), "earlier");
+}
+
+TEST_F(BatchTest, StandardOutputThatCanNotBeWritten) {
+    EXPECT_EQ(run("--info mast.csv >&-"), 1);
+    EXPECT_EQ(m_err, "standard output can not be written: Bad file descriptor.\n");
+    EXPECT_EQ(run("--info mast.csv >/dev/full"), 1);
+    EXPECT_EQ(m_err, "standard output can not be written, the disk is full: No space left on "
+                     "device.\n");
+    EXPECT_EQ(run("--export out.csv --help >&-"), 1);
+    EXPECT_EQ(run("--export out.csv mast.csv >&- 2>&-"), 0);
+    EXPECT_TRUE(m_folder.read("out.csv").starts_with("Time,"));
+}
+
+TEST_F(BatchTest, ConvertsATaggedDownloadBesideIt) {
+    m_folder.write("down.txt", "<start>08/02/25 11:53:15</start>\n<end>08/02/25 12:00:00</end>\n"
+                               "3\n4\n<log interval>000 00:00:10</log interval>\n"
+                               "Level,Flow\n7\n1.5>2\n1.75>3\n</data>\n");
+    EXPECT_EQ(run("--convert down.txt"), 0) << m_err;
+    EXPECT_TRUE(m_folder.read("down.csv").starts_with("Time,Level,Flow")) << m_folder.list();
+    EXPECT_EQ(run("--convert missing.txt"), 1);
+    EXPECT_NE(m_err, "");
+}
+
+TEST_F(BatchTest, PrintsWithoutADisplay) {
+    EXPECT_EQ(run("--print out.pdf mast.csv"), 0) << m_err;
+    EXPECT_TRUE(m_folder.read("out.pdf").starts_with("%PDF-"));
+    EXPECT_NE(m_folder.read("out.pdf").find("%%EOF"), std::string::npos);
+    std::filesystem::create_symlink("/dev/full", m_folder.path("full.pdf"));
+    EXPECT_EQ(run("--print full.pdf mast.csv"), 1);
+    EXPECT_EQ(m_err, "full.pdf can not be written, the disk is full: No space left on device.\n");
+}
+
+TEST_F(BatchTest, RequestToEndLeavesNoHalfFile) {
+    // The pipe has no reader yet, so the program waits in the export until it is told to end.
+    std::string rows = "Time,A\n";
+    for (int i = 0; i < 200'000; ++i)
+        rows += std::to_string(i) + ",1\n";
+    m_folder.write("long.csv", rows);
+    ASSERT_EQ(::mkfifo(m_folder.path("pipe.csv").c_str(), 0600), 0);
+    EXPECT_EQ(run("--export pipe.csv --export out.csv long.csv & child=$!; sleep 1; "
+                  "kill -TERM $child; head -c 1 pipe.csv >/dev/null; wait $child"),
+              1);
+    EXPECT_EQ(m_folder.read("out.csv"), "(missing)");
+    EXPECT_EQ(m_folder.list(), "house.ini long.csv mast.csv pipe.csv");
+}
+
+} // namespace
+} // namespace pellam
