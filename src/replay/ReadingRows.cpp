@@ -168,19 +168,30 @@ void ReadingRows::placeValues(FieldScanner& fields, std::span<const int> columns
             if (!begin || ++begin == end) continue;
         }
         const int column = columns[number];
-        Cell cell;
-        if (column != ColumnMap::kNotLoaded && m_columns.kind(column) == ColumnKind::Numeric &&
-            DecimalCell::pack(begin, end, '.', DecimalCell::Zeros::Trim, cell)) {
-            m_filler.set(column, cell.withColour(m_colour));
+        if (placeNumber(begin, end, column)) {
             ++number;
             continue;
         }
-        std::string_view value(begin, static_cast<std::size_t>(end - begin));
         // Behind a value's ';' stand lengths and checksums, no more values.
-        const std::size_t stop = value.find(';', 1);
-        if (placeValue(value.substr(0, stop), column)) ++number;
-        if (stop != std::string_view::npos) return;
+        const void* const stop =
+            std::memchr(begin + 1, ';', static_cast<std::size_t>(end - begin) - 1);
+        if (stop) end = static_cast<const char*>(stop);
+        if ((stop && placeNumber(begin, end, column)) ||
+            placeValue({begin, static_cast<std::size_t>(end - begin)}, column)) {
+            ++number;
+        }
+        if (stop) return;
     }
+}
+
+bool ReadingRows::placeNumber(const char* begin, const char* end, int column) {
+    Cell cell;
+    if (column == ColumnMap::kNotLoaded || m_columns.kind(column) != ColumnKind::Numeric ||
+        !DecimalCell::pack(begin, end, '.', DecimalCell::Zeros::Trim, cell)) {
+        return false;
+    }
+    m_filler.set(column, cell.withColour(m_colour));
+    return true;
 }
 
 bool ReadingRows::placeValue(std::string_view value, int column) {

@@ -36,6 +36,9 @@ class ReadingRows {
     [[nodiscard]] bool sharesRow(std::string_view time, std::span<const int> columns);
     void enterRow(std::string_view time, std::span<const int> columns, bool ok);
     void placeValues(FieldScanner& fields, std::span<const int> columns, std::size_t number);
+    /// A plain number of a numeric channel, the usual case; false for all else.
+    bool placeNumber(const char* begin, const char* end, int column);
+    /// Any value; false for what is none and takes no channel.
     bool placeValue(std::string_view value, int column);
     Cell numberCell(std::string_view value, int column);
 
