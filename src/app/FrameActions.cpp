@@ -3,6 +3,7 @@
 #include "ui/IconSet.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -134,6 +135,9 @@ void FrameActions::buildActions() {
         // The window owns every key, so that it works while the menu bar is hidden.
         m_window->addAction(made);
     }
+    // One page is always in front: choosing it again must not clear its mark.
+    auto* pages = new QActionGroup(this);
+    for (const auto page : {DataGrid, TrendChart}) pages->addAction(action(page));
 }
 
 void FrameActions::fillMenu(const QString& title, const QList<Command>& commands) {
