@@ -4,9 +4,7 @@
 #include "views/CellArea.h"
 
 #include <QAbstractTableModel>
-#include <QColor>
-
-#include <vector>
+#include <QUndoStack>
 
 namespace pellam {
 
@@ -33,25 +31,28 @@ class GridModel : public QAbstractTableModel {
 
     /// Refuses editing, of axis numbers too.
     void setProtected(bool on) { m_protected = on; }
+
     [[nodiscard]] bool isProtected() const { return m_protected; }
+
     /// Chooses text colours that are readable on a dark background.
     void setDarkBackground(bool dark);
 
-    /// Sets the text (UTF-8) of a cell, its colour stays; on the axis row the axis number. False
-    /// where nothing can be written. Not refused by protection; views are told by cellsChanged().
-    bool writeCell(int column, GridRow row, std::string_view utf8);
+    /// What a person did and can take back; emptied by a load.
+    [[nodiscard]] QUndoStack& undoStack() { return m_undoStack; }
+
     /// Tells views that cells have changed, and marks the store as changed.
     void cellsChanged(const CellArea& area);
 
     void setAxis(int column, int axis);
     void setCharted(int firstColumn, int lastColumn, bool charted);
-    /// Moves a column in the store; false when it or its target must not move.
+    /// Moves a column in the store; false when it or its target must not move. Not undoable.
     bool moveColumn(int from, int to);
     /// Sets or takes away the mark in the corner.
     void setChanged(bool changed);
     /// Tells views that headings, axis numbers and mark may all have changed.
     void refresh();
 
+    /// Whether the line of a row failed its checksum.
     [[nodiscard]] bool isDamaged(GridRow row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -64,8 +65,6 @@ class GridModel : public QAbstractTableModel {
   Q_SIGNALS:
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
-    /// A person has typed a text into a cell; it is to be written with a way back.
-    void cellEdited(int column, qint64 row, const QString& text);
 
   private:
     [[nodiscard]] QVariant axisData(int column, int role) const;
@@ -76,6 +75,7 @@ class GridModel : public QAbstractTableModel {
     [[nodiscard]] QString accessibleCell(int column, int row) const;
 
     GridData& m_grid;
+    QUndoStack m_undoStack;
     int m_rows = 0;
     bool m_loading = false;
     bool m_protected = false;

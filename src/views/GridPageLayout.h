@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/GridData.h"
+#include "views/CellArea.h"
 
 #include <QFont>
 #include <QSizeF>
@@ -26,8 +27,8 @@ class GridPageLayout {
     struct Page {
         int firstColumn = 0;
         int lastColumn = -1; ///< inclusive
-        Row firstRow = 0;    ///< grid row: 0 is the axis row
-        Row lastRow = -1;    ///< inclusive
+        GridRow firstRow = 0;
+        GridRow lastRow = -1; ///< inclusive
     };
 
     /// What stands on a page, counted from 0.
@@ -52,7 +53,7 @@ class GridPageLayout {
   private:
     void measureColumns();
     void splitIntoBands();
-    [[nodiscard]] Row gridRows() const;
+    [[nodiscard]] GridRow gridRows() const;
 
     const GridData& m_grid;
     QFont m_font;
@@ -64,7 +65,7 @@ class GridPageLayout {
     double m_headingHeight = 0;
     double m_rowHeight = 0;
     double m_footerHeight = 0;
-    Row m_rowsPerPage = 1;
+    GridRow m_rowsPerPage = 1;
 };
 
 } // namespace pellam
