@@ -9,8 +9,6 @@ namespace pellam {
 
 namespace {
 constexpr std::size_t kBlock = std::size_t{256} << 10;
-// Parsers of fields look at whole words, so a few bytes before and after every line can be read.
-constexpr std::size_t kSlack = LineReader::kSlack;
 } // namespace
 
 LineReader::LineReader() = default;

@@ -20,7 +20,8 @@ class LineReader {
   public:
     /// Longest line served whole; a longer run without a line end comes in pieces of this length.
     static constexpr std::size_t kMaximumLine = std::size_t{1} << 20;
-    /// Bytes before and after every line served that may be read (their values mean nothing).
+    /// Bytes before and after every line served that may be read (their values mean nothing):
+    /// parsers of fields look at whole words.
     static constexpr std::size_t kSlack = 64;
 
     /// What ends a line: '\n' alone, or also a '\r' that no '\n' follows.
