@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QUrl>
 
 namespace pellam {
@@ -116,16 +117,19 @@ std::optional<QString> FrameExport::runDialog(const Question& question) {
     // The question about an existing file is ours: it has three answers.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(question.filters);
-    const auto followFilter = [&dialog](const QString& filter) {
-        dialog.setDefaultSuffix(suffixOf(filter));
-    };
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, followFilter);
-    followFilter(question.filters.front());
     dialog.selectFile(question.name);
+    dialog.setDefaultSuffix(suffixOf(question.filters.front()));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString& filter) {
+        dialog.setDefaultSuffix(suffixOf(filter));
+        // The dialog has put the filter's extension in place of what stands behind the last point:
+        // in a proposed name such as "site.2008" that was no extension.
+        const auto cut = QFileInfo(question.name).completeBaseName() + u'.' + suffixOf(filter);
+        auto* field = dialog.findChild<QLineEdit*>();
+        if (field && field->text() == cut) field->setText(question.name);
+    });
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
 
     auto path = dialog.selectedFiles().value(0);
-    // A proposed name such as "site.2008" ends in what looks like an extension but is none.
     if (QFileInfo(path).fileName() == question.name)
         path += u'.' + suffixOf(dialog.selectedNameFilter());
     return path;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 
 #include <deque>
@@ -37,10 +39,13 @@ class DialogScript {
     void look() {
         auto* widget = QApplication::activeModalWidget();
         // One step a dialog: a dialog that is being closed still counts as open for a while.
-        if (!widget || widget == m_answered) return;
+        // It takes typing only once it is the active window.
+        if (!widget || widget == m_answered || !widget->isActiveWindow()) return;
         m_answered = widget;
         if (m_steps.empty()) {
-            ADD_FAILURE() << "unexpected: " << widget->windowTitle().toStdString();
+            const auto* box = qobject_cast<QMessageBox*>(widget);
+            ADD_FAILURE() << "unexpected: "
+                          << (box ? box->text() : widget->windowTitle()).toStdString();
             widget->close();
             return;
         }

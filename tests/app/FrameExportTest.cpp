@@ -31,10 +31,14 @@ class FrameExportTest : public FrameFixture {
     static std::function<void(QMessageBox&)> press(QMessageBox::StandardButton button,
                                                    const QString& text = {}) {
         return [=](QMessageBox& box) {
-            if (!text.isEmpty()) EXPECT_EQ(box.text().toStdString(), text.toStdString());
+            if (!text.isEmpty()) {
+                EXPECT_EQ(box.text().toStdString(), text.toStdString());
+            }
             box.button(button)->click();
         };
     }
+
+    static std::string text(const QString& path) { return read(path).toStdString(); }
 
     /// A delimited file with this many rows on the grid.
     void startWithRows(int count) {
@@ -45,12 +49,12 @@ class FrameExportTest : public FrameFixture {
         ASSERT_EQ(frame().data().rowCount(), count);
     }
 
-    const QByteArray kCsv = "Time,Level (m),Flow (l/s),\r\n"
-                            "2024/03/01 10:00:00,4.25,17,\r\n"
-                            "2024/03/01 10:15:00,4.31,18.5,\r\n";
-    const QByteArray kTxt = "Time\tLevel (m)\tFlow (l/s)\t\r\n"
-                            "2024/03/01 10:00:00\t4.25\t17\t\r\n"
-                            "2024/03/01 10:15:00\t4.31\t18.5\t\r\n";
+    const std::string kCsv = "Time,Level (m),Flow (l/s),\r\n"
+                             "2024/03/01 10:00:00,4.25,17,\r\n"
+                             "2024/03/01 10:15:00,4.31,18.5,\r\n";
+    const std::string kTxt = "Time\tLevel (m)\tFlow (l/s)\t\r\n"
+                             "2024/03/01 10:00:00\t4.25\t17\t\r\n"
+                             "2024/03/01 10:15:00\t4.31\t18.5\t\r\n";
     const QString kOverwrite =
         QStringLiteral("The file already exists, Do you want to overwrite it ?");
 };
@@ -87,7 +91,7 @@ TEST_F(FrameExportTest, TheEndingDecidesTheKind) {
             give(Command::Export);
         }
         if (*row.file) {
-            EXPECT_EQ(read(path(QString::fromLatin1(row.file))), row.tabs ? kTxt : kCsv);
+            EXPECT_EQ(text(path(QString::fromLatin1(row.file))), row.tabs ? kTxt : kCsv);
         } else {
             EXPECT_EQ(QDir(m_home.path()).entryList(QDir::Files), before);
         }
@@ -105,11 +109,11 @@ TEST_F(FrameExportTest, AnExistingFileIsAskedForWithThreeAnswers) {
             .then<QMessageBox>(press(QMessageBox::Cancel, kOverwrite));
         give(Command::Export);
     }
-    EXPECT_EQ(read(old), "keep");
+    EXPECT_EQ(text(old), "keep");
     DialogScript dialogs;
     dialogs.then<QFileDialog>(save(old)).then<QMessageBox>(press(QMessageBox::Yes, kOverwrite));
     give(Command::Export);
-    EXPECT_EQ(read(old), kCsv);
+    EXPECT_EQ(text(old), kCsv);
 }
 
 TEST_F(FrameExportTest, AFolderThatIsNotThereIsReported) {
