@@ -1,9 +1,11 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace pellam {
 
@@ -53,29 +55,33 @@ class CCrc {
     }
 
   private:
-    static unsigned byteOf(std::uint64_t word, unsigned index) {
-        return static_cast<unsigned>(word >> (8 * index)) & 0xFFU;
-    }
-
     static std::uint64_t littleEndian(const char* data) {
-        std::uint64_t word = 0;
-        for (unsigned i = 0; i < 8; ++i)
-            word |= std::uint64_t{static_cast<unsigned char>(data[i])} << (8 * i);
+        std::uint64_t word;
+        std::memcpy(&word, data, sizeof word);
+        if constexpr (std::endian::native == std::endian::big) word = __builtin_bswap64(word);
         return word;
     }
 
+    // Looks eight bytes up in the tables from kFirst down, except the lowest kSkipped of them.
+    template <std::size_t kFirst, std::size_t kSkipped, class Word, std::size_t... kIndex>
+    static std::uint32_t lookUp(const Tables<Word>& tables, std::uint64_t word,
+                                std::index_sequence<kIndex...> /*indices*/) {
+        return (std::uint32_t{
+                    tables[kFirst - kSkipped - kIndex][(word >> 8 * (kSkipped + kIndex)) & 0xFFU]} ^
+                ...);
+    }
+
+    // Only as many bytes as the register has depend on the step before; the others are looked up
+    // without waiting for it.
     template <class Word>
     static std::uint32_t advanceSixteen(const Tables<Word>& tables, const char* data,
                                         std::uint32_t crc) {
-        const std::uint64_t low = littleEndian(data) ^ crc;
-        const std::uint64_t high = littleEndian(data + 8);
-        std::uint32_t fromLow = 0;
-        std::uint32_t fromHigh = 0;
-        for (unsigned i = 0; i < 8; ++i) {
-            fromLow ^= tables[15 - i][byteOf(low, i)];
-            fromHigh ^= tables[7 - i][byteOf(high, i)];
-        }
-        return fromLow ^ fromHigh;
+        constexpr std::size_t kOwn = sizeof(Word);
+        const std::uint64_t low = littleEndian(data);
+        const std::uint32_t ahead =
+            lookUp<7, 0>(tables, littleEndian(data + 8), std::make_index_sequence<8>()) ^
+            lookUp<15, kOwn>(tables, low, std::make_index_sequence<8 - kOwn>());
+        return ahead ^ lookUp<15, 0>(tables, low ^ crc, std::make_index_sequence<kOwn>());
     }
 };
 

@@ -1,0 +1,41 @@
+// The scans of a replay file, its times and its data map, on any bytes.
+
+#include "MemoryFile.h"
+
+#include "replay/CReplayFile.h"
+#include "replay/ChannelList.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace {
+
+using namespace pellam;
+
+struct NoMessages : MessageSink {
+    void show(std::string_view) override {}
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const MemoryFile bytes(data, size);
+    NoMessages messages;
+    CReplayFile file(bytes.path(), messages, {18000, -3600});
+    if (!file.isOpen()) return 0;
+    if (file.HeaderLineCount() < 0 || file.LineCount() < 0) __builtin_trap();
+    if (file.ReadDataMap() == 0 && !file.GetDataMap().empty()) __builtin_trap();
+    std::string map = file.GetDataMap();
+    const std::string before = map;
+    if (file.StripDataMap(map) == 0 && map != before) __builtin_trap();
+    for (const std::string& channel : offeredChannels(file.GetOriginatorType(), map)) {
+        if (channelNumber(channel) < 0) __builtin_trap();
+    }
+    const std::int32_t header = file.SeekToStartOfData();
+    std::string_view line;
+    std::int32_t lines = 0;
+    for (; file.reader().next(line); ++lines)
+        (void)file.ExtractTime(line).FormatLocalNoDST("%Y/%m/%d %X");
+    if (lines != file.LineCount() || header != file.HeaderLineCount()) __builtin_trap();
+    return 0;
+}
