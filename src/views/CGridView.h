@@ -96,7 +96,11 @@ class CGridView : public QWidget {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    void connectGrid();
+    void connectSearch();
+    void search(bool forward);
     void goToRow(Row row);
+    void goToDamaged(bool forward);
     void setAllCharted(int columns, bool charted);
 
     GridData& m_grid;

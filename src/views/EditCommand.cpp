@@ -1,5 +1,6 @@
 #include "views/EditCommand.h"
 
+#include "base/Utf8.h"
 #include "views/AxisNumber.h"
 #include "views/GridModel.h"
 
@@ -44,7 +45,7 @@ bool EditCommand::plan(GridModel& model, std::string_view utf8, Change& change) 
         Column& column = grid.column(change.column);
         change.before = column.cell(change.row - 1);
         CellBuffer buffer;
-        if (column.text(change.before, buffer) == utf8) return false;
+        if (toUtf8(column.text(change.before, buffer)) == utf8) return false;
         change.after = column.pack(utf8).withColour(change.before.colour());
     }
     return change.before != change.after;

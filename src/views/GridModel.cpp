@@ -87,6 +87,7 @@ bool GridModel::moveColumn(int from, int to) {
     const auto [first, last] = std::minmax(from, to);
     cellsChanged({first, last, kAxisRow, rowCount() - 1});
     Q_EMIT headerDataChanged(Qt::Horizontal, first, last);
+    Q_EMIT columnMoved(from, to);
     return true;
 }
 

@@ -65,6 +65,8 @@ class GridModel : public QAbstractTableModel {
   Q_SIGNALS:
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
+    /// A column has gone to another place, with everything in it.
+    void columnMoved(int from, int to);
 
   private:
     [[nodiscard]] QVariant axisData(int column, int role) const;

@@ -1,0 +1,52 @@
+#include "views/SelectionStatistics.h"
+
+#include "views/StatisticsScan.h"
+
+#include <QElapsedTimer>
+
+#include <memory>
+
+namespace pellam {
+
+SelectionStatistics::SelectionStatistics(const GridData& grid, QObject* parent)
+    : QObject(parent),
+      m_grid(grid) {}
+
+void SelectionStatistics::stop() {
+    m_slices.stop();
+    Q_EMIT statisticsChanged(QString());
+}
+
+void SelectionStatistics::setAreas(const std::vector<CellArea>& areas) {
+    std::int64_t cells = 0;
+    for (const CellArea& area : areas)
+        cells += area.cells();
+    if (cells < 2) {
+        stop();
+        return;
+    }
+    constexpr qint64 patience = 300; // milliseconds before the old figures are taken away
+
+    struct Work {
+        StatisticsScan scan;
+        QElapsedTimer clock;
+        bool announced = false;
+    };
+
+    auto work = std::make_shared<Work>(Work{StatisticsScan(m_grid, areas), {}, false});
+    work->clock.start();
+    m_slices.start([this, work] {
+        const bool more = work->scan.step();
+        if (!more) {
+            const char separator = m_grid.decimalSeparator();
+            Q_EMIT statisticsChanged(
+                QString::fromStdString(StatisticsScan::text(work->scan.result(), separator)));
+        } else if (!work->announced && work->clock.elapsed() > patience) {
+            work->announced = true;
+            Q_EMIT statisticsChanged(tr("Calculating…"));
+        }
+        return more;
+    });
+}
+
+} // namespace pellam
