@@ -97,7 +97,8 @@ void CMyTime::setFloating(double seconds) {
     m_seconds = wholeSeconds(seconds);
     if (!std::isfinite(seconds)) return;
     const double fraction = seconds - std::trunc(seconds);
-    m_microseconds = static_cast<std::uint32_t>(static_cast<std::int64_t>(fraction * kMicro + 0.5));
+    m_microseconds =
+        static_cast<std::uint32_t>(static_cast<std::int64_t>(std::trunc(fraction * kMicro + 0.5)));
 }
 
 double CMyTime::GetMyTime() const {
