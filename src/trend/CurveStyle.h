@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+
+namespace pellam {
+
+/// How a curve's line is broken up.
+enum class CurveDash { Solid, Dash, Dot, DashDot };
+
+/// Display settings of one curve.
+struct CurveStyle {
+    int relatedScale = 0; ///< Y scale 1 to 6; 0 = none, and the curve is not drawn
+    bool visible = true;
+    QColor colour;
+    CurveDash dash = CurveDash::Solid;
+    int symbol = -1; ///< -1 = none, 0 = disc, 1 = square, 2 = triangle, 3 = cross
+};
+
+/// Colour and dash that curve `index` (from 0) starts with: the control's own for the first twelve,
+/// then hues that stay apart for colour-blind readers; dashed once all hues are used up.
+CurveStyle defaultCurveStyle(int index);
+
+/// The colour to draw a curve with on a background: the curve's own, made a little lighter or
+/// darker on a dark background on which it could not be seen.
+QColor colourOnScreen(const QColor& colour, const QColor& background);
+
+} // namespace pellam

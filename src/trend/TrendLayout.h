@@ -1,0 +1,70 @@
+#pragma once
+
+#include "trend/ScaleMap.h"
+#include "trend/TimeTicks.h"
+
+#include <QFont>
+#include <QRectF>
+#include <vector>
+
+namespace pellam {
+
+struct TrendChart;
+
+/// A Y scale that is drawn.
+struct ScaleBand {
+    int axis = 0; ///< 1 to 6
+    bool right = false;
+    QRectF rect;  ///< ticks, labels and title
+    QRectF title; ///< where the title stands, read from below
+    QRectF band;  ///< the part of the drawing area that the scale's curves use
+    ScaleMap map; ///< value to y
+    std::vector<AxisTick> ticks;
+    QString titleText; ///< shortened to fit
+};
+
+/// A curve's entry in the legend.
+struct LegendItem {
+    int curve = 0;
+    QRectF rect;   ///< what a click hits
+    QRectF swatch; ///< sample of the line
+    QRectF textRect;
+    QString text; ///< shortened to fit
+};
+
+/// Which part of the chart is at a point.
+enum class TrendPart { Nothing, Plot, TimeAxis, Scale, Legend };
+
+struct TrendHit {
+    TrendPart part = TrendPart::Nothing;
+    int index = 0; ///< axis 1 to 6 of a scale, curve of a legend entry
+};
+
+/// Where everything on a chart of a given size lies, in logical pixels. Knows no painter.
+class TrendLayout {
+  public:
+    /// Lays a chart out; the time axis gets its marks from `times`.
+    static TrendLayout compute(const TrendChart& chart, const QSizeF& size, const TimeTicks& times);
+
+    QSizeF size;
+    QFont font;
+    QFont titleFont;
+    QRectF title;    ///< empty without one
+    QRectF plot;     ///< the drawing area
+    QRectF timeAxis; ///< below it
+    QRectF legend;
+    QRectF notes;
+    QStringList noteLines; ///< shortened to fit
+    ScaleMap timeMap;      ///< time to x
+    TimeMarks timeMarks;
+    std::vector<ScaleBand> scales;
+    std::vector<LegendItem> legendItems;
+    int legendLeftOut = 0; ///< curves for which the legend has no room
+    QRectF legendMore;     ///< where their number stands
+
+    /// The band of an axis (1 to 6); null when it is not drawn.
+    const ScaleBand* scale(int axis) const;
+    TrendHit hit(const QPointF& point) const;
+};
+
+} // namespace pellam
