@@ -1,7 +1,6 @@
 #include "replay/DelimitedLoader.h"
 
 #include "base/FieldScanner.h"
-#include "base/LineReader.h"
 #include "grid/DecimalCell.h"
 #include "grid/TimeCell.h"
 #include "replay/RowCounter.h"
@@ -42,6 +41,7 @@ LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
     outcome.fileSize = reader.fileSize();
     const ProgressScope scope(m_context.progress, "Loading Pellam", "Loading...", 1,
                               std::max<std::int64_t>(1, reader.fileSize() / 500));
+    adaptSeparators(reader);
     std::string_view line;
     bool more = reader.next(line);
     if (more) {
@@ -63,6 +63,34 @@ LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
     outcome.loaded = true;
     outcome.aborted = counter.aborted();
     return outcome;
+}
+
+void DelimitedLoader::adaptSeparators(LineReader& reader) {
+    std::string_view line;
+    if (reader.next(line) && line.find(m_separator) == std::string_view::npos) {
+        std::ptrdiff_t most = 0;
+        for (const char candidate : {';', '\t', ','}) {
+            const auto count = std::count(line.begin(), line.end(), candidate);
+            if (count <= most) continue;
+            most = count;
+            m_separator = candidate;
+        }
+        if (most > 0 && reader.next(line)) m_decimal = hasDecimalComma(line) ? ',' : '.';
+    }
+    reader.rewind();
+}
+
+bool DelimitedLoader::hasDecimalComma(std::string_view line) const {
+    if (m_separator == ',') return false;
+    Cell cell;
+    FieldScanner scanner(withoutLineEnd(line), m_separator, quotesOf(line));
+    for (std::string_view field; scanner.next(field);) {
+        if (field.find(',') != std::string_view::npos &&
+            DecimalCell::packPlainly(field, ',', DecimalCell::Zeros::Keep, cell)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 FieldScanner::Quotes DelimitedLoader::quotesOf(std::string_view line) const {
@@ -114,13 +142,12 @@ void DelimitedLoader::DisplayDelimDetails(std::string_view line, RowFiller& fill
     FieldScanner scanner(line, m_separator, quotesOf(line));
     const char* begin;
     const char* end;
-    const char separator = m_context.grid.decimalSeparator();
     const CellColour colour = m_context.greyRows ? CellColour::Grey : CellColour::Black;
     for (int column = 0; column < m_columnCount && scanner.next(begin, end); ++column) {
         if (begin == end) continue;
         Cell cell;
         if (column == 0 ||
-            !DecimalCell::pack(begin, end, separator, DecimalCell::Zeros::Trim, cell)) {
+            !DecimalCell::pack(begin, end, m_decimal, DecimalCell::Zeros::Trim, cell)) {
             cell = fieldCell({begin, static_cast<std::size_t>(end - begin)}, column);
         }
         filler.set(column, cell.withColour(colour));
@@ -131,7 +158,8 @@ Cell DelimitedLoader::fieldCell(std::string_view field, int index) {
     Column& column = m_context.grid.column(index);
     Cell cell;
     if (TimeCell::pack(field, cell)) return cell;
-    if (index > 0 && ValueText::startsNumber(field)) return ValueText::fromLocale(field, column);
+    if (index > 0 && ValueText::startsNumber(field))
+        return ValueText::fromSeparator(field, m_decimal, column);
     return ValueText::fromQuoted(field, column);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FieldScanner.h"
+#include "base/LineReader.h"
 #include "grid/RowFiller.h"
 #include "replay/LoadOutcome.h"
 #include "replay/SessionLoader.h"
@@ -22,6 +23,9 @@ class DelimitedLoader {
     LoadOutcome ReadDelimFile(const std::string& path);
 
   private:
+    /// Finds out how a file is written whose first line does not have the expected separator.
+    void adaptSeparators(LineReader& reader);
+    [[nodiscard]] bool hasDecimalComma(std::string_view line) const;
     void DisplayDelimLabels(std::string_view line);
     void DisplayDelimDetails(std::string_view line, RowFiller& filler);
     Cell fieldCell(std::string_view field, int column);
@@ -30,6 +34,7 @@ class DelimitedLoader {
 
     const LoadContext& m_context;
     char m_separator;
+    char m_decimal;        ///< stands in the file's numbers
     int m_columnCount = 0; ///< columns with a heading, the time column included
     Row m_rows = 0;
     std::string m_previousLine;

@@ -50,21 +50,18 @@ bool ValueText::startsNumber(std::string_view text) {
 }
 
 Cell ValueText::fromPoint(std::string_view text, Column& column) {
+    if (text.find(',') == std::string_view::npos) return fromSeparator(text, '.', column);
     std::string value(text);
-    const char separator = column.decimalSeparator();
-    if (value.find(',') != std::string::npos) removeGrouping(value, ',', '.');
-    if (!isPlainDecimal(value, '.')) return column.pack(text);
-    trimZeros(value, '.');
-    std::replace(value.begin(), value.end(), '.', separator);
-    return column.pack(value);
+    removeGrouping(value, ',', '.');
+    return fromSeparator(value, '.', column);
 }
 
-Cell ValueText::fromLocale(std::string_view text, Column& column) {
+Cell ValueText::fromSeparator(std::string_view text, char separator, Column& column) {
     std::string value(text);
-    const char separator = column.decimalSeparator();
     if (separator != '.') removeGrouping(value, '.', separator);
     if (!isPlainDecimal(value, separator)) return column.pack(text);
     trimZeros(value, separator);
+    std::replace(value.begin(), value.end(), separator, column.decimalSeparator());
     return column.pack(value);
 }
 

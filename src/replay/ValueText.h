@@ -14,9 +14,9 @@ class ValueText {
     /// Numbers written with a point; ',' groups thousands. The cell shows the grid's separator.
     static Cell fromPoint(std::string_view text, Column& column);
 
-    /// Numbers written with the grid's own separator; where that is not '.', points group
-    /// thousands and go, unless they stand where no group ends.
-    static Cell fromLocale(std::string_view text, Column& column);
+    /// Numbers written with `separator`; where that is not '.', points group thousands and go,
+    /// unless they stand where no group ends. The cell shows the grid's separator.
+    static Cell fromSeparator(std::string_view text, char separator, Column& column);
 
     /// A text without its double quotes.
     static Cell fromQuoted(std::string_view text, Column& column);

@@ -45,6 +45,13 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
         {"returns as line ends", "a.csv", '.', ',', "Time,A\rx,1\ry,2\r", "Time|A\nx|1\ny|2"},
         {"time text as it stands", "a.csv", '.', ',', "Time,A\n25.02.2008 11:00:00.500,1\n",
          "Time|A\n25.02.2008 11:00:00.500|1"},
+        {"another country's file shows this user's numbers", "a.csv", '.', ',',
+         "Time;A;B\n" + time + ",5;1.234,50;x\n", "Time|A|B\n" + time + ",5|1234.5|x"},
+        {"and the other way round", "a.csv", ',', ';', "Time,A\n" + time + ",1.50\n",
+         "Time|A\n" + time + "|1,5"},
+        {"tabs in a .csv", "a.csv", '.', ',', "Time\tA\n" + time + "\t1.5\n",
+         "Time|A\n" + time + "|1.5"},
+        {"one column", "a.csv", '.', ',', "Time\n" + time + "\n", "Time\n" + time},
         {"empty file", "a.csv", '.', ',', "", ""},
     };
 
