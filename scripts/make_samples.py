@@ -212,7 +212,7 @@ def signed_mast():
     data = write("signed-mast.dlr", header + mast_lines("2008-06-20", 144, 5))
     # The viewer keeps as many of the last characters as the folders differ in length; with this
     # long way round to the same file the samples verify wherever they are copied.
-    location = "./" * 200 + "signed-mast.dlr"
+    location = "./" * 64 + "signed-mast.dlr"
     write("signed-mast.sig", ["<SignatureFile>", "<Version>1</Version>",
                               "<Created>2008/06/21 09:30:00</Created>",
                               f"<CRC32>{binascii.crc32(data):08X}</CRC32>",
