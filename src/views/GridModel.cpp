@@ -158,6 +158,10 @@ QVariant GridModel::cellData(int column, Row row, int role) const {
         return screenText(m_grid.text(column, row, buffer));
     case Qt::ForegroundRole:
         return textColour(m_grid.colour(column, row));
+    case Qt::TextAlignmentRole:
+        // Numbers below each other are read by their last digits.
+        if (m_grid.column(column).cell(row).kind() != Cell::Kind::Decimal) return {};
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     default:
         return {};
     }

@@ -9,6 +9,7 @@ HeadingText::HeadingText(const QString& label) : m_name(label.simplified()) {
     if (bracket < 1 || !m_name.endsWith(u')')) return;
     m_units = m_name.mid(bracket);
     m_name = m_name.left(bracket).trimmed();
+    if (m_units == QStringLiteral("()")) m_units.clear();
 }
 
 namespace {

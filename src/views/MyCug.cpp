@@ -318,8 +318,8 @@ void MyCug::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags 
     if (!m_anchor.isValid() || !(dragging || (command & QItemSelectionModel::Current))) {
         m_anchor = end;
     }
-    const auto [top, bottom] = std::minmax(m_anchor.row(), end.row());
-    const auto [left, right] = std::minmax(m_anchor.column(), end.column());
+    const auto [top, bottom] = std::minmax({m_anchor.row(), end.row()});
+    const auto [left, right] = std::minmax({m_anchor.column(), end.column()});
     selectionModel()->select(QItemSelection(m_grid.index(top, left), m_grid.index(bottom, right)),
                              command);
 }
