@@ -17,7 +17,8 @@ class DelimitedLoader {
   public:
     DelimitedLoader(const LoadContext& context, char separator)
         : m_context(context),
-          m_separator(separator) {}
+          m_separator(separator),
+          m_decimal(context.grid.decimalSeparator()) {}
 
     /// Reads the file; on a failure it is shown and the outcome says not loaded.
     LoadOutcome ReadDelimFile(const std::string& path);
