@@ -15,6 +15,7 @@ namespace pellam {
 namespace {
 
 constexpr Row kReportRows = 500;
+constexpr int kSampledLines = 100;
 
 std::string_view withoutLineEnd(std::string_view line) {
     if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
@@ -75,18 +76,22 @@ void DelimitedLoader::adaptSeparators(LineReader& reader) {
             most = count;
             m_separator = candidate;
         }
-        if (most > 0 && reader.next(line)) m_decimal = hasDecimalComma(line) ? ',' : '.';
+        if (most > 0) m_decimal = '.';
+        for (int i = 0; i < kSampledLines && m_decimal == '.' && reader.next(line); ++i) {
+            if (hasDecimalComma(withoutLineEnd(line))) m_decimal = ',';
+        }
     }
     reader.rewind();
 }
 
 bool DelimitedLoader::hasDecimalComma(std::string_view line) const {
     if (m_separator == ',') return false;
-    Cell cell;
-    FieldScanner scanner(withoutLineEnd(line), m_separator, quotesOf(line));
+    FieldScanner scanner(line, m_separator, quotesOf(line));
     for (std::string_view field; scanner.next(field);) {
-        if (field.find(',') != std::string_view::npos &&
-            DecimalCell::packPlainly(field, ',', DecimalCell::Zeros::Keep, cell)) {
+        const std::size_t comma = field.find(',');
+        if (comma == std::string_view::npos || comma == 0 || comma + 1 == field.size()) continue;
+        if (field.find_first_not_of("+-.0123456789") == comma &&
+            field.find_first_not_of("0123456789", comma + 1) == std::string_view::npos) {
             return true;
         }
     }
