@@ -58,6 +58,11 @@ std::string fileNameOf(const std::string& path) {
     return toUtf8(std::filesystem::path(path).filename().string());
 }
 
+/// Standard error is for our own messages; what Qt remarks about its surroundings is none of them.
+void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 } // namespace
 
 BatchCommand::BatchCommand(const CommandLine& line)
@@ -158,6 +163,7 @@ int runBatch(const CommandLine& line) {
     if (line.prints.empty()) return BatchCommand(line).run();
 
     // Text on paper needs fonts, and those an application object; no display is needed.
+    qInstallMessageHandler(keepQtQuiet);
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     int count = 1;
     char name[] = "pellam";

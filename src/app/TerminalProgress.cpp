@@ -25,7 +25,8 @@ TerminalProgress::TerminalProgress() : m_terminal(::isatty(STDERR_FILENO) == 1) 
     struct sigaction action {};
 
     action.sa_handler = requestStop;
-    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+    // Waiting for the other end of a pipe is given up, so nothing is restarted.
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
     sigemptyset(&action.sa_mask);
     for (std::size_t i = 0; i < std::size(kSignals); ++i) {
         ::sigaction(kSignals[i], nullptr, &m_earlier[i]);

@@ -62,7 +62,7 @@ TEST_F(BatchTest, SettingsFileDecidesTheSeparators) {
 
 TEST_F(BatchTest, InfoTellsTheFacts) {
     EXPECT_EQ(run("--info mast.csv"), 0) << m_err;
-    EXPECT_EQ(m_out, "file: mast.csv\nsize: 85\nkind: delimited\ncrypt state: 0\n"
+    EXPECT_EQ(m_out, "file: mast.csv\nsize: 88\nkind: delimited\ncrypt state: 0\n"
                      "contents type: -1\noriginator type: \ndescription: \nline count: 0\n"
                      "first time: \nlast time: \nrows: 2\nchannels: 2\ndamaged lines: 0\n"
                      "channel: Temp(degC)\nchannel: Wind(m/s)\n");
@@ -143,7 +143,7 @@ TEST_F(BatchTest, ReadOnlyFolderKeepsItsFile) {
     int status = 0;
     ::waitpid(child, &status, 0);
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0755));
-    if (::getuid() == 0) ASSERT_EQ(::seteuid(0), 0);
+    ASSERT_EQ(::seteuid(::getuid()), 0);
     EXPECT_EQ(WEXITSTATUS(status), 1);
     EXPECT_EQ(m_streams.read("err"), "mast.txt can not be written: Permission denied.\n");
     EXPECT_EQ(m_folder.read("mast.txt"), "earlier");
@@ -180,14 +180,14 @@ TEST_F(BatchTest, PrintsWithoutADisplay) {
 }
 
 TEST_F(BatchTest, RequestToEndLeavesNoHalfFile) {
-    // The pipe has no reader yet, so the program waits in the export until it is told to end.
+    // The pipe has no reader, so the program waits in the export until it is told to end.
     std::string rows = "Time,A\n";
     for (int i = 0; i < 200'000; ++i)
         rows += std::to_string(i) + ",1\n";
     m_folder.write("long.csv", rows);
     ASSERT_EQ(::mkfifo(m_folder.path("pipe.csv").c_str(), 0600), 0);
     EXPECT_EQ(run("--export pipe.csv --export out.csv long.csv & child=$!; sleep 1; "
-                  "kill -TERM $child; head -c 1 pipe.csv >/dev/null; wait $child"),
+                  "kill -TERM $child; wait $child"),
               1);
     EXPECT_EQ(m_folder.read("out.csv"), "(missing)");
     EXPECT_EQ(m_folder.list(), "house.ini long.csv mast.csv pipe.csv");
