@@ -1,0 +1,93 @@
+#include "trend/ScaleMap.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pellam {
+namespace {
+
+constexpr double farPixel = 1e6;
+
+} // namespace
+
+ScaleMap::ScaleMap(double min, double max, bool logarithmic, double pixelAtMin, double pixelAtMax)
+    : m_logarithmic(logarithmic),
+      m_pixelAtMin(pixelAtMin),
+      m_pixelAtMax(pixelAtMax) {
+    if (min > max) std::swap(min, max);
+    if (logarithmic) {
+        setLogarithmic(min, max);
+        m_origin = std::log(m_min);
+        m_factor = (pixelAtMax - pixelAtMin) / (std::log(m_max) - m_origin);
+    } else {
+        setLinear(min, max);
+        m_origin = m_min;
+        m_factor = (pixelAtMax - pixelAtMin) / (m_max - m_min);
+    }
+}
+
+void ScaleMap::setLinear(double min, double max) {
+    // Halves of the largest double, so that differences stay finite.
+    constexpr double bound = 8e307;
+    if (!std::isfinite(min) || !std::isfinite(max)) {
+        const double known = std::isfinite(min) ? min : std::isfinite(max) ? max : 0.0;
+        min = known;
+        max = std::isfinite(known) && known == 0.0 ? 1.0 : known;
+    }
+    min = std::clamp(min, -bound, bound);
+    max = std::clamp(max, -bound, bound);
+    // A range narrower than doubles can tell apart has no ticks.
+    const double narrowest = std::max(std::abs(min), std::abs(max)) * 1e-14;
+    if (max - min <= narrowest) {
+        const double half = min == 0.0 ? 1.0 : std::abs(min) * 0.05;
+        min -= half;
+        max += half;
+    }
+    m_min = min;
+    m_max = max > min ? max : min + 1.0;
+}
+
+void ScaleMap::setLogarithmic(double min, double max) {
+    if (!std::isfinite(max) || max <= 0.0) max = std::isfinite(min) && min > 0.0 ? min * 10 : 10.0;
+    if (!std::isfinite(min) || min <= 0.0) min = max / 1000;
+    min = std::clamp(min, 1e-300, 1e300);
+    max = std::clamp(max, 1e-300, 1e300);
+    if (max <= min * (1 + 1e-9)) {
+        min /= 2;
+        max *= 2;
+    }
+    m_min = min;
+    m_max = max;
+}
+
+ScaleMap ScaleMap::over(double pixelAtMin, double pixelAtMax) const {
+    return {m_min, m_max, m_logarithmic, pixelAtMin, pixelAtMax};
+}
+
+double ScaleMap::position(double value) const {
+    return m_logarithmic ? std::log(value) - m_origin : value - m_origin;
+}
+
+double ScaleMap::toPixel(double value) const {
+    if (m_logarithmic && value <= 0.0)
+        return m_pixelAtMin + (m_pixelAtMin < m_pixelAtMax ? -farPixel : farPixel);
+    const double pixel = m_pixelAtMin + position(value) * m_factor;
+    return pixel < -farPixel ? -farPixel : pixel > farPixel ? farPixel : pixel;
+}
+
+double ScaleMap::toValue(double pixel) const {
+    if (m_factor == 0.0) return m_min;
+    const double part = m_origin + (pixel - m_pixelAtMin) / m_factor;
+    return m_logarithmic ? std::exp(part) : part;
+}
+
+ScaleMap::Bounds ScaleMap::zoomed(double factor, double aroundPixel) const {
+    const auto away = [&](double pixel) { return aroundPixel + (pixel - aroundPixel) * factor; };
+    return {toValue(away(m_pixelAtMin)), toValue(away(m_pixelAtMax))};
+}
+
+ScaleMap::Bounds ScaleMap::moved(double pixels) const {
+    return {toValue(m_pixelAtMin + pixels), toValue(m_pixelAtMax + pixels)};
+}
+
+} // namespace pellam
