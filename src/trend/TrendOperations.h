@@ -6,6 +6,11 @@
 #include <memory>
 #include <optional>
 
+QT_BEGIN_NAMESPACE
+class QPainter;
+class QRectF;
+QT_END_NAMESPACE
+
 namespace pellam {
 
 /// Extent of a curve's points.
