@@ -24,4 +24,9 @@ CurveStyle defaultCurveStyle(int index);
 /// darker on a dark background on which it could not be seen.
 QColor colourOnScreen(const QColor& colour, const QColor& background);
 
+/// Contrast of two colours, 1 (equal) to 21, as WCAG 2.1 defines it.
+double colourContrast(const QColor& a, const QColor& b);
+/// A colour made lighter (on dark) or darker (on light) until it has a contrast with a background.
+QColor colourOfContrast(const QColor& colour, const QColor& background, double contrast);
+
 } // namespace pellam

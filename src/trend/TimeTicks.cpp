@@ -133,6 +133,8 @@ std::vector<ClockChange> clockChanges(double from, double to,
 
 TimeMarks TimeTicks::find(double from, double to, int labels) const {
     TimeMarks marks;
+    from = std::max(from, -61e9); // the years of four digits
+    to = std::min(to, 252e9);
     if (!(from < to)) return marks;
     const CalendarStep step = calendarStep(to - from, labels);
     // A mark before the span may decide on a local midnight inside it.

@@ -11,6 +11,13 @@ namespace pellam {
 
 struct TrendChart;
 
+/// A text of an axis at its place.
+struct AxisLabel {
+    QRectF rect;
+    QString text;
+    bool context = false; ///< second line of the time axis
+};
+
 /// A Y scale that is drawn.
 struct ScaleBand {
     int axis = 0; ///< 1 to 6
@@ -20,7 +27,8 @@ struct ScaleBand {
     QRectF band;  ///< the part of the drawing area that the scale's curves use
     ScaleMap map; ///< value to y
     std::vector<AxisTick> ticks;
-    QString titleText; ///< shortened to fit
+    std::vector<AxisLabel> labels; ///< those of the ticks that find room
+    QString titleText;             ///< shortened to fit
 };
 
 /// A curve's entry in the legend.
@@ -57,6 +65,7 @@ class TrendLayout {
     QStringList noteLines; ///< shortened to fit
     ScaleMap timeMap;      ///< time to x
     TimeMarks timeMarks;
+    std::vector<AxisLabel> timeLabels;
     std::vector<ScaleBand> scales;
     std::vector<LegendItem> legendItems;
     int legendLeftOut = 0; ///< curves for which the legend has no room

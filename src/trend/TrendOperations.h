@@ -2,6 +2,7 @@
 
 #include "trend/TrendChart.h"
 #include "trend/TrendFont.h"
+#include "trend/TrendRanges.h"
 
 #include <memory>
 #include <optional>
@@ -125,6 +126,9 @@ class TrendOperations {
     void SaveTrend();
     void RestoreTrend();
 
+    /// The ranges that were last set by operations: what zooming to everything comes back to.
+    const TrendRanges& homeRanges() const { return m_home; }
+
     /// Draws the chart into a rectangle of a painter's units with the settings as they are, on
     /// white where no background colour is set.
     void PrintTrend(QPainter& painter, const QRectF& target) const;
@@ -133,7 +137,7 @@ class TrendOperations {
     /// What an operation has touched.
     enum class Change {
         Display, ///< settings
-        Range,   ///< what zooming to everything comes back to
+        Range,   ///< shown ranges
         Data     ///< points
     };
 
@@ -163,6 +167,7 @@ class TrendOperations {
     template <typename Value>
     void setSetting(Value& setting, const Value& value);
 
+    TrendRanges m_home;
     std::vector<CurveExtras> m_extras;
     std::vector<TrendState> m_saved;
     int m_locks = 0;

@@ -29,7 +29,8 @@ struct TrendState {
     bool legend = true;   ///< false = neither
     int followModeButton = 0;   ///< kept only
     int drawMultithreaded = -1; ///< kept only
-    bool dockingScales = true;  ///< scales in the colour of their only curve
+    bool dockingScales = true;  ///< kept only
+    bool colourScales = true;   ///< a black scale that carries one curve takes its colour
     bool breakGaps = true;      ///< no line across more than three times a curve's usual step
     QString fontName = QStringLiteral("Verdana");
     double fontScaleFactor = 0.5;   ///< 0.1 to 1.0

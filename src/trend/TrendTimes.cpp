@@ -69,6 +69,7 @@ std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int co
         found = next;
         starts.push_back(found);
     }
+    starts.back() = upperBound(to);
     return starts;
 }
 

@@ -39,8 +39,8 @@ class TrendTimes {
     /// Index of the first time after the given one; size() when there is none.
     std::size_t upperBound(double time) const;
 
-    /// For `columns` equal columns of the span from..to (to exclusive): the index of the first time
-    /// at or after each column's left border, and of the end; columns + 1 entries.
+    /// For `columns` equal columns of the span from..to: the index of the first time at or after
+    /// each column's left border; then that of the first time after `to`. columns + 1 entries.
     std::vector<std::size_t> columnStarts(double from, double to, int columns) const;
 
   private:
