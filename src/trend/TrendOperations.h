@@ -85,13 +85,13 @@ class TrendOperations {
     std::optional<CurveDataRange> GetDataRange(int curve) const;
 
     // Y scales.
-    void SetYScEnabled(int axis, int enabled);
+    void SetYScEnabled(int axis, int on);
     int GetYScEnabled(int axis) const;
     void SetYScText(int axis, const QString& text);
     QString GetYScText(int axis) const;
-    void SetYScUserDialogEnabled(int axis, int enabled);
-    void SetYScDlgLogarithmic(int axis, int enabled);
-    void SetYScLogarithmic(int axis, int logarithmic);
+    void SetYScUserDialogEnabled(int axis, int on);
+    void SetYScDlgLogarithmic(int axis, int on);
+    void SetYScLogarithmic(int axis, int on);
     int GetYScLogarithmic(int axis) const;
     void SetYScRangeRes(int axis, double resolution);
     double GetYScRangeRes(int axis) const;
