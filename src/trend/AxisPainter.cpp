@@ -1,0 +1,228 @@
+#include "trend/AxisPainter.h"
+
+#include "trend/TrendChart.h"
+
+#include <QFontMetricsF>
+#include <QLocale>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace pellam {
+namespace {
+
+QList<qreal> dashPattern(CurveDash dash) {
+    switch (dash) {
+    case CurveDash::Dash:
+        return {3, 1};
+    case CurveDash::Dot:
+        return {1, 1};
+    case CurveDash::DashDot:
+        return {4, 1, 2, 1};
+    case CurveDash::Solid:
+        break;
+    }
+    return {};
+}
+
+} // namespace
+
+AxisPainter::AxisPainter(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
+                         const TrendTheme& theme, double pixels)
+    : m_painter(painter),
+      m_chart(chart),
+      m_layout(layout),
+      m_theme(theme),
+      m_pixels(pixels),
+      m_hair(pixels > 0 ? std::max(1.0, std::floor(pixels)) / pixels : 0.7) {
+    const QFontMetricsF metrics(layout.font);
+    m_ascent = metrics.ascent();
+    m_tick = std::round(metrics.height() * 0.4);
+}
+
+// Filled and not stroked: a rectangle on whole pixels is crisp.
+void AxisPainter::horizontal(double y, double left, double right, const QColor& colour) {
+    if (m_pixels > 0) y = std::floor(y * m_pixels + 1e-6) / m_pixels;
+    m_painter.fillRect(QRectF(left, y, right - left, m_hair), colour);
+}
+
+void AxisPainter::vertical(double x, double top, double bottom, const QColor& colour) {
+    if (m_pixels > 0) x = std::floor(x * m_pixels + 1e-6) / m_pixels;
+    m_painter.fillRect(QRectF(x, top, m_hair, bottom - top), colour);
+}
+
+void AxisPainter::text(const QRectF& rect, const QString& text, const QColor& colour) {
+    m_painter.setPen(colour);
+    m_painter.drawText(QPointF(rect.left(), rect.top() + m_ascent), text);
+}
+
+QColor AxisPainter::scaleColour(int axis) const {
+    const TrendScale& scale = *m_chart.scale(axis);
+    if (scale.foreColor.isValid() && scale.foreColor != QColor(0, 0, 0))
+        return colourOfContrast(scale.foreColor, m_theme.background, 3.5);
+    const TrendCurve* only = m_chart.state.colourScales ? m_chart.onlyCurve(axis) : nullptr;
+    return only ? colourOfContrast(only->style().colour, m_theme.background, 3.5) : m_theme.text;
+}
+
+void AxisPainter::drawBehind() {
+    m_painter.fillRect(QRectF(QPointF(), m_layout.size), m_theme.background);
+    m_painter.fillRect(m_layout.plot, m_theme.plot);
+    drawGrid();
+}
+
+void AxisPainter::drawGrid() {
+    const QRectF& plot = m_layout.plot;
+    const auto inside = [&](double x) { return x > plot.left() + 1 && x < plot.right() - 1; };
+    for (const AxisTick& tick : m_layout.timeMarks.ticks) {
+        const double x = m_layout.timeMap.toPixel(tick.value);
+        if (tick.major && inside(x)) vertical(x, plot.top(), plot.bottom(), m_theme.grid);
+    }
+    for (std::size_t i = 0; i < m_layout.scales.size(); ++i) {
+        const ScaleBand& band = m_layout.scales[i];
+        const auto overlaps = [&](const ScaleBand& other) {
+            return other.band.intersects(band.band);
+        };
+        const auto begin = m_layout.scales.begin();
+        // Lines of two scales over one another would help nobody.
+        if (std::any_of(begin, begin + static_cast<std::ptrdiff_t>(i), overlaps)) continue;
+        for (const AxisTick& tick : band.ticks) {
+            const double y = band.map.toPixel(tick.value);
+            if (y < band.band.top() + 1 || y > band.band.bottom() - 1) continue;
+            if (tick.major)
+                horizontal(y, plot.left(), plot.right(), m_theme.grid);
+            else if (band.map.logarithmic())
+                horizontal(y, plot.left(), plot.right(), m_theme.minorGrid);
+        }
+        if (band.band.top() > plot.top() + 1)
+            m_painter.fillRect(QRectF(plot.left(), band.band.top() - m_tick, plot.width(), m_tick),
+                               m_theme.background);
+    }
+}
+
+void AxisPainter::drawScale(const ScaleBand& band) {
+    if (!m_chart.scale(band.axis)->position.visible) return;
+    const QColor colour = scaleColour(band.axis);
+    const bool coloured = colour != m_theme.text;
+    const QColor line = coloured ? colour : m_theme.line;
+    const double edge = band.right ? band.rect.left() : band.rect.right() - m_hair;
+    vertical(edge, band.band.top(), band.band.bottom() + m_hair, line);
+    for (const AxisTick& tick : band.ticks) {
+        const double y = std::min(band.map.toPixel(tick.value), band.band.bottom());
+        const double length = tick.major ? m_tick : m_tick / 2;
+        if (band.right)
+            horizontal(y, edge, edge + length, line);
+        else
+            horizontal(y, edge - length, edge, line);
+    }
+    for (const AxisLabel& label : band.labels)
+        text(label.rect, label.text, m_theme.text);
+    if (band.titleText.isEmpty()) return;
+    m_painter.save();
+    m_painter.translate(band.title.center());
+    m_painter.rotate(-90);
+    const QFontMetricsF metrics(m_layout.font);
+    const double width = metrics.horizontalAdvance(band.titleText);
+    text(QRectF(-width / 2, -metrics.height() / 2, width, metrics.height()), band.titleText,
+         colour);
+    m_painter.restore();
+}
+
+void AxisPainter::drawTimeAxis() {
+    const QRectF& axis = m_layout.timeAxis;
+    horizontal(axis.top(), axis.left(), axis.right(), m_theme.line);
+    for (const AxisTick& tick : m_layout.timeMarks.ticks) {
+        const double x = std::min(m_layout.timeMap.toPixel(tick.value), axis.right() - m_hair);
+        vertical(x, axis.top(), axis.top() + (tick.major ? m_tick : m_tick / 2), m_theme.line);
+    }
+    for (const AxisLabel& label : m_layout.timeLabels)
+        text(label.rect, label.text, label.context ? m_theme.faintText : m_theme.text);
+}
+
+void AxisPainter::drawClockChanges() {
+    const QRectF& plot = m_layout.plot;
+    const QFontMetricsF metrics(m_layout.font);
+    for (const ClockChange& change : m_layout.timeMarks.changes) {
+        const double x = m_layout.timeMap.toPixel(change.time);
+        const double dash = std::max(2.0, m_tick);
+        for (double y = plot.top(); y < plot.bottom(); y += 2 * dash)
+            vertical(x, y, std::min(y + dash, plot.bottom()), m_theme.clockChange);
+        const double width = metrics.horizontalAdvance(change.label);
+        const double left = x + width + 8 > plot.right() ? x - width - 6 : x + 6;
+        const QRectF rect(left, plot.top() + 2, width, metrics.height());
+        boxAround(rect.adjusted(-2, 0, 2, 0), m_theme.plot);
+        text(rect, change.label, m_theme.clockChange);
+    }
+}
+
+void AxisPainter::boxAround(const QRectF& rect, const QColor& fill) {
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(fill);
+    m_painter.drawRoundedRect(rect, 3, 3);
+}
+
+void AxisPainter::drawLegendItem(const LegendItem& item) {
+    const CurveStyle& style = m_chart.curves[static_cast<std::size_t>(item.curve)].style();
+    const bool button = m_chart.state.curveButtons != 0;
+    if (button) {
+        m_painter.setPen(QPen(
+            style.visible ? m_theme.grid.darker(m_theme.isDark() ? 60 : 112) : m_theme.grid, 1));
+        m_painter.setBrush(style.visible ? m_theme.plot : m_theme.background);
+        m_painter.drawRoundedRect(item.rect.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    }
+    const QPointF left(item.swatch.left() + 1, item.swatch.center().y());
+    const QPointF right(item.swatch.right() - 1, left.y());
+    const QColor& behind = button && style.visible ? m_theme.plot : m_theme.background;
+    const QColor colour = style.visible ? colourOnScreen(style.colour, behind) : m_theme.grid;
+    if (style.visible && colourContrast(colour, behind) < 1.7) {
+        m_painter.setPen(
+            QPen(colourOfContrast(colour, behind, 3), 4.4, Qt::SolidLine, Qt::FlatCap));
+        m_painter.drawLine(left, right);
+    }
+    QPen pen(colour, 3, Qt::SolidLine, Qt::FlatCap);
+    if (style.dash != CurveDash::Solid) pen.setDashPattern(dashPattern(style.dash));
+    m_painter.setPen(pen);
+    m_painter.drawLine(left, right);
+    QRectF rect = item.textRect;
+    rect.setTop(std::round(rect.center().y() - QFontMetricsF(m_layout.font).height() / 2));
+    text(rect, item.text, style.visible ? m_theme.text : m_theme.faintText);
+}
+
+void AxisPainter::drawLegend() {
+    for (const LegendItem& item : m_layout.legendItems)
+        drawLegendItem(item);
+    if (m_layout.legendLeftOut == 0) return;
+    QRectF rect = m_layout.legendMore;
+    rect.setTop(std::round(rect.center().y() - QFontMetricsF(m_layout.font).height() / 2));
+    text(rect, QStringLiteral("+ %1").arg(m_layout.legendLeftOut), m_theme.faintText);
+}
+
+void AxisPainter::drawTexts() {
+    const QFontMetricsF metrics(m_layout.font);
+    QRectF line(m_layout.notes.topLeft(), QSizeF(m_layout.notes.width(), metrics.height()));
+    for (const QString& note : m_layout.noteLines) {
+        text(line, note, m_theme.faintText);
+        line.translate(0, std::ceil(metrics.height()));
+    }
+    if (m_layout.title.isEmpty()) return;
+    const QFontMetricsF large(m_layout.titleFont);
+    const QString title =
+        large.elidedText(m_chart.state.title, Qt::ElideRight, m_layout.title.width());
+    m_painter.setFont(m_layout.titleFont);
+    m_painter.setPen(m_theme.text);
+    const double x = m_layout.title.center().x() - large.horizontalAdvance(title) / 2;
+    m_painter.drawText(QPointF(x, m_layout.title.top() + large.ascent()), title);
+    m_painter.setFont(m_layout.font);
+}
+
+void AxisPainter::drawFront() {
+    m_painter.setFont(m_layout.font);
+    for (const ScaleBand& band : m_layout.scales)
+        drawScale(band);
+    drawTimeAxis();
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    drawClockChanges();
+    drawLegend();
+    drawTexts();
+}
+
+} // namespace pellam

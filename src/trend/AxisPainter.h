@@ -1,0 +1,48 @@
+#pragma once
+
+#include "trend/TrendLayout.h"
+#include "trend/TrendTheme.h"
+
+QT_BEGIN_NAMESPACE
+class QPainter;
+QT_END_NAMESPACE
+
+namespace pellam {
+
+/// Draws everything of a chart but its curves.
+class AxisPainter {
+  public:
+    /// `pixels`: the target's pixels per logical pixel, on which lines are put; 0 = it has none.
+    AxisPainter(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
+                const TrendTheme& theme, double pixels);
+
+    /// Backgrounds and grid lines.
+    void drawBehind();
+    /// Axes, labels, titles, legend and notes.
+    void drawFront();
+
+  private:
+    void drawGrid();
+    void drawScale(const ScaleBand& band);
+    void drawTimeAxis();
+    void drawClockChanges();
+    void drawLegend();
+    void drawLegendItem(const LegendItem& item);
+    void drawTexts();
+    void horizontal(double y, double left, double right, const QColor& colour);
+    void vertical(double x, double top, double bottom, const QColor& colour);
+    void text(const QRectF& rect, const QString& text, const QColor& colour);
+    void boxAround(const QRectF& rect, const QColor& fill);
+    QColor scaleColour(int axis) const;
+
+    QPainter& m_painter;
+    const TrendChart& m_chart;
+    const TrendLayout& m_layout;
+    const TrendTheme& m_theme;
+    double m_pixels;
+    double m_hair; ///< width of a thin line
+    double m_ascent;
+    double m_tick; ///< length of a major mark
+};
+
+} // namespace pellam

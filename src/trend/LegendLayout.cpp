@@ -1,0 +1,77 @@
+#include "trend/LegendLayout.h"
+
+#include "trend/TrendChart.h"
+#include "trend/TrendLayout.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+
+namespace pellam {
+namespace {
+
+bool isListed(const TrendChart& chart, const TrendCurve& curve) {
+    const TrendScale* scale = chart.scale(curve.style().relatedScale);
+    if (!scale || !scale->enabled || (curve.text().isEmpty() && curve.empty())) return false;
+    return chart.state.curveButtons != 0 || curve.style().visible;
+}
+
+// One entry with its left upper corner at 0, 0.
+LegendItem entry(const TrendCurve& curve, int index, const QFontMetricsF& metrics) {
+    const double em = metrics.height();
+    LegendItem item;
+    item.curve = index;
+    item.text = metrics.elidedText(curve.text(), Qt::ElideRight, 14 * em);
+    const double width = metrics.horizontalAdvance(item.text) + 2;
+    const double height = std::ceil(em * 1.4);
+    item.swatch = QRectF(0.45 * em, 0, 1.3 * em, height);
+    item.textRect = QRectF(item.swatch.right() + 0.4 * em, 0, width, height);
+    item.rect = QRectF(0, 0, std::ceil(item.textRect.right() + 0.5 * em), height);
+    return item;
+}
+
+void move(LegendItem& item, const QPointF& by) {
+    item.rect.translate(by);
+    item.swatch.translate(by);
+    item.textRect.translate(by);
+}
+
+} // namespace
+
+void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layout) {
+    layout.legend = QRectF(0, top, layout.size.width(), 0);
+    if (!chart.state.legend) return;
+    const QFontMetricsF metrics(layout.font);
+    const double gap = std::round(metrics.height() * 0.3);
+    const double left = std::round(metrics.height() * 0.6);
+    const double right = layout.size.width() - left;
+    const double lowest = top + std::max(metrics.height() * 1.5, layout.size.height() / 4);
+    const double moreWidth = metrics.horizontalAdvance(QStringLiteral("+ 1000 ")) + gap;
+    QPointF at(left, top);
+    int listed = 0;
+    for (std::size_t i = 0; i < chart.curves.size(); ++i) {
+        if (!isListed(chart, chart.curves[i])) continue;
+        ++listed;
+        if (layout.legendLeftOut > 0) {
+            ++layout.legendLeftOut;
+            continue;
+        }
+        LegendItem item = entry(chart.curves[i], static_cast<int>(i), metrics);
+        const double height = item.rect.height();
+        if (at.x() > left && at.x() + item.rect.width() > right)
+            at = QPointF(left, at.y() + height + gap);
+        const bool lastRow = at.y() + 2 * height + gap > lowest;
+        if (at.y() + height > lowest + 1 ||
+            (lastRow && at.x() > left && at.x() + item.rect.width() + moreWidth > right)) {
+            layout.legendLeftOut = 1;
+            layout.legendMore = QRectF(at, QSizeF(moreWidth, height));
+            continue;
+        }
+        move(item, at);
+        at.rx() += item.rect.width() + gap;
+        layout.legend.setBottom(item.rect.bottom());
+        layout.legendItems.push_back(std::move(item));
+    }
+    if (listed == 0) layout.legend.setHeight(0);
+}
+
+} // namespace pellam

@@ -1,0 +1,151 @@
+#include "trend/ScaleLayout.h"
+
+#include "trend/DecimalTicks.h"
+#include "trend/LogTicks.h"
+#include "trend/TrendChart.h"
+#include "trend/TrendLayout.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+namespace pellam {
+namespace {
+
+std::vector<ScaleBand> shownScales(const TrendChart& chart) {
+    std::vector<ScaleBand> bands;
+    for (int axis = 1; axis <= trendScaleCount; ++axis) {
+        const TrendScale& scale = *chart.scale(axis);
+        if (!scale.enabled) continue;
+        ScaleBand band;
+        band.axis = axis;
+        band.right = scale.position.side != 0;
+        bands.push_back(band);
+    }
+    const auto order = [&](const ScaleBand& band) {
+        const ScalePosition& at = chart.scale(band.axis)->position;
+        return std::tuple(at.side, at.column, at.position, band.axis);
+    };
+    std::sort(bands.begin(), bands.end(),
+              [&](const ScaleBand& a, const ScaleBand& b) { return order(a) < order(b); });
+    return bands;
+}
+
+int percent(const TrendChart& chart, const ScaleBand& band) {
+    return std::clamp(chart.scale(band.axis)->position.heightPercent, 1, 100);
+}
+
+// Percents are whole numbers: what six times 16 leaves over is shared out.
+double stretch(int total) {
+    return total >= 95 && total < 100 ? 100.0 / total : 1.0;
+}
+
+void placeBands(const TrendChart& chart, std::vector<ScaleBand>& bands, const QRectF& plot,
+                double gap) {
+    int total = 0;
+    for (const ScaleBand& band : bands)
+        total += percent(chart, band);
+    const bool strip = total <= 100 && bands.size() > 1;
+    double start = 0;
+    std::pair<int, int> column{-1, -1};
+    for (ScaleBand& band : bands) {
+        const ScalePosition& at = chart.scale(band.axis)->position;
+        if (!strip && column != std::pair(at.side, at.column)) start = 0;
+        column = {at.side, at.column};
+        const double part = percent(chart, band) * (strip ? stretch(total) : 1.0) / 100;
+        const double end = std::min(1.0, start + part);
+        const double top = plot.top() + std::round(plot.height() * start) + (start > 0 ? gap : 0);
+        const double bottom = plot.top() + std::round(plot.height() * end);
+        band.band = QRectF(plot.left(), top, plot.width(), std::max(1.0, bottom - top));
+        start = std::min(end, 0.99);
+    }
+}
+
+void findTicks(const TrendScale& scale, ScaleBand& band, const QFontMetricsF& metrics) {
+    band.map = scale.map(band.band.bottom(), band.band.top());
+    const int labels = static_cast<int>(band.band.height() / (metrics.height() * 2.4)) + 1;
+    band.ticks = band.map.logarithmic()
+                     ? LogTicks::find(band.map.min(), band.map.max(), labels)
+                     : DecimalTicks::find(band.map.min(), band.map.max(), labels);
+}
+
+double labelWidth(const ScaleBand& band, const QFontMetricsF& metrics) {
+    double width = metrics.horizontalAdvance(QStringLiteral("0000"));
+    for (const AxisTick& tick : band.ticks)
+        width = std::max(width, metrics.horizontalAdvance(tick.label));
+    const double grain =
+        std::max(4.0, metrics.height() / 2); // so that zooming seldom moves the plot
+    return std::ceil(width / grain) * grain;
+}
+
+void placeLabels(ScaleBand& band, const QFontMetricsF& metrics, double tickLength) {
+    const double height = metrics.height();
+    double above = 1e9; // top of the label placed last, from below
+    for (const AxisTick& tick : band.ticks) {
+        if (tick.label.isEmpty()) continue;
+        double top = std::round(band.map.toPixel(tick.value) - height / 2);
+        top = std::clamp(top, band.band.top() - height * 0.45,
+                         std::max(band.band.top(), band.band.bottom() - height * 0.55));
+        if (top + height * 0.9 > above) continue;
+        above = top;
+        const double width = metrics.horizontalAdvance(tick.label) + 1;
+        const double x = band.right ? band.rect.left() + tickLength + 3
+                                    : band.rect.right() - tickLength - 3 - width;
+        band.labels.push_back({QRectF(x, top, width, height), tick.label, false});
+    }
+}
+
+void placeTitle(const TrendScale& scale, ScaleBand& band, const QFontMetricsF& metrics) {
+    const double height = std::ceil(metrics.height());
+    band.titleText = metrics.elidedText(scale.text, Qt::ElideRight, band.band.height());
+    const double x = band.right ? band.rect.right() - height - 2 : band.rect.left() + 2;
+    band.title = QRectF(x, band.band.top(), height, band.band.height());
+}
+
+} // namespace
+
+void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
+    const QFontMetricsF metrics(layout.font);
+    const double tickLength = std::round(metrics.height() * 0.4);
+    layout.scales = shownScales(chart);
+    placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.55));
+
+    std::map<std::pair<bool, int>, double> widths; // of each column, nearest to the plot first
+    for (ScaleBand& band : layout.scales) {
+        const TrendScale& scale = *chart.scale(band.axis);
+        findTicks(scale, band, metrics);
+        if (!scale.position.visible) continue;
+        const double title = scale.text.isEmpty() ? 0 : std::ceil(metrics.height()) + 2;
+        double& width = widths[{band.right, scale.position.column}];
+        width = std::max(width, std::ceil(tickLength + labelWidth(band, metrics) + title + 8));
+    }
+    double left = layout.plot.left();
+    double right = layout.plot.right();
+    for (const auto& [column, width] : widths)
+        (column.first ? right : left) += column.first ? -width : width;
+    layout.plot.setLeft(std::min(left, layout.size.width() - 2));
+    layout.plot.setRight(std::max(right, layout.plot.left() + 1));
+
+    for (ScaleBand& band : layout.scales) {
+        const TrendScale& scale = *chart.scale(band.axis);
+        band.band.setLeft(layout.plot.left());
+        band.band.setRight(layout.plot.right());
+        if (!scale.position.visible) {
+            band.ticks.clear();
+            continue;
+        }
+        double nearer = 0;
+        for (const auto& [column, width] : widths)
+            if (column.first == band.right && column.second < scale.position.column)
+                nearer += width;
+        const double width = widths[{band.right, scale.position.column}];
+        const double x =
+            band.right ? layout.plot.right() + nearer : layout.plot.left() - nearer - width;
+        band.rect = QRectF(x, band.band.top(), width, band.band.height());
+        placeLabels(band, metrics, tickLength);
+        placeTitle(scale, band, metrics);
+    }
+}
+
+} // namespace pellam
