@@ -22,20 +22,22 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
+bool isGeneral(std::string_view section) {
+    static constexpr std::string_view kName = "general";
+    return std::equal(section.begin(), section.end(), kName.begin(), kName.end(),
+                      [](char c, char lower) { return (c | 0x20) == lower; });
+}
+
 /// The section's name as paths carry it; [General] holds the paths without one.
 std::string sectionOf(std::string_view raw) {
-    std::string lower(raw);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    if (lower == "general") return {};
-    if (lower == "%general") return std::string(raw.substr(1));
+    if (isGeneral(raw)) return {};
+    if (raw.starts_with('%') && isGeneral(raw.substr(1))) return std::string(raw.substr(1));
     return unescapeIniKey(raw);
 }
 
 std::string headerOf(std::string_view section) {
     if (section.empty()) return "[General]";
-    if (section == "General") return "[%General]";
-    return '[' + escapeIniKey(section) + ']';
+    return (isGeneral(section) ? "[%" + std::string(section) : '[' + escapeIniKey(section)) + ']';
 }
 
 std::string_view sectionPart(std::string_view path) {
@@ -165,37 +167,54 @@ void IniFile::setBytes(std::string_view path, std::string_view bytes) {
 }
 
 void IniFile::setRaw(std::string_view path, const std::string& rawValue) {
+    if (path.empty()) return;
     const std::string_view section = sectionPart(path);
     Line entry{escapeIniKey(keyPart(path)) + '=', std::string(section), std::string(path), 0};
     entry.valueAt = entry.raw.size();
     entry.raw += rawValue;
     if (m_carriageReturns) entry.raw += '\r';
 
-    if (const Line* const old = find(path)) {
-        m_lines[static_cast<std::size_t>(old - m_lines.data())] = std::move(entry);
-        return;
+    if (!replace(entry)) insert(std::move(entry));
+}
+
+/// Puts an entry in the place of the one with its path. A path can also come from a key with a '/'
+/// of its own in another section, and it can occur twice: only the entry stays.
+bool IniFile::replace(Line& entry) {
+    const auto samePath = [path = entry.path](const Line& line) { return line.path == path; };
+    const auto old = std::find_if(m_lines.begin(), m_lines.end(), [&](const Line& line) {
+        return samePath(line) && line.section == entry.section;
+    });
+    if (old == m_lines.end()) {
+        std::erase_if(m_lines, samePath);
+        return false;
     }
-    // Behind the section's last line that says something, so that blank lines stay between
-    // sections. Lines before the first header count as [General], but need a header of their own.
-    std::size_t at = 0;
-    bool inSection = false;
+    std::swap(*old, entry);
+    m_lines.erase(std::remove_if(old + 1, m_lines.end(), samePath), m_lines.end());
+    m_lines.erase(std::remove_if(m_lines.begin(), old, samePath), old);
+    return true;
+}
+
+/// Adds an entry behind its section's last line that says something, so that blank lines stay
+/// between sections. Lines before the first header count as [General].
+void IniFile::insert(Line entry) {
+    const std::string& section = entry.section;
+    std::size_t behind = 0;
+    bool hasSection = false;
     for (std::size_t i = 0; i < m_lines.size(); ++i) {
         const Line& line = m_lines[i];
-        if (line.section == section && !trimmed(line.raw).empty()) {
-            inSection = inSection || trimmed(line.raw).starts_with('[') || !line.path.empty();
-            at = i + 1;
+        if (line.section != section || trimmed(line.raw).empty()) continue;
+        hasSection = hasSection || trimmed(line.raw).starts_with('[') || !line.path.empty();
+        behind = i + 1;
+    }
+    if (!hasSection) {
+        const std::string end = m_carriageReturns ? "\r" : "";
+        if (!m_lines.empty() && !trimmed(m_lines.back().raw).empty()) {
+            m_lines.push_back({end, m_lines.back().section, {}, 0});
         }
+        m_lines.push_back({headerOf(section) + end, section, {}, 0});
+        behind = m_lines.size();
     }
-    if (inSection) {
-        m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(at), std::move(entry));
-        return;
-    }
-    const std::string end = m_carriageReturns ? "\r" : "";
-    if (!m_lines.empty() && !trimmed(m_lines.back().raw).empty()) {
-        m_lines.push_back({end, m_lines.back().section, {}, 0});
-    }
-    m_lines.push_back({headerOf(section) + end, std::string(section), {}, 0});
-    m_lines.push_back(std::move(entry));
+    m_lines.insert(m_lines.begin() + static_cast<std::ptrdiff_t>(behind), std::move(entry));
 }
 
 bool IniFile::remove(std::string_view path) {

@@ -51,6 +51,8 @@ class IniFile {
 
     [[nodiscard]] const Line* find(std::string_view path) const;
     void setRaw(std::string_view path, const std::string& rawValue);
+    bool replace(Line& entry);
+    void insert(Line entry);
     void append(std::string_view raw, std::string& section);
 
     std::vector<Line> m_lines;

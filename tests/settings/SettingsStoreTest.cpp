@@ -140,6 +140,18 @@ TEST_F(SettingsStoreTest, DamagedFileGivesDefaultsAndKeepsItsBytes) {
     EXPECT_EQ(m_store.GetProfileInt("Default", "a", 5), 2);
 }
 
+TEST_F(SettingsStoreTest, PathsThatOtherSectionsSpellToo) {
+    givenFile("software/x=1\n[software]\nx=2\nx=3\n[a\\b]\nc=4\n");
+    EXPECT_EQ(m_store.value("software/x"), "3");
+    EXPECT_TRUE(m_store.setValue("software/x", "5"));
+    EXPECT_EQ(m_store.value("a/b/c"), "4");
+    EXPECT_TRUE(m_store.setValue("a/b/c", "6"));
+    EXPECT_TRUE(m_store.setValue("General/x", "7"));
+    EXPECT_TRUE(m_store.setValue("x", "8"));
+    EXPECT_EQ(file(), "[software]\nx=5\n[a\\b]\n\n[a]\nb\\c=6\n\n[%General]\nx=7\n"
+                      "\n[General]\nx=8\n");
+}
+
 TEST_F(SettingsStoreTest, InternationalGroupOverridesTheLocale) {
     givenFile("\xEF\xBB\xBF[intl]\nsDecimal=,\nsList=;\nsShortDate=yyyy-MM-dd\n");
     const auto settings = m_store.international({});
