@@ -74,7 +74,8 @@ class FieldScanner {
 #if defined(__SSE2__)
         const __m128i wanted = _mm_set1_epi8(m_separator);
         for (int i = 0; i < 4; ++i) {
-            const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + 16 * i));
+            const __m128i bytes =
+                _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + std::ptrdiff_t{16} * i));
             const auto bits =
                 static_cast<std::uint32_t>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, wanted)));
             mask |= static_cast<std::uint64_t>(bits) << 16 * i;

@@ -13,7 +13,7 @@ constexpr std::size_t kSlabBytes = std::size_t{8} << 20;
 constexpr std::size_t kChunkBytes = ChunkPool::kChunkCells * sizeof(Cell);
 // Columns are filled side by side, a row at a time. Chunks a power of two apart would all fall on
 // the same few cache sets; three more lines between them spread them out.
-constexpr std::size_t kStride = kChunkBytes + 3 * 64;
+constexpr std::size_t kStride = kChunkBytes + 192;
 constexpr std::size_t kChunksInSlab = kSlabBytes / kStride;
 
 } // namespace
