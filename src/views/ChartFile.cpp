@@ -1,0 +1,47 @@
+#include "views/ChartFile.h"
+
+#include "base/AtomicFile.h"
+#include "trend/TrendExport.h"
+#include "trend/TrendOperations.h"
+#include "views/PaperLayout.h"
+
+#include <QBuffer>
+
+namespace pellam {
+
+namespace {
+
+/// The file's content; empty when the chart could not be drawn.
+QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize& size) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const TrendTheme theme = TrendTheme::paper();
+    bool written = false;
+    if (path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive)) {
+        written = writeChartSvg(buffer, chart, size, theme);
+    } else if (path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
+        written = writeChartPdf(buffer, chart, size, theme);
+    } else {
+        written = chartImage(chart, size, theme).save(&buffer, "PNG");
+    }
+    return written ? bytes : QByteArray();
+}
+
+} // namespace
+
+Failure writeChartFile(TrendOperations& trend, const std::string& path, const QSize& size) {
+    QByteArray bytes;
+    {
+        const PaperLayout paper(trend);
+        bytes = chartBytes(trend.chart(), QString::fromStdString(path), size);
+    }
+    if (bytes.isEmpty()) return {Failure::Kind::Write, path, -1, "the chart could not be drawn"};
+    AtomicFile file;
+    if (Failure failure = file.create(path)) return failure;
+    if (Failure failure = file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())}))
+        return failure;
+    return file.commit();
+}
+
+} // namespace pellam

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/Failure.h"
+
+#include <QSize>
+
+#include <string>
+
+namespace pellam {
+
+class TrendOperations;
+
+/// Draws a chart in its layout for paper to a file, of a kind by its extension: .svg, .pdf, else
+/// PNG. `size` is in pixels, 96 to the inch. The target is replaced as a whole. Needs an
+/// application object with a (perhaps invisible) screen.
+[[nodiscard]] Failure writeChartFile(TrendOperations& trend, const std::string& path,
+                                     const QSize& size);
+
+} // namespace pellam
