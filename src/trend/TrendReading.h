@@ -10,7 +10,7 @@ namespace pellam {
 struct CurveSample;
 struct TrendMarks;
 struct ReadoutContent;
-struct TrendLayout;
+class TrendLayout;
 
 /// Puts values of the drawn curves into words: at the crosshair, between the cursors, in the lasso.
 /// A curve's value at a time is that of its last sample at or before it.

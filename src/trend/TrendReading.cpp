@@ -1,0 +1,211 @@
+#include "trend/TrendReading.h"
+
+#include "trend/CurveReader.h"
+#include "trend/DecimalTicks.h"
+#include "trend/ReadoutContent.h"
+#include "trend/TrendLayout.h"
+#include "trend/TrendMarks.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+
+namespace pellam {
+
+namespace {
+
+constexpr int kMostTimesLookedAt = 256;
+const QString kNone = QStringLiteral("–");
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("pellam::TrendReading", text);
+}
+
+QString differenceText(double value) {
+    return QString::number(value, 'g', 12);
+}
+
+QString meanText(const CurveStatistics& between) {
+    const double range = between.max - between.min;
+    return range > 0 ? DecimalTicks::text(between.mean, range / 1e4)
+                     : TrendReading::valueText(between.mean);
+}
+
+} // namespace
+
+TrendReading::TrendReading(const TrendChart& chart, const TimeTicks& times)
+    : m_chart(chart),
+      m_times(times) {}
+
+void TrendReading::setUnit(int curve, const QString& unit) {
+    if (curve < 0 || curve >= trendCurvePool) return;
+    const auto index = static_cast<std::size_t>(curve);
+    if (m_units.size() <= index) m_units.resize(index + 1);
+    m_units[index] = unit;
+}
+
+QString TrendReading::unit(int curve) const {
+    const auto index = static_cast<std::size_t>(curve);
+    if (index < m_units.size() && !m_units[index].isNull()) return m_units[index];
+    const TrendScale* scale = m_chart.scale(m_chart.curves[index].style().relatedScale);
+    return scale ? scale->text : QString();
+}
+
+int TrendReading::findDigits() const {
+    // Doubles around now are a quarter of a microsecond apart.
+    constexpr double slack = 3e-7;
+    int digits = 0;
+    for (const int curve : drawnCurves()) {
+        const TrendTimes& times = *m_chart.curves[static_cast<std::size_t>(curve)].times();
+        const std::size_t stride = std::max<std::size_t>(1, times.size() / kMostTimesLookedAt);
+        for (std::size_t i = 0; i < times.size(); i += stride) {
+            const double fraction = times[i] - std::floor(times[i]);
+            double unit = std::pow(10.0, digits);
+            while (digits < 6 && std::abs(fraction - std::round(fraction * unit) / unit) > slack)
+                unit = std::pow(10.0, ++digits);
+        }
+    }
+    return digits;
+}
+
+int TrendReading::timeDigits() const {
+    if (m_digits >= 0) return std::min(m_digits, 6);
+    if (!m_foundDigits) m_foundDigits = findDigits();
+    return *m_foundDigits;
+}
+
+QString TrendReading::timeText(double time) const {
+    return m_times.fullText(time, timeDigits());
+}
+
+QString TrendReading::spanText(double seconds) const {
+    return TimeTicks::spanText(seconds, timeDigits());
+}
+
+QString TrendReading::valueText(double value) {
+    if (value == 0) return QStringLiteral("0");
+    const double size = std::abs(value);
+    const char form = size >= 1e-5 && size < 1e15 ? 'f' : 'g';
+    return QString::number(value, form, QLocale::FloatingPointShortest);
+}
+
+std::vector<int> TrendReading::drawnCurves() const {
+    std::vector<int> drawn;
+    for (std::size_t i = 0; i < m_chart.curves.size(); ++i)
+        if (m_chart.drawn(m_chart.curves[i])) drawn.push_back(static_cast<int>(i));
+    return drawn;
+}
+
+std::optional<CurveSample> TrendReading::sample(int curve, double time) const {
+    return CurveReader(m_chart.curves[static_cast<std::size_t>(curve)]).atOrBefore(time);
+}
+
+QString TrendReading::valueAt(int curve, double time) const {
+    const auto found = sample(curve, time);
+    if (!found) return tr("no value");
+    const QString text = unit(curve);
+    return text.isEmpty() ? valueText(found->value) : valueText(found->value) + u' ' + text;
+}
+
+void TrendReading::addTimes(ReadoutContent& content, const TrendMarks& marks) const {
+    if (!marks.measuring()) return;
+    for (std::size_t i = 0; i < 2; ++i)
+        if (marks.cursors[i])
+            content.lines +=
+                (i == 0 ? tr("A:  %1") : tr("B:  %1")).arg(timeText(*marks.cursors[i]));
+    if (marks.cursors[0] && marks.cursors[1])
+        content.lines += tr("B − A:  %1").arg(spanText(*marks.cursors[1] - *marks.cursors[0]));
+}
+
+void TrendReading::addBetween(QStringList& cells, int curve, double a, double b) const {
+    const auto atA = sample(curve, a);
+    const auto atB = sample(curve, b);
+    cells += atA && atB ? differenceText(atB->value - atA->value) : kNone;
+    const CurveReader reader(m_chart.curves[static_cast<std::size_t>(curve)]);
+    const CurveStatistics between = reader.statistics(a, b);
+    const bool any = between.count > 0;
+    cells += any ? valueText(between.min) : kNone;
+    cells += any ? valueText(between.max) : kNone;
+    cells += any ? meanText(between) : kNone;
+    cells += QString::number(between.count);
+}
+
+QStringList TrendReading::cells(int curve, const TrendMarks& marks, double heading) const {
+    QStringList cells{m_chart.curves[static_cast<std::size_t>(curve)].text()};
+    QString ownTime;
+    if (marks.crosshair) {
+        const auto found = sample(curve, *marks.crosshair);
+        cells += found ? valueText(found->value) : kNone;
+        if (found && found->time != heading) ownTime = timeText(found->time);
+    }
+    for (const auto& cursor : marks.cursors) {
+        if (!cursor) continue;
+        const auto found = sample(curve, *cursor);
+        cells += found ? valueText(found->value) : kNone;
+    }
+    if (marks.cursors[0] && marks.cursors[1])
+        addBetween(cells, curve, *marks.cursors[0], *marks.cursors[1]);
+    cells += unit(curve);
+    cells += ownTime;
+    return cells;
+}
+
+ReadoutContent TrendReading::table(const TrendMarks& marks) const {
+    ReadoutContent content;
+    if (!marks.crosshair && !marks.measuring()) return content;
+    const std::vector<int> curves = drawnCurves();
+    double heading = -1e300;
+    if (marks.crosshair) {
+        for (const int curve : curves)
+            if (const auto found = sample(curve, *marks.crosshair))
+                heading = std::max(heading, found->time);
+        content.lines += timeText(heading == -1e300 ? *marks.crosshair : heading);
+    }
+    addTimes(content, marks);
+    if (marks.measuring()) {
+        content.titles += QString();
+        if (marks.crosshair) content.titles += tr("Value");
+        if (marks.cursors[0]) content.titles += tr("A");
+        if (marks.cursors[1]) content.titles += tr("B");
+        if (marks.cursors[0] && marks.cursors[1])
+            content.titles += {tr("B − A"), tr("Min"), tr("Max"), tr("Mean"), tr("Count")};
+    }
+    for (const int curve : curves) {
+        const QColor colour = m_chart.curves[static_cast<std::size_t>(curve)].style().colour;
+        content.rows.push_back({colour, cells(curve, marks, heading)});
+        content.firstText = content.rows.back().cells.size() - 2;
+    }
+    return content;
+}
+
+ReadoutContent TrendReading::spans(const QRectF& rect, const TrendLayout& layout, bool time,
+                                   bool values) const {
+    ReadoutContent content;
+    if (time) {
+        const double from = layout.timeMap.toValue(rect.left());
+        const double to = layout.timeMap.toValue(rect.right());
+        const double pixel = (to - from) / std::max(1.0, rect.width());
+        const int digits = std::clamp(static_cast<int>(std::ceil(-std::log10(pixel))), 0, 6);
+        content.lines += TimeTicks::spanText(to - from, digits);
+        content.lines +=
+            m_times.fullText(from, digits) + QStringLiteral(" – ") + m_times.fullText(to, digits);
+    }
+    if (!values) return content;
+    content.titles = {QString(), tr("From"), tr("To"), tr("Span")};
+    for (const ScaleBand& band : layout.scales) {
+        const double top = std::max(rect.top(), band.band.top());
+        const double bottom = std::min(rect.bottom(), band.band.bottom());
+        if (bottom - top < 1) continue;
+        const double from = band.map.toValue(bottom);
+        const double to = band.map.toValue(top);
+        const double step = (to - from) / (bottom - top);
+        const TrendCurve* only = m_chart.onlyCurve(band.axis);
+        content.rows.push_back(
+            {only ? only->style().colour : QColor(),
+             {band.titleText, DecimalTicks::text(from, step), DecimalTicks::text(to, step),
+              DecimalTicks::text(to - from, step)}});
+    }
+    return content;
+}
+
+} // namespace pellam
