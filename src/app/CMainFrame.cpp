@@ -64,7 +64,11 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     OnIdleUpdateCmdUI();
 }
 
-CMainFrame::~CMainFrame() = default;
+CMainFrame::~CMainFrame() {
+    // The pages read the store until they are gone, so they go first, and quietly.
+    m_pages->disconnect(this);
+    delete takeCentralWidget();
+}
 
 void CMainFrame::createClient() {
     m_gridView = new CGridView(m_data);

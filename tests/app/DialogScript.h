@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -40,8 +41,10 @@ class DialogScript {
         auto* widget = QApplication::activeModalWidget();
         // One step a dialog: a dialog that is being closed still counts as open for a while.
         // It takes typing only once it is the active window.
-        if (!widget || widget == m_answered || !widget->isActiveWindow()) return;
+        if (!widget || !widget->isActiveWindow()) return;
+        if (widget == m_answered) return giveUpIfStuck(widget);
         m_answered = widget;
+        m_sinceAnswer.start();
         if (m_steps.empty()) {
             const auto* box = qobject_cast<QMessageBox*>(widget);
             ADD_FAILURE() << "unexpected: "
@@ -54,7 +57,14 @@ class DialogScript {
         step(widget);
     }
 
+    void giveUpIfStuck(QWidget* widget) {
+        if (m_sinceAnswer.elapsed() < 5000) return;
+        ADD_FAILURE() << "still open after its answer: " << widget->windowTitle().toStdString();
+        widget->close();
+    }
+
     QTimer m_timer;
+    QElapsedTimer m_sinceAnswer;
     QPointer<QWidget> m_answered;
     std::deque<std::function<void(QWidget*)>> m_steps;
 };
