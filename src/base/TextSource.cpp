@@ -38,7 +38,7 @@ Failure TextSource::open(const std::string& path) {
 }
 
 void TextSource::detectEncoding() {
-    std::array<unsigned char, 512> head{};
+    std::array<unsigned char, 4096> head{};
     const ssize_t got = ::pread(m_fd, head.data(), head.size(), 0);
     const auto count = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
     m_encoding = Encoding::Bytes;
@@ -51,15 +51,16 @@ void TextSource::detectEncoding() {
     } else if (count >= 2 && head[0] == 0xFE && head[1] == 0xFF) {
         m_encoding = Encoding::Utf16Big;
         m_start = 2;
-    } else if (count >= 16 && m_size % 2 == 0) {
-        // Without a mark, text of western letters has a zero in every other byte and none between.
+    } else if (count >= 16) {
+        // Without a mark: digits and western letters have a zero in every other byte. Letters of
+        // other scripts have none, or once in a while one on the other side.
         std::size_t zeroEven = 0;
         std::size_t zeroOdd = 0;
         for (std::size_t i = 0; i < count; ++i)
             (i % 2 ? zeroOdd : zeroEven) += head[i] == 0;
-        const std::size_t pairs = count / 2;
-        if (zeroEven == 0 && zeroOdd * 10 >= pairs * 9) m_encoding = Encoding::Utf16Little;
-        if (zeroOdd == 0 && zeroEven * 10 >= pairs * 9) m_encoding = Encoding::Utf16Big;
+        const std::size_t half = count / 4;
+        if (zeroOdd >= half && zeroEven * 20 <= zeroOdd) m_encoding = Encoding::Utf16Little;
+        if (zeroEven >= half && zeroOdd * 20 <= zeroEven) m_encoding = Encoding::Utf16Big;
     }
 }
 

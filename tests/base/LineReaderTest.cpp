@@ -53,6 +53,8 @@ std::string utf16(const std::string& ascii, bool little) {
 TEST_F(LineReaderTest, ServesLinesOfEveryEncodingAndLineEnd) {
     using Ends = LineReader::LineEnds;
     const std::string text = "time,value one two three\n1,2\n";
+    const std::string once = "[time,value one two threen][1,2n]";
+    const std::string three = once + once + once;
 
     const struct {
         const char* name;
@@ -78,6 +80,9 @@ TEST_F(LineReaderTest, ServesLinesOfEveryEncodingAndLineEnd) {
          "[time,value one two threen][1,2n]"},
         {"utf-16 big without mark", utf16(text, false), Ends::LineFeed,
          "[time,value one two threen][1,2n]"},
+        {"utf-16 without mark, cut, with a few letters of other scripts",
+         utf16(text + text + text, true) + std::string("\x0D\x54\x00\x4E\n\0x", 7), Ends::LineFeed,
+         three + "[\xE5\x90\x8D\xE4\xB8\x80n]"},
         {"utf-16 pair", std::string("\xFF\xFE\x3D\xD8\x00\xDE", 6), Ends::LineFeed,
          "[\xF0\x9F\x98\x80]"},
         {"zero bytes are data", std::string("A\0B\n", 4), Ends::LineFeed,
