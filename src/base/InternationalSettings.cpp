@@ -16,8 +16,17 @@ void readText(const Lookup& lookup, std::string_view key, std::string& text) {
     if (auto stored = lookup(key); stored && !stored->empty()) text = *std::move(stored);
 }
 
+// What is part of numbers, text or lines parts nothing: it would change what is read and written.
+bool canSeparate(char c) {
+    const bool alphanumeric =
+        (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    const bool visible = c >= ' ' && c <= '~';
+    return c == '\t' || (visible && !alphanumeric && c != '+' && c != '-' && c != '"');
+}
+
 void readCharacter(const Lookup& lookup, std::string_view key, char& character) {
-    if (const auto stored = lookup(key); stored && !stored->empty()) character = stored->front();
+    const auto stored = lookup(key);
+    if (stored && !stored->empty() && canSeparate(stored->front())) character = stored->front();
 }
 
 void readNumber(const Lookup& lookup, std::string_view key, int& number) {

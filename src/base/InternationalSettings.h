@@ -26,8 +26,9 @@ struct InternationalSettings {
     using Lookup = std::function<std::optional<std::string>(std::string_view key)>;
 
     /// The settings as the lookup has them; a missing or empty value keeps the default of
-    /// `defaults`. One-character values are the first character of the stored text. A default list
-    /// separator that equals the decimal separator read gives way to ';'.
+    /// `defaults`. One-character values are the first character of the stored text; a letter,
+    /// digit, sign, quote or what is not plain ASCII counts as missing. A default list separator
+    /// that equals the decimal separator read gives way to ';'.
     static InternationalSettings read(const Lookup& lookup, const InternationalSettings& defaults);
 
     /// The defaults of the user's locale (environment variables LC_ALL, LC_NUMERIC, LANG): its
