@@ -127,8 +127,9 @@ std::string_view ReadingRows::dateForm(std::string_view date, std::string_view t
 // the first: it starts a row of its own.
 bool ReadingRows::sharesRow(std::string_view time, std::span<const int> columns) {
     if (m_rows == 0 || time != m_previousTime) return false;
-    if (columns.empty() || columns[0] == ColumnMap::kNotLoaded) return true;
-    return m_filler.slot(columns[0]).isEmpty();
+    const auto loaded = std::find_if(columns.begin(), columns.end(),
+                                     [](int column) { return column != ColumnMap::kNotLoaded; });
+    return loaded == columns.end() || m_filler.slot(*loaded).isEmpty();
 }
 
 void ReadingRows::enterRow(std::string_view time, std::span<const int> columns, bool ok) {

@@ -18,7 +18,8 @@ class ReadingRowsTest : public LoadTest {
     void feed(const std::vector<std::string>& lines,
               ReadingRows::Mode mode = ReadingRows::Mode::WholeFile) {
         grid->reset();
-        const ColumnMap columns = LabelPass(*grid).DisplayLabels(kLabels);
+        const ColumnMap columns = chosen.empty() ? LabelPass(*grid).DisplayLabels(kLabels)
+                                                 : LabelPass(*grid).DisplayChosenLabels(chosen);
         const LoadContext context{*grid,    international, corrections, messages,
                                   progress, chooser,       grey};
         ReadingRows rows(context, columns, mode);
@@ -41,6 +42,7 @@ class ReadingRowsTest : public LoadTest {
         return end == std::string::npos ? "" : all.substr(end + 1);
     }
 
+    std::vector<std::string> chosen; ///< of a large file; none for all labels
     std::int64_t damaged = 0;
 };
 
@@ -127,6 +129,13 @@ TEST_F(ReadingRowsTest, OnlySchedulesWithChosenChannelsMakeRows) {
           "D,1,2008/02/25,11:00:02,0.0,1:A,0,5"},
          ReadingRows::Mode::ChosenChannels);
     EXPECT_EQ(rowsShown(), "2008/02/25 11:00:02.0|5|||||");
+}
+
+TEST_F(ReadingRowsTest, ASecondReadingKeepsBothWhereTheFirstChannelIsNotChosen) {
+    chosen = {"B.P(hPa){1}"};
+    const std::string line = "D,1,2008/02/25,11:00:00,0.0,1:B,0,";
+    feed({line + "1,2", line + "3,4"}, ReadingRows::Mode::ChosenChannels);
+    EXPECT_EQ(rowsShown(), "2008/02/25 11:00:00.0|2\n2008/02/25 11:00:00.0|4");
 }
 
 TEST_F(ReadingRowsTest, NumericTimesCountFrom1989InEveryZone) {
