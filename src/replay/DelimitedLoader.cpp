@@ -40,19 +40,36 @@ LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
         return outcome;
     }
     outcome.fileSize = reader.fileSize();
-    const ProgressScope scope(m_context.progress, "Loading Pellam", "Loading...", 1,
-                              std::max<std::int64_t>(1, reader.fileSize() / 500));
     adaptSeparators(reader);
     std::string_view line;
-    bool more = reader.next(line);
-    if (more) {
-        const std::string first(withoutLineEnd(line));
-        DisplayDelimLabels(first);
-        // A file whose first line is a reading already has no headings: the line stays a row.
-        if (!isTimeStamp(std::string_view(first).substr(0, first.find(m_separator)))) {
-            more = reader.next(line);
-        }
+    if (!firstLine(reader, line)) {
+        m_context.messages.show(reader.error() ? reader.error().text()
+                                               : "Attention: There is nothing in " + path);
+        return outcome;
     }
+    readRows(reader, line, outcome);
+    if (reader.error()) m_context.messages.show(reader.error().text());
+    outcome.loaded = true;
+    return outcome;
+}
+
+// The first line that is not blank: it has the headings, or it is a row where there are none.
+bool DelimitedLoader::firstLine(LineReader& reader, std::string_view& line) const {
+    const std::string blanks = std::string(" \t\r\n,;") + m_separator;
+    while (reader.next(line)) {
+        if (line.find_first_not_of(blanks) != std::string_view::npos) return true;
+    }
+    return false;
+}
+
+void DelimitedLoader::readRows(LineReader& reader, std::string_view line, LoadOutcome& outcome) {
+    const ProgressScope scope(m_context.progress, "Loading Pellam", "Loading...", 1,
+                              std::max<std::int64_t>(1, reader.fileSize() / 500));
+    const std::string first(withoutLineEnd(line));
+    DisplayDelimLabels(first);
+    // A file whose first line is a reading already has no headings: the line stays a row.
+    bool more = isTimeStamp(std::string_view(first).substr(0, first.find(m_separator))) ||
+                reader.next(line);
     RowFiller filler(m_context.grid);
     RowCounter counter(m_context.progress, kReportRows);
     for (; more; more = reader.next(line)) {
@@ -60,15 +77,12 @@ LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
         if (!counter.line(m_rows, reader.bytesRead() / 500)) break;
     }
     m_context.grid.setRowCount(m_rows);
-    if (reader.error()) m_context.messages.show(reader.error().text());
-    outcome.loaded = true;
     outcome.aborted = counter.aborted();
-    return outcome;
 }
 
 void DelimitedLoader::adaptSeparators(LineReader& reader) {
     std::string_view line;
-    if (reader.next(line) && line.find(m_separator) == std::string_view::npos) {
+    if (firstLine(reader, line) && line.find(m_separator) == std::string_view::npos) {
         std::ptrdiff_t most = 0;
         for (const char candidate : {';', '\t', ','}) {
             const auto count = std::count(line.begin(), line.end(), candidate);

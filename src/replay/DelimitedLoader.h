@@ -11,8 +11,8 @@
 
 namespace pellam {
 
-/// Loads delimited text (CSV, tab-separated) into an empty grid: the first line gives the headings,
-/// every further line a row.
+/// Loads delimited text (CSV, tab-separated) into an empty grid: the first line that is not blank
+/// gives the headings, every further line a row.
 class DelimitedLoader {
   public:
     DelimitedLoader(const LoadContext& context, char separator)
@@ -20,10 +20,13 @@ class DelimitedLoader {
           m_separator(separator),
           m_decimal(context.grid.decimalSeparator()) {}
 
-    /// Reads the file; on a failure it is shown and the outcome says not loaded.
+    /// Reads the file. A failure, or that there is nothing in the file, is shown and the outcome
+    /// says not loaded.
     LoadOutcome ReadDelimFile(const std::string& path);
 
   private:
+    [[nodiscard]] bool firstLine(LineReader& reader, std::string_view& line) const;
+    void readRows(LineReader& reader, std::string_view line, LoadOutcome& outcome);
     /// Finds out how a file is written whose first line does not have the expected separator.
     void adaptSeparators(LineReader& reader);
     [[nodiscard]] bool hasDecimalComma(std::string_view line) const;

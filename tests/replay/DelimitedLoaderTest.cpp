@@ -52,7 +52,8 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
         {"tabs in a .csv", "a.csv", '.', ',', "Time\tA\n" + time + "\t1.5\n",
          "Time|A\n" + time + "|1.5"},
         {"one column", "a.csv", '.', ',', "Time\n" + time + "\n", "Time\n" + time},
-        {"empty file", "a.csv", '.', ',', "", ""},
+        {"blank lines before the headings", "a.csv", '.', ',',
+         "\r\n;;;\r\nTime;A\r\n" + time + ";1,5\r\n", "Time|A\n" + time + "|1.5"},
     };
 
     for (const auto& c : cases) {
@@ -91,8 +92,10 @@ TEST_F(DelimitedLoaderTest, AnAbortedLoadKeepsWhatCameBefore) {
 
 TEST_F(DelimitedLoaderTest, RefusalsAreShownAndLeaveAnEmptyGrid) {
     load("before.csv", "Time,A\nx,1\n");
+    load("empty.csv", "");
+    load("blank.txt", "\n\t\n");
     std::filesystem::create_directory(m_folder / "folder.csv");
-    for (const char* name : {"missing.csv", "folder.csv"}) {
+    for (const char* name : {"missing.csv", "folder.csv", "empty.csv", "blank.txt"}) {
         const LoadOutcome outcome = loadFile(m_folder / name);
         EXPECT_FALSE(outcome.loaded);
         EXPECT_NE(messages.texts.find(name), std::string::npos) << messages.texts;
