@@ -14,7 +14,7 @@ bool LineCheck::isGood(std::string_view line) const {
     if (suffix.empty() || suffix.find(',') != std::string_view::npos) return true;
     const std::size_t first = suffix.find_first_not_of(' ');
     if (first == std::string_view::npos) return true;
-    suffix.remove_prefix(first);
+    suffix = suffix.substr(first, suffix.find_last_not_of(' ') + 1 - first);
     const char* const end = suffix.data() + suffix.size();
     std::uint64_t expected = 0;
     const auto [stop, error] = std::from_chars(suffix.data(), end, expected, 16);

@@ -20,6 +20,8 @@ struct LoadOutcome {
     std::int64_t rows = 0;
     int channels = 0;
     std::int64_t damagedLines = 0;
+    std::string firstTime; ///< time text of the first row; empty when it has none
+    std::string lastTime;  ///< the same of the last row
 
     // Header facts of a replay file; defaults for every other kind.
     int cryptState = 0;
@@ -27,8 +29,6 @@ struct LoadOutcome {
     std::string originatorType;
     std::string description;
     std::int64_t lineCount = 0; ///< 999999 for a large file
-    std::string firstTime;      ///< "yyyy/MM/dd HH:mm:ss"; empty when not known
-    std::string lastTime;
 };
 
 } // namespace pellam

@@ -17,11 +17,6 @@ namespace {
 
 constexpr std::size_t kShortestMap = 8;
 
-std::string timeText(const CMyTime& time) {
-    if (time == CMyTime()) return {};
-    return time.Format("%Y/%m/%d %H:%M:%S");
-}
-
 // The bar's position: bytes where the lines were not counted, else rows.
 class Bar {
   public:
@@ -73,8 +68,6 @@ void ReplayLoader::readFacts(CReplayFile& file, LoadOutcome& outcome) const {
     outcome.originatorType = file.GetOriginatorType();
     outcome.description = file.ProgramName();
     outcome.lineCount = file.LineCount();
-    outcome.firstTime = timeText(file.FirstTime());
-    outcome.lastTime = timeText(file.LastTime());
 }
 
 std::optional<ColumnMap> ReplayLoader::readLabels(CReplayFile& file, LoadOutcome& outcome) const {

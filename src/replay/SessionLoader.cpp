@@ -8,6 +8,19 @@
 
 namespace pellam {
 
+namespace {
+
+// The first column of delimited text need not be the time.
+std::string timeOf(const GridData& grid, Row row, LoadOutcome::Kind kind) {
+    if (row < 0) return {};
+    const Column& times = grid.column(0);
+    if (kind == LoadOutcome::Kind::Delimited && !times.cell(row).isTime()) return {};
+    CellBuffer buffer;
+    return std::string(times.text(row, buffer));
+}
+
+} // namespace
+
 SessionLoader::SessionLoader(const LoadContext& context) : m_context(context) {}
 
 LoadOutcome SessionLoader::load(const std::string& path) {
@@ -25,6 +38,8 @@ LoadOutcome SessionLoader::load(const std::string& path) {
     if (outcome.loaded) {
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
+        outcome.firstTime = timeOf(grid, outcome.rows > 0 ? 0 : -1, outcome.kind);
+        outcome.lastTime = timeOf(grid, outcome.rows - 1, outcome.kind);
         sortAxisByUnits(grid);
     } else {
         grid.reset();

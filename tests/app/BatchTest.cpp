@@ -64,7 +64,8 @@ TEST_F(BatchTest, InfoTellsTheFacts) {
     EXPECT_EQ(run("--info mast.csv"), 0) << m_err;
     EXPECT_EQ(m_out, "file: mast.csv\nsize: 88\nkind: delimited\ncrypt state: 0\n"
                      "contents type: -1\noriginator type: \ndescription: \nline count: 0\n"
-                     "first time: \nlast time: \nrows: 2\nchannels: 2\ndamaged lines: 0\n"
+                     "first time: 2008/02/25 11:53:15\nlast time: 2008/02/25 11:54:15\nrows: "
+                     "2\nchannels: 2\ndamaged lines: 0\n"
                      "channel: Temp(degC)\nchannel: Wind(m/s)\n");
 }
 

@@ -34,7 +34,8 @@ TEST_F(ReplayLoaderTest, LoadsWhatTheDatabaseLoaderWrites) {
                        "2008/02/25 10:00:00.5|||00:00:00");
     EXPECT_EQ(outcome.description, "Mast 7");
     EXPECT_EQ(outcome.originatorType, "");
-    EXPECT_EQ(outcome.firstTime, "2008/02/25 10:00:00");
+    EXPECT_EQ(outcome.firstTime, "2008/02/25 10:00:00.000000");
+    EXPECT_EQ(outcome.lastTime, "2008/02/25 10:00:00.5");
     EXPECT_EQ(messages.texts, "");
 }
 
@@ -53,6 +54,7 @@ TEST_F(ReplayLoaderTest, ChecksEveryLineThatCarriesASuffix) {
         {"lower case", lower, true},
         {"leading zeros and blanks",
          good.substr(0, good.size() - 4) + " 00" + good.substr(good.size() - 4), true},
+        {"blanks behind it", good + "  ", true},
         {"prefix counts", withSuffix("[12]D,1,2008/02/25,12:00:00,0.0,1:A,0,1.5"), true},
         {"prefix added later", "[12]" + good, false},
         {"one character changed", "D,2" + good.substr(3), false},
