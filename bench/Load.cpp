@@ -2,7 +2,9 @@
 
 #include "FileGenerator.h"
 
+#include "base/SilentSinks.h"
 #include "export/GridWriter.h"
+#include "replay/AllChannels.h"
 #include "replay/SessionLoader.h"
 
 #include <benchmark/benchmark.h>
@@ -16,28 +18,6 @@ using namespace pellam;
 
 constexpr std::int64_t kRows = 1'000'000;
 constexpr int kChannels = 20;
-
-struct NoMessages : MessageSink {
-    void show(std::string_view) override {}
-};
-
-struct NoProgress : ProgressSink {
-    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
-
-    void addString(std::string_view) override {}
-
-    void setPosition(std::int64_t) override {}
-
-    bool aborted() override { return false; }
-
-    void finish() override {}
-};
-
-struct AllChannels : ChannelChooser {
-    std::vector<std::string> choose(const std::vector<std::string>& offered) override {
-        return offered;
-    }
-};
 
 // The generated file of a kind, made once and left in the temporary folder.
 std::string fileOf(const std::string& kind) {
@@ -77,8 +57,8 @@ class Session {
     std::string m_path;
     InternationalSettings m_international;
     TimeCorrections m_corrections;
-    NoMessages m_messages;
-    NoProgress m_progress;
+    SilentMessages m_messages;
+    SilentProgress m_progress;
     AllChannels m_chooser;
 };
 
@@ -96,7 +76,7 @@ void exportGrid(benchmark::State& state, bool csv) {
     session.load();
     const std::string path = std::filesystem::temp_directory_path() / "pellam-bench-export";
     const GridWriter writer(*session.grid);
-    NoProgress progress;
+    SilentProgress progress;
     for (auto _ : state) {
         const Failure failure = csv ? writer.writeCsv(path, ',', progress) : writer.writeTxt(path);
         if (failure) state.SkipWithError(failure.text().c_str());

@@ -2,6 +2,8 @@
 
 #include "MemoryFile.h"
 
+#include "base/SilentSinks.h"
+#include "replay/AllChannels.h"
 #include "replay/DelimitedLoader.h"
 #include "replay/ReplayLoader.h"
 
@@ -11,28 +13,6 @@
 namespace {
 
 using namespace pellam;
-
-struct NoMessages : MessageSink {
-    void show(std::string_view) override {}
-};
-
-struct NoProgress : ProgressSink {
-    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
-
-    void addString(std::string_view) override {}
-
-    void setPosition(std::int64_t) override {}
-
-    bool aborted() override { return false; }
-
-    void finish() override {}
-};
-
-struct AllChannels : ChannelChooser {
-    std::vector<std::string> choose(const std::vector<std::string>& offered) override {
-        return offered;
-    }
-};
 
 void readEveryCell(const GridData& grid) {
     CellBuffer buffer;
@@ -61,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     GridData grid(international.decimalSeparator);
     const TimeCorrections corrections;
-    NoMessages messages;
-    NoProgress progress;
+    SilentMessages messages;
+    SilentProgress progress;
     AllChannels chooser;
     const LoadContext context{grid,     international, corrections,      messages,
                               progress, chooser,       (choice & 2) != 0};

@@ -2,25 +2,18 @@
 
 #include "MemoryFile.h"
 
+#include "base/SilentSinks.h"
 #include "replay/CReplayFile.h"
 #include "replay/ChannelList.h"
 
 #include <cstddef>
 #include <cstdint>
 
-namespace {
-
 using namespace pellam;
-
-struct NoMessages : MessageSink {
-    void show(std::string_view) override {}
-};
-
-} // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile bytes(data, size);
-    NoMessages messages;
+    SilentMessages messages;
     CReplayFile file(bytes.path(), messages, {18000, -3600});
     if (!file.isOpen()) return 0;
     if (file.HeaderLineCount() < 0 || file.LineCount() < 0) __builtin_trap();
