@@ -1,9 +1,8 @@
 #include "trend/AxisPainter.h"
 
+#include "trend/TextMeasure.h"
 #include "trend/TrendChart.h"
 
-#include <QFontMetricsF>
-#include <QLocale>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -33,12 +32,10 @@ AxisPainter::AxisPainter(QPainter& painter, const TrendChart& chart, const Trend
       m_chart(chart),
       m_layout(layout),
       m_theme(theme),
+      m_font(TextMeasure::of(layout.font)),
       m_pixels(pixels),
-      m_hair(pixels > 0 ? std::max(1.0, std::floor(pixels)) / pixels : 0.7) {
-    const QFontMetricsF metrics(layout.font);
-    m_ascent = metrics.ascent();
-    m_tick = std::round(metrics.height() * 0.4);
-}
+      m_hair(pixels > 0 ? std::max(1.0, std::floor(pixels)) / pixels : 0.7),
+      m_tick(std::round(m_font.height() * 0.4)) {}
 
 // Filled and not stroked: a rectangle on whole pixels is crisp.
 void AxisPainter::horizontal(double y, double left, double right, const QColor& colour) {
@@ -53,7 +50,11 @@ void AxisPainter::vertical(double x, double top, double bottom, const QColor& co
 
 void AxisPainter::text(const QRectF& rect, const QString& text, const QColor& colour) {
     m_painter.setPen(colour);
-    m_painter.drawText(QPointF(rect.left(), rect.top() + m_ascent), text);
+    // A file gets text as text, that can be searched and edited.
+    if (m_pixels > 0)
+        m_font.draw(m_painter, rect.topLeft(), text);
+    else
+        m_painter.drawText(QPointF(rect.left(), rect.top() + m_font.ascent()), text);
 }
 
 QColor AxisPainter::scaleColour(int axis) const {
@@ -65,8 +66,16 @@ QColor AxisPainter::scaleColour(int axis) const {
 }
 
 void AxisPainter::drawBehind() {
-    m_painter.fillRect(QRectF(QPointF(), m_layout.size), m_theme.background);
-    m_painter.fillRect(m_layout.plot, m_theme.plot);
+    const QRectF& plot = m_layout.plot;
+    const QSizeF& size = m_layout.size;
+    // No pixel twice: on a large window, filling is what a redraw costs most for.
+    m_painter.fillRect(QRectF(0, 0, size.width(), plot.top()), m_theme.background);
+    m_painter.fillRect(QRectF(0, plot.bottom(), size.width(), size.height() - plot.bottom()),
+                       m_theme.background);
+    m_painter.fillRect(QRectF(0, plot.top(), plot.left(), plot.height()), m_theme.background);
+    m_painter.fillRect(QRectF(plot.right(), plot.top(), size.width() - plot.right(), plot.height()),
+                       m_theme.background);
+    m_painter.fillRect(plot, m_theme.plot);
     drawGrid();
 }
 
@@ -120,10 +129,8 @@ void AxisPainter::drawScale(const ScaleBand& band) {
     m_painter.save();
     m_painter.translate(band.title.center());
     m_painter.rotate(-90);
-    const QFontMetricsF metrics(m_layout.font);
-    const double width = metrics.horizontalAdvance(band.titleText);
-    text(QRectF(-width / 2, -metrics.height() / 2, width, metrics.height()), band.titleText,
-         colour);
+    const double width = m_font.width(band.titleText);
+    text(QRectF(-width / 2, -m_font.height() / 2, width, m_font.height()), band.titleText, colour);
     m_painter.restore();
 }
 
@@ -140,15 +147,14 @@ void AxisPainter::drawTimeAxis() {
 
 void AxisPainter::drawClockChanges() {
     const QRectF& plot = m_layout.plot;
-    const QFontMetricsF metrics(m_layout.font);
     for (const ClockChange& change : m_layout.timeMarks.changes) {
         const double x = m_layout.timeMap.toPixel(change.time);
         const double dash = std::max(2.0, m_tick);
         for (double y = plot.top(); y < plot.bottom(); y += 2 * dash)
             vertical(x, y, std::min(y + dash, plot.bottom()), m_theme.clockChange);
-        const double width = metrics.horizontalAdvance(change.label);
+        const double width = m_font.width(change.label);
         const double left = x + width + 8 > plot.right() ? x - width - 6 : x + 6;
-        const QRectF rect(left, plot.top() + 2, width, metrics.height());
+        const QRectF rect(left, plot.top() + 2, width, m_font.height());
         boxAround(rect.adjusted(-2, 0, 2, 0), m_theme.plot);
         text(rect, change.label, m_theme.clockChange);
     }
@@ -183,7 +189,7 @@ void AxisPainter::drawLegendItem(const LegendItem& item) {
     m_painter.setPen(pen);
     m_painter.drawLine(left, right);
     QRectF rect = item.textRect;
-    rect.setTop(std::round(rect.center().y() - QFontMetricsF(m_layout.font).height() / 2));
+    rect.setTop(std::round(rect.center().y() - m_font.height() / 2));
     text(rect, item.text, style.visible ? m_theme.text : m_theme.faintText);
 }
 
@@ -192,24 +198,22 @@ void AxisPainter::drawLegend() {
         drawLegendItem(item);
     if (m_layout.legendLeftOut == 0) return;
     QRectF rect = m_layout.legendMore;
-    rect.setTop(std::round(rect.center().y() - QFontMetricsF(m_layout.font).height() / 2));
+    rect.setTop(std::round(rect.center().y() - m_font.height() / 2));
     text(rect, QStringLiteral("+ %1").arg(m_layout.legendLeftOut), m_theme.faintText);
 }
 
 void AxisPainter::drawTexts() {
-    const QFontMetricsF metrics(m_layout.font);
-    QRectF line(m_layout.notes.topLeft(), QSizeF(m_layout.notes.width(), metrics.height()));
+    QRectF line(m_layout.notes.topLeft(), QSizeF(m_layout.notes.width(), m_font.height()));
     for (const QString& note : m_layout.noteLines) {
         text(line, note, m_theme.faintText);
-        line.translate(0, std::ceil(metrics.height()));
+        line.translate(0, std::ceil(m_font.height()));
     }
     if (m_layout.title.isEmpty()) return;
-    const QFontMetricsF large(m_layout.titleFont);
-    const QString title =
-        large.elidedText(m_chart.state.title, Qt::ElideRight, m_layout.title.width());
+    TextMeasure& large = TextMeasure::of(m_layout.titleFont);
+    const QString title = large.elided(m_chart.state.title, m_layout.title.width());
     m_painter.setFont(m_layout.titleFont);
     m_painter.setPen(m_theme.text);
-    const double x = m_layout.title.center().x() - large.horizontalAdvance(title) / 2;
+    const double x = m_layout.title.center().x() - large.width(title) / 2;
     m_painter.drawText(QPointF(x, m_layout.title.top() + large.ascent()), title);
     m_painter.setFont(m_layout.font);
 }

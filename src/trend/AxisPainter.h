@@ -9,6 +9,8 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class TextMeasure;
+
 /// Draws everything of a chart but its curves.
 class AxisPainter {
   public:
@@ -39,9 +41,9 @@ class AxisPainter {
     const TrendChart& m_chart;
     const TrendLayout& m_layout;
     const TrendTheme& m_theme;
+    TextMeasure& m_font;
     double m_pixels;
     double m_hair; ///< width of a thin line
-    double m_ascent;
     double m_tick; ///< length of a major mark
 };
 

@@ -17,14 +17,6 @@ QRgb blended(QRgb under, QRgb over, unsigned coverage) {
     return 0xff000000u | redBlue | green;
 }
 
-// The integral of a ramp from 0 (at start) to peak (at start + length), up to y.
-float rampArea(float y, float start, float length, float peak) {
-    const float part = y - start;
-    if (part <= 0) return 0;
-    if (part >= length) return peak * (part - length / 2);
-    return peak * part * part / (2 * length);
-}
-
 class Column {
   public:
     Column(QRgb* pixels, qsizetype stride, const QRect& clip, QRgb colour)
@@ -41,41 +33,41 @@ class Column {
         if (!(top < bottom)) return;
         const int first = static_cast<int>(top);
         const int last = static_cast<int>(bottom);
-        if (first == last) return blend(first, bottom - top);
-        blend(first, static_cast<float>(first + 1) - top);
+        if (first == last) return blendRow(first, bottom - top);
+        blendRow(first, static_cast<float>(first + 1) - top);
         QRgb* pixel = m_pixels + (first + 1) * m_stride;
         for (int y = first + 1; y < last; ++y, pixel += m_stride)
             *pixel = m_colour;
-        if (last < m_bottom) blend(last, bottom - static_cast<float>(last));
+        if (last < m_bottom) blendRow(last, bottom - static_cast<float>(last));
     }
 
-    // A straight line that falls from top to bottom across the column, kept within limits.
+    // A straight line that falls or rises over the whole column, kept within limits: ink fades with
+    // the distance from the line, square to it.
     void slant(float top, float bottom, float halfWidth, float least, float most) {
         const float slope = bottom - top;
-        const float half = halfWidth * std::sqrt(1 + slope * slope);
-        const float ramp = std::max(1e-3f, std::min(slope, 2 * half));
-        const float peak = slope > 2 * half ? 2 * half / slope : 1.0f;
-        const float start = top - half;
-        const float end = bottom + half - ramp;
-        const int first = std::max(m_top, static_cast<int>(std::floor(std::max(start, least))));
-        const int last =
-            std::min(m_bottom - 1, static_cast<int>(std::floor(std::min(bottom + half, most))));
-        if (first > last) return;
-        float above = rampArea(static_cast<float>(first), start, ramp, peak) -
-                      rampArea(static_cast<float>(first), end, ramp, peak);
-        for (int y = first; y <= last; ++y) {
-            const float under = rampArea(static_cast<float>(y + 1), start, ramp, peak) -
-                                rampArea(static_cast<float>(y + 1), end, ramp, peak);
-            blend(y, under - above);
-            above = under;
+        const float square = 1 / std::sqrt(1 + slope * slope);
+        const float middle = (top + bottom) / 2;
+        const float reach = (halfWidth + 0.5f) / square;
+        const float from = std::max({middle - reach, least, static_cast<float>(m_top)});
+        const float to = std::min({middle + reach, most, static_cast<float>(m_bottom)});
+        if (!(from < to)) return;
+        const int last = std::min(m_bottom - 1, static_cast<int>(to));
+        QRgb* pixel = m_pixels + static_cast<int>(from) * m_stride;
+        for (int y = static_cast<int>(from); y <= last; ++y, pixel += m_stride) {
+            const float away = std::abs(static_cast<float>(y) + 0.5f - middle) * square;
+            blend(*pixel, halfWidth + 0.5f - away);
         }
     }
 
   private:
-    void blend(int y, float coverage) {
-        QRgb& pixel = m_pixels[y * m_stride];
-        const auto part = static_cast<unsigned>(std::clamp(coverage, 0.0f, 1.0f) * 256 + 0.5f);
-        pixel = blended(pixel, m_colour, part);
+    void blendRow(int y, float coverage) { blend(m_pixels[y * m_stride], coverage); }
+
+    void blend(QRgb& pixel, float coverage) const {
+        const int part = static_cast<int>(coverage * 256);
+        if (part >= 256)
+            pixel = m_colour;
+        else if (part > 0)
+            pixel = blended(pixel, m_colour, static_cast<unsigned>(part));
     }
 
     QRgb* m_pixels;

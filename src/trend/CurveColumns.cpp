@@ -17,6 +17,7 @@ class Finder {
           m_pyramid(curve.pyramid(map.logarithmic())),
           m_grid(grid),
           m_map(map),
+          m_width((grid.to - grid.from) / grid.columns),
           m_longest(breakGaps && curve.usualStep() > 0 ? 3 * curve.usualStep()
                                                        : std::numeric_limits<double>::infinity()) {}
 
@@ -25,7 +26,8 @@ class Finder {
         setLast(m_pyramid.previousSample(m_values, starts.front()));
         bool joined = cross(0, starts.front());
         for (std::size_t column = 0; column < spans.size(); ++column) {
-            if (column + ahead < starts.size())
+            if (column + ahead < starts.size() &&
+                starts[column + ahead] > starts[column] + MinMaxPyramid::branching)
                 m_pyramid.prefetch(m_values, starts[column + ahead]);
             ColumnSpan& span = spans[column];
             if (joined) {
@@ -58,6 +60,7 @@ class Finder {
 
     void setLast(std::size_t index) {
         m_last = index;
+        m_joinKnown = false;
         if (index < m_count) m_lastPixel = m_map.toPixel(m_values[index]);
     }
 
@@ -79,16 +82,23 @@ class Finder {
         if (m_next < start || m_next == unknown) {
             m_next = m_pyramid.nextSample(m_values, start);
             if (m_next < m_count) m_nextPixel = m_map.toPixel(m_values[m_next]);
+            m_joinKnown = false;
         }
         if (m_next >= m_count) return false;
-        const double before = m_times[m_last];
-        const double step = m_times[m_next] - before;
-        if (step > m_longest) return false;
-        const double width = (m_grid.to - m_grid.from) / m_grid.columns;
-        const double time = m_grid.from + width * static_cast<double>(column);
-        const double part = step > 0 ? std::clamp((time - before) / step, 0.0, 1.0) : 0.5;
-        m_border = static_cast<float>(m_lastPixel + (m_nextPixel - m_lastPixel) * part);
+        if (!m_joinKnown) findJoin();
+        if (!m_joined) return false;
+        const double time = m_grid.from + m_width * static_cast<double>(column);
+        m_border = static_cast<float>(m_lastPixel + (time - m_before) * m_slope);
         return true;
+    }
+
+    // The line from the last sample to the next; it is the same for all borders between them.
+    void findJoin() {
+        m_joinKnown = true;
+        m_before = m_times[m_last];
+        const double step = m_times[m_next] - m_before;
+        m_joined = step <= m_longest;
+        m_slope = step > 0 ? (m_nextPixel - m_lastPixel) / step : 0;
     }
 
     static constexpr std::size_t unknown = std::numeric_limits<std::size_t>::max();
@@ -98,11 +108,16 @@ class Finder {
     const MinMaxPyramid& m_pyramid;
     const ColumnGrid& m_grid;
     const ScaleMap& m_map;
+    double m_width;
     double m_longest;
     std::size_t m_last = unknown; // last sample with a value so far
     double m_lastPixel = 0;
     std::size_t m_next = unknown; // the one after it, where known
     double m_nextPixel = 0;
+    double m_before = 0; // time of the last one
+    double m_slope = 0;  // pixels a second from the last to the next
+    bool m_joinKnown = false;
+    bool m_joined = false;
     float m_border = 0;
 };
 

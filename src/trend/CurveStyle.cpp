@@ -14,14 +14,23 @@ constexpr std::array<QRgb, 21> palette = {
     0xff44aa99, 0xff117733, 0xff999933, 0xffddcc77, 0xffcc6677, 0xff882255, 0xffaa4499,
 };
 
-double linear(double channel) {
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+// sRGB's transfer function, for the 256 values of a channel.
+double linear(int channel) {
+    static const std::array<double, 256> table = [] {
+        std::array<double, 256> values{};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const double part = static_cast<double>(i) / 255;
+            values[i] = part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+        }
+        return values;
+    }();
+    return table[static_cast<std::size_t>(channel)];
 }
 
 // Relative luminance as WCAG 2.1 has it.
 double luminance(const QColor& colour) {
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
+    return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) +
+           0.0722 * linear(colour.blue());
 }
 
 } // namespace

@@ -30,10 +30,11 @@ double DecimalTicks::step(double min, double max, int labels) {
 QString DecimalTicks::text(double value, double step) {
     if (std::abs(value) < step * 1e-6) value = 0;
     const double largest = std::max(std::abs(value), step);
-    const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(step) + 1e-9)));
+    const int stepPower = static_cast<int>(std::floor(std::log10(step) + 1e-9));
+    const int decimals = std::max(0, -stepPower);
     if (largest < 1e7 && decimals <= 6) return QString::number(value, 'f', decimals);
     if (value == 0.0) return QStringLiteral("0");
-    const int digits = static_cast<int>(std::floor(std::log10(std::abs(value)) + 1e-9)) + decimals;
+    const int digits = static_cast<int>(std::floor(std::log10(std::abs(value)) + 1e-9)) - stepPower;
     QString text = QString::number(value, 'e', std::clamp(digits, 0, 15));
     // 1.50e+07 is read as 1.5e7
     const qsizetype exponent = text.indexOf(u'e');

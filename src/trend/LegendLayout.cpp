@@ -1,9 +1,9 @@
 #include "trend/LegendLayout.h"
 
+#include "trend/TextMeasure.h"
 #include "trend/TrendChart.h"
 #include "trend/TrendLayout.h"
 
-#include <QFontMetricsF>
 #include <algorithm>
 
 namespace pellam {
@@ -16,12 +16,12 @@ bool isListed(const TrendChart& chart, const TrendCurve& curve) {
 }
 
 // One entry with its left upper corner at 0, 0.
-LegendItem entry(const TrendCurve& curve, int index, const QFontMetricsF& metrics) {
+LegendItem entry(const TrendCurve& curve, int index, TextMeasure& metrics) {
     const double em = metrics.height();
     LegendItem item;
     item.curve = index;
-    item.text = metrics.elidedText(curve.text(), Qt::ElideRight, 14 * em);
-    const double width = metrics.horizontalAdvance(item.text) + 2;
+    item.text = metrics.elided(curve.text(), 14 * em);
+    const double width = metrics.width(item.text) + 2;
     const double height = std::ceil(em * 1.4);
     item.swatch = QRectF(0.45 * em, 0, 1.3 * em, height);
     item.textRect = QRectF(item.swatch.right() + 0.4 * em, 0, width, height);
@@ -40,12 +40,12 @@ void move(LegendItem& item, const QPointF& by) {
 void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layout) {
     layout.legend = QRectF(0, top, layout.size.width(), 0);
     if (!chart.state.legend) return;
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     const double gap = std::round(metrics.height() * 0.3);
     const double left = std::round(metrics.height() * 0.6);
     const double right = layout.size.width() - left;
     const double lowest = top + std::max(metrics.height() * 1.5, layout.size.height() / 4);
-    const double moreWidth = metrics.horizontalAdvance(QStringLiteral("+ 1000 ")) + gap;
+    const double moreWidth = metrics.width(QStringLiteral("+ 1000 ")) + gap;
     QPointF at(left, top);
     int listed = 0;
     for (std::size_t i = 0; i < chart.curves.size(); ++i) {

@@ -2,10 +2,10 @@
 
 #include "trend/DecimalTicks.h"
 #include "trend/LogTicks.h"
+#include "trend/TextMeasure.h"
 #include "trend/TrendChart.h"
 #include "trend/TrendLayout.h"
 
-#include <QFontMetricsF>
 #include <algorithm>
 #include <map>
 #include <tuple>
@@ -62,24 +62,28 @@ void placeBands(const TrendChart& chart, std::vector<ScaleBand>& bands, const QR
     }
 }
 
-void findTicks(const TrendScale& scale, ScaleBand& band, const QFontMetricsF& metrics) {
+void findTicks(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
     band.map = scale.map(band.band.bottom(), band.band.top());
-    const int labels = static_cast<int>(band.band.height() / (metrics.height() * 2.4)) + 1;
-    band.ticks = band.map.logarithmic()
-                     ? LogTicks::find(band.map.min(), band.map.max(), labels)
-                     : DecimalTicks::find(band.map.min(), band.map.max(), labels);
+    const int room = static_cast<int>(band.band.height() / (metrics.height() * 2.4)) + 1;
+    const auto isMajor = [](const AxisTick& tick) { return tick.major; };
+    for (int labels = room; labels <= room + 3; ++labels) { // one label alone gives no measure
+        band.ticks = band.map.logarithmic()
+                         ? LogTicks::find(band.map.min(), band.map.max(), labels)
+                         : DecimalTicks::find(band.map.min(), band.map.max(), labels);
+        if (std::count_if(band.ticks.begin(), band.ticks.end(), isMajor) > 1) break;
+    }
 }
 
-double labelWidth(const ScaleBand& band, const QFontMetricsF& metrics) {
-    double width = metrics.horizontalAdvance(QStringLiteral("0000"));
+double labelWidth(const ScaleBand& band, TextMeasure& metrics) {
+    double width = metrics.width(QStringLiteral("0000"));
     for (const AxisTick& tick : band.ticks)
-        width = std::max(width, metrics.horizontalAdvance(tick.label));
+        width = std::max(width, metrics.width(tick.label));
     const double grain =
         std::max(4.0, metrics.height() / 2); // so that zooming seldom moves the plot
     return std::ceil(width / grain) * grain;
 }
 
-void placeLabels(ScaleBand& band, const QFontMetricsF& metrics, double tickLength) {
+void placeLabels(ScaleBand& band, TextMeasure& metrics, double tickLength) {
     const double height = metrics.height();
     double above = 1e9; // top of the label placed last, from below
     for (const AxisTick& tick : band.ticks) {
@@ -89,16 +93,16 @@ void placeLabels(ScaleBand& band, const QFontMetricsF& metrics, double tickLengt
                          std::max(band.band.top(), band.band.bottom() - height * 0.55));
         if (top + height * 0.9 > above) continue;
         above = top;
-        const double width = metrics.horizontalAdvance(tick.label) + 1;
+        const double width = metrics.width(tick.label) + 1;
         const double x = band.right ? band.rect.left() + tickLength + 3
                                     : band.rect.right() - tickLength - 3 - width;
         band.labels.push_back({QRectF(x, top, width, height), tick.label, false});
     }
 }
 
-void placeTitle(const TrendScale& scale, ScaleBand& band, const QFontMetricsF& metrics) {
+void placeTitle(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
     const double height = std::ceil(metrics.height());
-    band.titleText = metrics.elidedText(scale.text, Qt::ElideRight, band.band.height());
+    band.titleText = metrics.elided(scale.text, band.band.height());
     const double x = band.right ? band.rect.right() - height - 2 : band.rect.left() + 2;
     band.title = QRectF(x, band.band.top(), height, band.band.height());
 }
@@ -106,7 +110,7 @@ void placeTitle(const TrendScale& scale, ScaleBand& band, const QFontMetricsF& m
 } // namespace
 
 void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     const double tickLength = std::round(metrics.height() * 0.4);
     layout.scales = shownScales(chart);
     placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.55));

@@ -2,9 +2,9 @@
 
 #include "trend/LegendLayout.h"
 #include "trend/ScaleLayout.h"
+#include "trend/TextMeasure.h"
 #include "trend/TrendChart.h"
 
-#include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
 
@@ -23,7 +23,7 @@ QFont chartFont(const TrendState& state) {
 double placeHead(const TrendChart& chart, TrendLayout& layout, double margin) {
     double top = margin;
     if (!chart.state.title.isEmpty()) {
-        const double height = std::ceil(QFontMetricsF(layout.titleFont).height());
+        const double height = std::ceil(TextMeasure::of(layout.titleFont).height());
         layout.title = QRectF(margin, top, std::max(0.0, layout.size.width() - 2 * margin), height);
         top = layout.title.bottom() + margin;
     }
@@ -32,13 +32,13 @@ double placeHead(const TrendChart& chart, TrendLayout& layout, double margin) {
 }
 
 double placeFoot(const TrendChart& chart, TrendLayout& layout, double margin) {
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     const double width = layout.size.width() - 2 * margin;
     const QStringList lines = chart.noteLines();
     const double line = std::ceil(metrics.height());
     const auto room = static_cast<qsizetype>(layout.size.height() / 5 / line);
     for (qsizetype i = 0; i < std::min(room, lines.size()); ++i)
-        layout.noteLines += metrics.elidedText(lines[i], Qt::ElideRight, width);
+        layout.noteLines += metrics.elided(lines[i], width);
     const double height = line * static_cast<double>(layout.noteLines.size());
     const double bottom = layout.size.height() - margin / 2;
     layout.notes = QRectF(margin, bottom - height, std::max(0.0, width), height);
@@ -47,11 +47,11 @@ double placeFoot(const TrendChart& chart, TrendLayout& layout, double margin) {
 
 // Fewer labels are asked for until the widest has room around it.
 int timeLabelCount(const TrendLayout& layout, double span) {
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     int labels = std::max(2, static_cast<int>(layout.plot.width() / (3 * metrics.height())));
     for (; labels > 1; --labels) {
         const QString sample = TimeTicks::sampleLabel(span, labels);
-        const double wide = metrics.horizontalAdvance(sample) + 1.8 * metrics.height();
+        const double wide = metrics.width(sample) + 1.8 * metrics.height();
         if (wide * labels <= layout.plot.width()) break;
     }
     return labels;
@@ -59,7 +59,7 @@ int timeLabelCount(const TrendLayout& layout, double span) {
 
 // A label that would touch the one before is left out.
 void placeTimeLabels(TrendLayout& layout) {
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     const double height = metrics.height();
     const double top = layout.timeAxis.top() + std::round(height * 0.4) + 2;
     double lastLabel = -1e9;
@@ -68,7 +68,7 @@ void placeTimeLabels(TrendLayout& layout) {
     for (const AxisTick& tick : layout.timeMarks.ticks) {
         const double x = layout.timeMap.toPixel(tick.value);
         const auto place = [&](const QString& text, double y) {
-            const double width = metrics.horizontalAdvance(text) + 1;
+            const double width = metrics.width(text) + 1;
             const double most = std::max(0.0, layout.size.width() - width - 1);
             return QRectF(std::clamp(x - width / 2, 0.0, most), y, width, height);
         };
@@ -104,7 +104,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
     layout.titleFont = layout.font;
     layout.titleFont.setPixelSize(static_cast<int>(std::lround(layout.font.pixelSize() * 1.25)));
     layout.titleFont.setWeight(QFont::DemiBold);
-    const QFontMetricsF metrics(layout.font);
+    TextMeasure& metrics = TextMeasure::of(layout.font);
     const double margin = std::round(metrics.height() * 0.6);
     const double top = placeHead(chart, layout, margin);
     const double bottom = placeFoot(chart, layout, margin);
@@ -115,7 +115,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
                                  std::max(std::floor(bottom - axisHeight), std::round(top) + 2)));
     ScaleLayout::place(chart, layout);
     // Without a scale on a side the time labels at that end need some room.
-    const double least = std::min(layout.size.width() / 8, metrics.horizontalAdvance(u'0') * 4);
+    const double least = std::min(layout.size.width() / 8, metrics.width(QStringLiteral("0")) * 4);
     layout.plot.setLeft(std::round(std::max(layout.plot.left(), least)));
     layout.plot.setRight(
         std::max(layout.plot.left() + 2,

@@ -27,8 +27,9 @@ void ZoneOffsets::load(double from, double to) const {
         m_known.push_back({from, to, 0, QStringLiteral("UTC")});
         return;
     }
-    const QTimeZone::OffsetData start = m_zone.offsetData(dateTime(from));
-    m_known.push_back({from, to, start.offsetFromUtc, start.abbreviation});
+    // Not offsetData(), which knows nothing of zones without rules such as UTC.
+    const QDateTime start = dateTime(from);
+    m_known.push_back({from, to, m_zone.offsetFromUtc(start), m_zone.abbreviation(start)});
     // Over centuries only years are marked, and an hour can't be seen.
     if (to - from > 1000 * year || !m_zone.hasTransitions()) return;
     for (const QTimeZone::OffsetData& change : m_zone.transitions(dateTime(from), dateTime(to))) {

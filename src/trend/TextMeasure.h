@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QFontMetricsF>
+#include <QHash>
+#include <QStaticText>
+
+QT_BEGIN_NAMESPACE
+class QPainter;
+QT_END_NAMESPACE
+
+namespace pellam {
+
+/// Measures and draws short texts of one font, and remembers how they are set: a chart shows the
+/// same labels again and again, and setting them costs more than drawing them.
+class TextMeasure {
+  public:
+    /// The one of a font, in this thread. The reference holds until this is asked for many other
+    /// fonts.
+    static TextMeasure& of(const QFont& font);
+
+    explicit TextMeasure(const QFont& font) : m_font(font), m_metrics(font) {}
+
+    double height() const { return m_metrics.height(); }
+
+    double ascent() const { return m_metrics.ascent(); }
+
+    double width(const QString& text);
+    /// The text, shortened at its end to fit a width.
+    QString elided(const QString& text, double most);
+    /// Draws with the painter's pen and font (which has to be this one); topLeft is of the line.
+    void draw(QPainter& painter, const QPointF& topLeft, const QString& text);
+
+  private:
+    struct Entry {
+        double width = -1;
+        QStaticText text;
+    };
+
+    Entry& entry(const QString& text);
+
+    QFont m_font;
+    QFontMetricsF m_metrics;
+    QHash<QString, Entry> m_entries;
+};
+
+} // namespace pellam

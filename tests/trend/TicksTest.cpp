@@ -1,0 +1,183 @@
+#include "trend/DecimalTicks.h"
+#include "trend/LogTicks.h"
+#include "trend/ScaleMap.h"
+#include "trend/TimeTicks.h"
+
+#include <QDateTime>
+
+using namespace pellam;
+
+namespace {
+
+QString majors(const std::vector<AxisTick>& ticks) {
+    QStringList texts;
+    for (const AxisTick& tick : ticks) {
+        if (!tick.major) continue;
+        texts += tick.context.isEmpty() ? tick.label
+                                        : QStringLiteral("%1 (%2)").arg(tick.label, tick.context);
+    }
+    return texts.join(u' ');
+}
+
+double utc(const char* text) {
+    return static_cast<double>(
+               QDateTime::fromString(QString::fromLatin1(text) + u'Z', Qt::ISODateWithMs)
+                   .toMSecsSinceEpoch()) /
+           1000;
+}
+
+} // namespace
+
+TEST(DecimalTicks, AreRound) {
+    struct Row {
+        const char* name;
+        double min, max;
+        int labels;
+        const char* expected;
+    };
+
+    const Row rows[] = {
+        {"hundreds", 0, 100, 6, "0 20 40 60 80 100"},
+        {"through zero", -2.2, 8.8, 7, "-2 0 2 4 6 8"},
+        {"fractions", 0.1, 0.35, 6, "0.10 0.15 0.20 0.25 0.30 0.35"},
+        {"far from zero", 1000000.1, 1000000.3, 3, "1000000.1 1000000.2 1000000.3"},
+        {"large", 0, 3e9, 4, "0 1e9 2e9 3e9"},
+        {"small", 0, 3e-8, 4, "0 1e-8 2e-8 3e-8"},
+        {"reversed", 1, 0, 4, ""},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(majors(DecimalTicks::find(row.min, row.max, row.labels)).toStdString(),
+                  row.expected)
+            << row.name;
+}
+
+TEST(LogTicks, StandAtDecades) {
+    struct Row {
+        const char* name;
+        double min, max;
+        int labels;
+        const char* expected;
+        std::size_t all;
+    };
+
+    const Row rows[] = {
+        {"three decades", 1, 1000, 5, "1 10 100 1000", 28},
+        {"one decade", 1, 10, 6, "1 2 5 10", 10},
+        {"powers", 1e-5, 1e-3, 3, "10⁻⁵ 10⁻⁴ 0.001", 19},
+        {"many decades", 1e-10, 1e10, 5, "10⁻⁸ 10⁻⁴ 1 10000 10⁸", 21},
+        {"part of a decade", 3, 8, 6, "3 4 5 6 7 8", 26},
+        {"not above zero", 0, 10, 5, "", 0},
+    };
+    for (const Row& row : rows) {
+        const auto ticks = LogTicks::find(row.min, row.max, row.labels);
+        EXPECT_EQ(majors(ticks).toStdString(), row.expected) << row.name;
+        EXPECT_EQ(ticks.size(), row.all) << row.name;
+    }
+}
+
+TEST(TimeTicks, FallOnRoundLocalTimes) {
+    struct Row {
+        const char* zone;
+        const char* from;
+        const char* to;
+        int labels;
+        const char* expected;
+    };
+
+    const Row rows[] = {
+        {"UTC", "2024-05-01T10:00:00.100", "2024-05-01T10:00:00.104", 5,
+         "00.100 (1 May 2024 10:00) 00.101 00.102 00.103 00.104"},
+        {"UTC", "2024-05-01T23:59:50", "2024-05-02T00:00:10", 4,
+         "23:59:50 (1 May 2024) 23:59:55 00:00:00 (2 May 2024) 00:00:05 00:00:10"},
+        {"Asia/Kolkata", "2024-05-01T18:00:00", "2024-05-01T22:00:00", 4,
+         "00:00 (2 May 2024) 01:00 02:00 03:00"},
+        {"America/New_York", "2024-03-10T05:00:00", "2024-03-10T09:00:00", 4,
+         "00:00 (10 Mar 2024) 01:00 03:00 (EDT) 04:00 05:00"},
+        {"America/New_York", "2024-11-03T04:00:00", "2024-11-03T08:00:00", 4,
+         "00:00 (3 Nov 2024) 01:00 01:00 (EST) 02:00 03:00"},
+        {"Australia/Sydney", "2024-04-06T14:00:00", "2024-04-06T18:00:00", 4,
+         "01:00 (7 Apr 2024) 02:00 02:00 (AEST) 03:00 04:00"},
+        {"America/New_York", "2024-03-08T00:00:00", "2024-03-13T00:00:00", 5,
+         "8 Mar (2024) 9 Mar 10 Mar 11 Mar 12 Mar"},
+        {"Australia/Sydney", "2023-11-15T00:00:00", "2024-02-15T00:00:00", 4,
+         "Dec (2023) Jan (2024) Feb"},
+        {"UTC", "1925-01-01T00:00:00", "2025-01-01T00:00:00", 6, "1940 1960 1980 2000 2020"},
+    };
+    QLocale::setDefault(QLocale::c());
+    for (const Row& row : rows) {
+        const TimeTicks ticks{QTimeZone(row.zone)};
+        const TimeMarks marks = ticks.find(utc(row.from), utc(row.to), row.labels);
+        EXPECT_EQ(majors(marks.ticks).toStdString(), row.expected) << row.zone << ' ' << row.from;
+        for (std::size_t i = 1; i < marks.ticks.size(); ++i)
+            EXPECT_LT(marks.ticks[i - 1].value, marks.ticks[i].value)
+                << row.zone << ' ' << row.from;
+    }
+}
+
+TEST(TimeTicks, MarkWhereTheClockJumps) {
+    const TimeTicks ticks{QTimeZone("America/New_York")};
+    const auto spring =
+        ticks.find(utc("2024-03-10T05:00:00"), utc("2024-03-10T09:00:00"), 5).changes;
+    ASSERT_EQ(spring.size(), 1u);
+    EXPECT_EQ(spring[0].time, utc("2024-03-10T07:00:00"));
+    EXPECT_EQ(spring[0].label.toStdString(), "+1 h EDT");
+    const auto autumn =
+        ticks.find(utc("2024-11-02T00:00:00"), utc("2024-11-04T00:00:00"), 5).changes;
+    ASSERT_EQ(autumn.size(), 1u);
+    EXPECT_EQ(autumn[0].label.toStdString(), "−1 h EST");
+    EXPECT_TRUE(
+        ticks.find(utc("2024-01-01T00:00:00"), utc("2025-01-01T00:00:00"), 5).changes.empty());
+}
+
+TEST(TimeTicks, HaveAFewMarksOverAnySpan) {
+    for (const char* zone : {"UTC", "America/New_York", "Australia/Sydney", "Asia/Kolkata"}) {
+        const TimeTicks ticks{QTimeZone(zone)};
+        for (double span = 1e-5; span < 3.2e9; span *= 1.37) {
+            const double from = 1710050000.123456;
+            const TimeMarks marks = ticks.find(from, from + span, 8);
+            const auto count = std::count_if(marks.ticks.begin(), marks.ticks.end(),
+                                             [](const AxisTick& tick) { return tick.major; });
+            EXPECT_GE(count, 1) << zone << ' ' << span;
+            EXPECT_LE(count, 10) << zone << ' ' << span;
+        }
+    }
+}
+
+TEST(TimeTicks, WriteTimesAndSpansInFull) {
+    const TimeTicks ticks{QTimeZone("Asia/Kolkata")};
+    EXPECT_EQ(ticks.fullText(utc("2024-12-31T18:29:59.250"), 2).toStdString(),
+              "2024-12-31 23:59:59.25");
+    EXPECT_EQ(ticks.fullText(utc("2024-12-31T18:29:59.999"), 1).toStdString(),
+              "2025-01-01 00:00:00.0");
+    EXPECT_EQ(TimeTicks::spanText(0.00025, 6).toStdString(), "0.000250 s");
+    EXPECT_EQ(TimeTicks::spanText(-93784.5, 1).toStdString(), "−1 d 02:03:04.5");
+}
+
+TEST(ScaleMap, MakesAnyRangeDrawable) {
+    struct Row {
+        const char* name;
+        double min, max;
+        bool logarithmic;
+        double drawnMin, drawnMax;
+    };
+
+    const Row rows[] = {
+        {"plain", -2, 8, false, -2, 8},
+        {"reversed", 8, -2, false, -2, 8},
+        {"equal", 5, 5, false, 4.75, 5.25},
+        {"zero", 0, 0, false, -1, 1},
+        {"not a number", NAN, NAN, false, 0, 1},
+        {"logarithmic", 1, 1000, true, 1, 1000},
+        {"logarithmic from zero", 0, 100, true, 0.1, 100},
+        {"logarithmic below zero", -5, -1, true, 0.01, 10},
+    };
+    for (const Row& row : rows) {
+        const ScaleMap map(row.min, row.max, row.logarithmic, 200, 0);
+        EXPECT_NEAR(map.min(), row.drawnMin, 1e-9) << row.name;
+        EXPECT_NEAR(map.max(), row.drawnMax, 1e-9) << row.name;
+        EXPECT_NEAR(map.toPixel(map.min()), 200, 1e-6) << row.name;
+        EXPECT_NEAR(map.toPixel(map.toValue(37)), 37, 1e-6) << row.name;
+    }
+    const ScaleMap infinite(-INFINITY, 1e308 * 10, false, 200, 0);
+    EXPECT_TRUE(std::isfinite(infinite.toPixel(3)));
+}
