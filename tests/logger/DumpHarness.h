@@ -1,0 +1,78 @@
+#pragma once
+
+#include "BinaryFileWriter.h"
+#include "ScratchFolder.h"
+#include "logger/CDumpDBD.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace pellam::test {
+
+struct RecordedMessages : MessageSink {
+    void show(std::string_view text) override { texts.append(text).append("\n"); }
+
+    std::string texts;
+};
+
+struct CountedProgress : ProgressSink {
+    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override { ++open; }
+
+    void addString(std::string_view) override {}
+
+    void setPosition(std::int64_t) override {}
+
+    bool aborted() override { return ++asked > abortAfter; }
+
+    void finish() override { --open; }
+
+    int open = 0;
+    int asked = 0;
+    int abortAfter = 1 << 30;
+};
+
+/// 2008/02/25 13:45:10.000250 in microseconds since 1989.
+inline constexpr std::uint64_t kNoon = 604'331'110'000'250;
+
+/// Converts files that are made of bytes.
+class DumpTest : public testing::Test {
+  protected:
+    std::string dump(const std::string& bytes, unsigned options = 0,
+                     CDumpDBD::Purpose purpose = CDumpDBD::Purpose::Text) {
+        CDumpDBD dumper({international, messages, progress}, purpose);
+        // Replacing a file makes some file systems wait for the disk.
+        std::filesystem::remove(folder.path("out.txt"));
+        const std::string input = folder.write("in.dbd", bytes);
+        EXPECT_EQ(dumper.dumpFile({input}, folder.path("out.txt"), options), CDumpDBD::kDone);
+        EXPECT_EQ(progress.open, 0);
+        return folder.read("out.txt");
+    }
+
+    /// Two channels and two records in slots of 30 bytes, an alarm in a slot of 20.
+    static BinaryFileWriter pump() {
+        using Writer = BinaryFileWriter;
+        Writer file;
+        file.channels = {{"Level", "m", ""}, {"Starts", "", ""}};
+        for (const int i : {0, 1}) {
+            file.data.records.push_back(Writer::dataRecord(
+                kNoon + static_cast<unsigned>(i) * 1'000'000U,
+                Writer::floatItem(1.5F + static_cast<float>(i)) + Writer::integerItem(7 + i)));
+        }
+        file.alarms.records = {Writer::alarmRecord(0xBEE, kNoon, 3, 44, "Dry run")};
+        return file;
+    }
+
+    ScratchFolder folder;
+    InternationalSettings international;
+    RecordedMessages messages;
+    CountedProgress progress;
+};
+
+inline const std::string kPumpHead = "Datetime,A.Level(m),A.Starts\n";
+inline const std::string kPumpRows = "2008/02/25 13:45:10.000250,1.50000,7\n"
+                                     "2008/02/25 13:45:11.000250,2.50000,8\n";
+inline const std::string kPumpAlarm = "2008/02/25 13:45:10.000250,ALARM3,44,\"Dry run\"\n";
+
+} // namespace pellam::test
