@@ -151,13 +151,4 @@ void ClipboardTable::appendRow(const GridData& grid, const Block& block, GridRow
     }
 }
 
-void ClipboardTable::cellText(const GridData& grid, int column, GridRow row, std::string& out) {
-    if (row == 0) {
-        out = column > 0 ? std::to_string(grid.column(column).axis()) : std::string();
-        return;
-    }
-    CellBuffer buffer;
-    out = toUtf8(grid.text(column, row - 1, buffer));
-}
-
 } // namespace pellam

@@ -48,9 +48,6 @@ class ClipboardTable {
     static void appendHeadings(const GridData& grid, const Block& block, std::string& out);
     /// Appends one grid row of the block; lines are separated by "\n".
     static void appendRow(const GridData& grid, const Block& block, GridRow row, std::string& out);
-
-    /// Text of a cell as the grid shows it, as UTF-8 in `out`; axis numbers in row 0.
-    static void cellText(const GridData& grid, int column, GridRow row, std::string& out);
 };
 
 } // namespace pellam

@@ -76,7 +76,7 @@ bool GridClipboard::copy(bool withHeadings) {
 
 bool GridClipboard::writable() {
     if (m_cug.enableProtection() != 1) return true;
-    Q_EMIT refused(tr("The grid is protected: its cells can't be changed."));
+    Q_EMIT notice(tr("The grid is protected: its cells can't be changed"));
     return false;
 }
 

@@ -1,0 +1,149 @@
+#include "views/CGridView.h"
+#include "GridText.h"
+#include "views/CTrendView.h"
+#include "views/FindBar.h"
+#include "views/GoToDialog.h"
+#include "views/MyCug.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace pellam {
+namespace {
+
+class CGridViewTest : public testing::Test {
+  protected:
+    CGridViewTest() {
+        fillGrid(m_grid, "Time|A(degC)|B\n"
+                         "2024/01/02 10:00:00|1.5|off\n"
+                         "2024/01/02 10:01:00|2.5|on\n"
+                         "2024/01/02 10:02:00|4|off\n"
+                         "2024/01/02 10:03:00|8|ON\n");
+        for (const Row row : {1, 3})
+            m_grid.addDamagedRow(row);
+        m_view.beginLoad();
+        m_view.endLoad(false, false);
+        m_view.resize(700, 400);
+        m_view.show();
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] std::string current() const {
+        const QModelIndex index = m_view.grid().currentIndex();
+        return std::to_string(index.column()) + "," + std::to_string(index.row());
+    }
+
+    std::string search(const char* text, void (CGridView::*command)() = &CGridView::findNext) {
+        m_view.findChild<FindBar*>()->findChild<QLineEdit*>()->setText(QString::fromUtf8(text));
+        (m_view.*command)();
+        QTest::qWait(30);
+        return current();
+    }
+
+    GridData m_grid;
+    CGridView m_view{m_grid};
+};
+
+TEST_F(CGridViewTest, KeepsACurrentCellThroughLoads) {
+    EXPECT_EQ(current(), "1,1");
+    m_view.beginLoad();
+    m_grid.reset();
+    m_view.endLoad(false, false);
+    EXPECT_EQ(current(), "1,1");
+}
+
+TEST_F(CGridViewTest, AddsUpTheSelectionForTheStatusBar) {
+    QSignalSpy texts(&m_view, &CGridView::statisticsChanged);
+    m_view.grid().selectArea({1, 2, 1, 4});
+    QTest::qWait(30);
+    ASSERT_FALSE(texts.isEmpty());
+    EXPECT_EQ(texts.last().first().toString().toStdString(),
+              "Count: 4   Min: 1.5   Max: 8   Mean: 4   Sum: 16");
+    m_view.grid().selectArea({1, 1, 1, 1});
+    EXPECT_EQ(texts.last().first().toString(), QString());
+}
+
+TEST_F(CGridViewTest, FindsForwardsAndBackwards) {
+    QSignalSpy notices(&m_view, &CGridView::notice);
+    EXPECT_EQ(search("on"), "2,2");
+    EXPECT_EQ(search("on"), "2,4");
+    EXPECT_TRUE(notices.isEmpty());
+    EXPECT_EQ(search("on"), "2,2");
+    EXPECT_EQ(notices.count(), 1);
+    EXPECT_EQ(search("off", &CGridView::findPrevious), "2,1");
+    EXPECT_EQ(search("nowhere"), "2,1");
+    EXPECT_EQ(notices.count(), 2);
+}
+
+TEST_F(CGridViewTest, EscapeClosesTheFindBar) {
+    m_view.find();
+    auto* bar = m_view.findChild<FindBar*>();
+    EXPECT_TRUE(bar->isVisible());
+    QTest::keyClick(bar->findChild<QLineEdit*>(), Qt::Key_Escape);
+    EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(CGridViewTest, GoesThroughDamagedLines) {
+    QSignalSpy notices(&m_view, &CGridView::notice);
+    std::string visited;
+    for (int i = 0; i < 3; ++i)
+        m_view.nextDamagedLine(), visited += current() + " ";
+    for (int i = 0; i < 2; ++i)
+        m_view.previousDamagedLine(), visited += current() + " ";
+    EXPECT_EQ(visited, "1,2 1,4 1,2 1,4 1,2 ");
+    EXPECT_EQ(notices.at(1).first().toString(), QStringLiteral("Damaged line 2 of 2"));
+}
+
+TEST_F(CGridViewTest, GoesToATime) {
+    std::string remark;
+    QTimer::singleShot(0, &m_view, [&] {
+        auto* dialog = m_view.findChild<GoToDialog*>();
+        auto* field = dialog->findChild<QLineEdit*>();
+        field->setText(QStringLiteral("2025"));
+        dialog->accept();
+        QTest::qWait(30);
+        EXPECT_TRUE(dialog->isVisible());
+        field->setText(QStringLiteral("2024/01/02 10:01:30"));
+        dialog->accept();
+    });
+    m_view.goTo();
+    EXPECT_EQ(current(), "1,3");
+}
+
+TEST_F(CGridViewTest, TakesTheFirstOfSeveralDroppedFiles) {
+    QSignalSpy dropped(&m_view, &CGridView::fileDropped);
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/a b.dlr")),
+                  QUrl::fromLocalFile(QStringLiteral("/data/c.dlr"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
+    QApplication::sendEvent(&m_view, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
+    QApplication::sendEvent(&m_view, &drop);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.first().first().toString(), QStringLiteral("/data/a b.dlr"));
+}
+
+TEST_F(CGridViewTest, TrendPageListsTheChartedChannels) {
+    m_grid.column(1).setCharted(true);
+    m_grid.column(1).setAxis(4);
+    CTrendView trend(m_grid);
+    auto* list = trend.findChild<QTreeWidget*>();
+    ASSERT_EQ(list->topLevelItemCount(), 1);
+    EXPECT_EQ(list->topLevelItem(0)->text(0) + list->topLevelItem(0)->text(1),
+              QStringLiteral("4A (degC)"));
+    m_grid.column(1).setCharted(false);
+    trend.refresh();
+    EXPECT_EQ(list->topLevelItemCount(), 0);
+}
+
+} // namespace
+} // namespace pellam

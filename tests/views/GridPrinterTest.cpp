@@ -1,0 +1,137 @@
+#include "views/GridPrinter.h"
+#include "GridText.h"
+#include "base/ProgressSink.h"
+#include "views/HeadingText.h"
+
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+#include <gtest/gtest.h>
+
+namespace pellam {
+namespace {
+
+class StoppingSink : public ProgressSink {
+  public:
+    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
+
+    void addString(std::string_view) override {}
+
+    void setPosition(std::int64_t) override { ++m_positions; }
+
+    bool aborted() override { return m_positions > m_patience; }
+
+    void finish() override {}
+
+    int m_positions = 0;
+    int m_patience = 1 << 30;
+};
+
+const QSizeF kA4(595, 842);
+
+TEST(GridPageLayout, PutsEveryCellOnExactlyOnePage) {
+    GridData grid;
+    fillGrid(grid, "Time|A|B\n2024/01/02 10:00:00|1|2\n");
+    grid.setColumnCount(40);
+    grid.setChannelCount(30);
+    grid.setRowCount(400);
+    GridPageLayout layout(grid);
+    layout.setPageSize(kA4);
+    std::vector<int> seen(31 * 401, 0);
+    for (int i = 0; i < layout.pageCount(); ++i) {
+        const GridPageLayout::Page page = layout.page(i);
+        double width = layout.rowNumberWidth();
+        for (int column = page.firstColumn; column <= page.lastColumn; ++column) {
+            width += layout.columnWidth(column);
+            for (GridRow row = page.firstRow; row <= page.lastRow; ++row) {
+                ++seen[static_cast<std::size_t>(row * 31 + column)];
+            }
+        }
+        EXPECT_LE(width, layout.size().width());
+        EXPECT_LE(layout.headingHeight() + layout.footerHeight() +
+                      static_cast<double>(page.lastRow - page.firstRow + 1) * layout.rowHeight(),
+                  layout.size().height());
+    }
+    EXPECT_EQ(std::count(seen.begin(), seen.end(), 1), 31 * 401);
+    // All rows of the first columns come before the next columns.
+    EXPECT_EQ(layout.page(1).firstColumn, 0);
+    EXPECT_EQ(layout.page(1).firstRow, layout.page(0).lastRow + 1);
+}
+
+TEST(GridPageLayout, HasNoPagesWithoutRows) {
+    GridData grid;
+    GridPageLayout layout(grid);
+    layout.setPageSize(kA4);
+    EXPECT_EQ(layout.pageCount(), 0);
+    grid.setRowCount(1);
+    layout.setPageSize(QSizeF(10, 10));
+    EXPECT_EQ(layout.pageCount(), 2);
+}
+
+TEST(GridPrinter, PrintsTheAskedPagesAndStopsWhenAborted) {
+    GridData grid;
+    fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");
+    grid.setRowCount(2000);
+    const auto print = [&grid](GridPrinter::PageRange range, StoppingSink& sink, bool expected) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&buffer);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        GridPrinter printer(grid, QStringLiteral("mast.dlr"));
+        EXPECT_EQ(printer.print(writer, range, sink), expected);
+        return buffer.data().count("/Type /Page\n");
+    };
+    StoppingSink patient;
+    const auto all = print({}, patient, true);
+    EXPECT_GT(all, 20);
+    EXPECT_EQ(print({2, 4}, patient, true), 3);
+    EXPECT_EQ(print({1000, 0}, patient, false), 0);
+    StoppingSink hasty;
+    hasty.m_patience = 1;
+    EXPECT_LT(print({}, hasty, false), all);
+}
+
+TEST(GridPrinter, PaintsOnlyInsideItsTarget) {
+    GridData grid;
+    fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");
+    GridPrinter printer(grid, QStringLiteral("mast.dlr"));
+    printer.setPageSize(kA4);
+    QImage image(700, 900, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    printer.paintPage(painter, 0, QRectF(50, 25, 595, 842));
+    painter.end();
+    const auto inked = [&image](const QRect& part) {
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                if (image.pixelColor(x, y) != Qt::white) return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(inked({50, 25, 200, 60})) << "headings";
+    EXPECT_TRUE(inked({580, 845, 65, 22})) << "page number";
+    EXPECT_FALSE(inked({0, 0, 48, 900}));
+    EXPECT_FALSE(inked({648, 0, 52, 900}));
+    EXPECT_FALSE(inked({0, 869, 700, 31}));
+}
+
+TEST(HeadingText, PutsTheUnitsBelowTheName) {
+    const QFontMetricsF metrics{QFont()};
+    const auto lines = [&metrics](const char* label, double width) {
+        return HeadingText(QString::fromUtf8(label)).lines(width, metrics).join(u'/').toStdString();
+    };
+    EXPECT_EQ(lines("A.Temp.Ave(degC)", 500), "A.Temp.Ave/(degC)");
+    EXPECT_EQ(lines("A.Gust()", 500), "A.Gust");
+    EXPECT_EQ(lines("Alarm Message", 500), "Alarm Message");
+    EXPECT_EQ(lines("(m)", 500), "(m)");
+    EXPECT_EQ(lines("", 500), "");
+    const double half = metrics.horizontalAdvance(QStringLiteral("Alarm Messag"));
+    EXPECT_EQ(lines("Alarm Message", half), "Alarm/Message");
+    EXPECT_NE(lines("A.Temperature.Ave(degC)", 40).find("\xE2\x80\xA6/"), std::string::npos);
+}
+
+} // namespace
+} // namespace pellam

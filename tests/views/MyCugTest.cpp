@@ -1,0 +1,330 @@
+#include "views/MyCug.h"
+#include "GridText.h"
+#include "views/AxisSpinBox.h"
+#include "views/CGridView.h"
+#include "views/GridClipboard.h"
+#include "views/GridCorner.h"
+#include "views/GridDelegate.h"
+#include "views/GridHeader.h"
+#include "views/GridModel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUndoStack>
+#include <gtest/gtest.h>
+
+namespace pellam {
+namespace {
+
+class MyCugTest : public testing::Test {
+  protected:
+    MyCugTest() {
+        fillGrid(m_grid, "Time|A(degC)|B(m/s)|C(%)|D|E|F|G\n"
+                         "2024/01/02 10:00:00|11|21|31|41|51|61|71\n"
+                         "2024/01/02 10:01:00|12|22|32|42|52|62|72\n"
+                         "2024/01/02 10:02:00|13|23|33|43|53|63|73\n");
+        m_view.resize(640, 400);
+        m_view.beginLoad();
+        m_view.endLoad(false, false);
+        m_view.show();
+        m_view.activateWindow();
+        m_cug.setFocus();
+        QApplication::processEvents();
+        m_model.setChanged(false);
+    }
+
+    [[nodiscard]] QPoint centre(int column, int row) const {
+        return m_cug.visualRect(m_model.index(row, column)).center();
+    }
+
+    void select(int firstColumn, int lastColumn, GridRow firstRow, GridRow lastRow) {
+        m_cug.selectArea({firstColumn, lastColumn, firstRow, lastRow});
+    }
+
+    [[nodiscard]] std::string cell(int column, int row) const {
+        return m_model.index(row, column).data().toString().toStdString();
+    }
+
+    [[nodiscard]] std::string selected() const {
+        std::string text;
+        for (const CellArea& area : m_cug.selectedAreas()) {
+            text += std::to_string(area.firstColumn) + "-" + std::to_string(area.lastColumn) + "x" +
+                    std::to_string(area.firstRow) + "-" + std::to_string(area.lastRow) + " ";
+        }
+        return text;
+    }
+
+    static void setClipboard(const char* text) {
+        QApplication::clipboard()->setText(QString::fromUtf8(text));
+    }
+
+    static std::string clipboard() { return QApplication::clipboard()->text().toStdString(); }
+
+    void dragHeading(int from, const QPoint& to) {
+        QWidget* headings = m_cug.headings().viewport();
+        const QPoint start = m_cug.headings().headingRect(from).center() + QPoint(8, 0);
+        QTest::mousePress(headings, Qt::LeftButton, {}, start);
+        for (int i = 1; i <= 4; ++i) {
+            const QPoint place = start + (to - start) * i / 4;
+            QMouseEvent move(QEvent::MouseMove, place, headings->mapToGlobal(place), Qt::NoButton,
+                             Qt::LeftButton, {});
+            QApplication::sendEvent(headings, &move);
+        }
+        QTest::mouseRelease(headings, Qt::LeftButton, {}, to);
+    }
+
+    GridData m_grid;
+    CGridView m_view{m_grid};
+    MyCug& m_cug = m_view.grid();
+    GridModel& m_model = m_cug.gridModel();
+};
+
+TEST_F(MyCugTest, DoubleClickMarksAndEditsDataCellsAlone) {
+    const auto doubleClick = [this](int column, int row) {
+        m_model.setChanged(false);
+        QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {}, centre(column, row));
+        QTest::mouseDClick(m_cug.viewport(), Qt::LeftButton, {}, centre(column, row));
+        const bool marked = m_cug.corner().isMarked();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        return marked;
+    };
+    EXPECT_TRUE(doubleClick(1, 2));
+    EXPECT_FALSE(doubleClick(0, 2));
+    EXPECT_FALSE(doubleClick(2, 0));
+    EXPECT_EQ(cell(1, 2), "12");
+}
+
+TEST_F(MyCugTest, TypingReplacesTheCellAndUndoBringsItBack) {
+    select(2, 2, 1, 1);
+    QTest::keyClicks(&m_cug, QStringLiteral("9"));
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, QStringLiteral(".5"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(cell(2, 1), "9.5");
+    EXPECT_TRUE(m_cug.corner().isMarked());
+    m_view.undoStack().undo();
+    EXPECT_EQ(cell(2, 1), "21");
+}
+
+TEST_F(MyCugTest, ProtectionRefusesEveryEdit) {
+    m_cug.SetEnableProtection(1);
+    select(1, 1, 1, 1);
+    QTest::keyClick(&m_cug, Qt::Key_F2);
+    QTest::keyClicks(&m_cug, QStringLiteral("9"));
+    QTest::keyClick(&m_cug, Qt::Key_Delete);
+    QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {},
+                      GridDelegate::spinUpRect(m_cug.visualRect(m_model.index(0, 1))).center());
+    EXPECT_EQ(cell(1, 1) + " " + cell(1, 0), "11 1");
+    m_cug.SetEnableProtection(0);
+    EXPECT_TRUE(m_cug.OnEditStart(1, 1));
+}
+
+TEST_F(MyCugTest, SpinsAxisNumbersWithTheMouse) {
+    const QRect axis = m_cug.visualRect(m_model.index(0, 2));
+    std::string seen;
+    for (int i = 0; i < 6; ++i) {
+        QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {},
+                          GridDelegate::spinUpRect(axis).center());
+        seen += cell(2, 0);
+    }
+    for (int i = 0; i < 2; ++i) {
+        QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {},
+                          GridDelegate::spinDownRect(axis).center());
+        seen += cell(2, 0);
+    }
+    EXPECT_EQ(seen, "23456111");
+    EXPECT_TRUE(m_cug.corner().isMarked());
+}
+
+TEST_F(MyCugTest, TypedAxisNumbersOutOfRangeBecomeOne) {
+    const struct {
+        const char* typed;
+        const char* expected;
+    } rows[] = {{"4", "4"}, {"7", "1"}, {"6", "6"}, {"0", "1"}, {"-3", "1"}};
+
+    for (const auto& row : rows) {
+        select(3, 3, 0, 0);
+        QTest::keyClick(&m_cug, Qt::Key_F2);
+        auto* editor = qobject_cast<AxisSpinBox*>(QApplication::focusWidget());
+        ASSERT_NE(editor, nullptr);
+        editor->selectAll();
+        QTest::keyClicks(editor, QString::fromUtf8(row.typed));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QApplication::processEvents();
+        EXPECT_EQ(cell(3, 0), row.expected) << row.typed;
+    }
+}
+
+TEST_F(MyCugTest, NotificationsSetTheMark) {
+    EXPECT_TRUE(m_cug.OnCellTypeNotify(MyCug::kCheckBoxType, 1, 2, 0));
+    EXPECT_FALSE(m_grid.changed());
+    EXPECT_TRUE(m_cug.OnCellTypeNotify(MyCug::kCheckBoxType, 1, -1, 0));
+    EXPECT_TRUE(m_grid.changed());
+    m_model.setChanged(false);
+    EXPECT_TRUE(m_cug.OnColSwapStart(1));
+    EXPECT_TRUE(m_cug.corner().isMarked());
+}
+
+TEST_F(MyCugTest, CheckBoxesAnswerMouseAndSpaceBar) {
+    QTest::mouseClick(m_cug.headings().viewport(), Qt::LeftButton, {},
+                      m_cug.headings().checkBoxRect(2).center());
+    EXPECT_TRUE(m_grid.column(2).charted());
+    EXPECT_TRUE(m_cug.corner().isMarked());
+    EXPECT_EQ(selected(), "1-1x1-1 ");
+    select(3, 3, 2, 2);
+    QTest::keyClick(&m_cug, Qt::Key_Space);
+    EXPECT_TRUE(m_grid.column(3).charted());
+    QTest::keyClick(&m_cug, Qt::Key_Space);
+    EXPECT_FALSE(m_grid.column(3).charted());
+}
+
+TEST_F(MyCugTest, SelectAllChannelsLeavesTheLastOneAsItWas) {
+    m_view.selectAllChannels();
+    std::string charted;
+    for (int column = 0; column < 9; ++column)
+        charted += m_grid.column(column).charted() ? '1' : '0';
+    EXPECT_EQ(charted, "111111100");
+    EXPECT_TRUE(m_grid.changed());
+    m_grid.column(7).setCharted(true);
+    m_grid.column(15).setCharted(true);
+    m_view.deselectAllChannels();
+    for (int column = 0; column < 16; ++column)
+        EXPECT_FALSE(m_grid.column(column).charted()) << column;
+}
+
+TEST_F(MyCugTest, DraggingAHeadingMovesTheColumnInTheStore) {
+    const int width = m_cug.columnWidth(1) + 7;
+    m_cug.setColumnWidth(1, width);
+    dragHeading(1, m_cug.headings().headingRect(3).center() + QPoint(12, 0));
+    EXPECT_EQ(gridText(m_grid).substr(0, 40), "2024/01/02 10:00:00|21|31|11|41|51|61|71");
+    EXPECT_EQ(m_cug.columnWidth(3), width);
+    EXPECT_EQ(m_cug.currentIndex().column(), 3);
+    m_view.undoStack().undo();
+    EXPECT_EQ(gridText(m_grid).substr(0, 40), "2024/01/02 10:00:00|11|21|31|41|51|61|71");
+}
+
+TEST_F(MyCugTest, TheTimeColumnNeitherMovesNorGivesWay) {
+    dragHeading(0, m_cug.headings().headingRect(2).center() + QPoint(12, 0));
+    EXPECT_FALSE(m_grid.changed());
+    dragHeading(2, QPoint(2, 10));
+    EXPECT_EQ(gridText(m_grid).substr(0, 40), "2024/01/02 10:00:00|21|11|31|41|51|61|71");
+    m_cug.EnableColSwapping(false);
+    dragHeading(2, QPoint(2, 10));
+    EXPECT_EQ(gridText(m_grid).substr(0, 40), "2024/01/02 10:00:00|21|11|31|41|51|61|71");
+}
+
+TEST_F(MyCugTest, LargeFileModeForbidsResizingColumns) {
+    const auto drag = [this] {
+        QWidget* headings = m_cug.headings().viewport();
+        const QPoint edge(m_cug.headings().headingRect(1).right() - 1, 20);
+        QTest::mousePress(headings, Qt::LeftButton, {}, edge);
+        const QPoint to = edge + QPoint(40, 0);
+        QMouseEvent move(QEvent::MouseMove, to, headings->mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(headings, &move);
+        QTest::mouseRelease(headings, Qt::LeftButton, {}, to);
+        return m_cug.columnWidth(1);
+    };
+    m_cug.EnableColSwapping(false);
+    const int width = m_cug.columnWidth(1);
+    m_cug.SetLargeFileMode(1);
+    EXPECT_EQ(drag(), width);
+    m_cug.SetLargeFileMode(0);
+    EXPECT_EQ(drag(), width + 40);
+}
+
+TEST_F(MyCugTest, TheTimeColumnStaysInPlaceWhenScrolled) {
+    m_cug.horizontalScrollBar()->setValue(m_cug.horizontalScrollBar()->maximum());
+    ASSERT_GT(m_cug.headings().offset(), 100);
+    EXPECT_EQ(m_cug.visualRect(m_model.index(2, 0)).left(), 0);
+    EXPECT_EQ(m_cug.indexAt(centre(0, 2)), m_model.index(2, 0));
+    QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {}, centre(0, 3));
+    EXPECT_EQ(selected(), "0-0x3-3 ");
+    EXPECT_GT(m_cug.headings().offset(), 100);
+    // A cell that is gone to is never left under the locked column.
+    m_cug.scrollTo(m_model.index(2, 1));
+    EXPECT_GE(m_cug.visualRect(m_model.index(2, 1)).left(), m_cug.columnWidth(0));
+}
+
+TEST_F(MyCugTest, ShiftExtendsTheSelectionAcrossTheLockedColumn) {
+    select(7, 7, 1, 1);
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(&m_cug, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&m_cug, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "2-7x1-2 ");
+    QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, Qt::ShiftModifier, centre(0, 3));
+    EXPECT_EQ(selected(), "0-7x1-3 ");
+}
+
+TEST_F(MyCugTest, HeadingsSelectDataWithoutTheAxisRow) {
+    QTest::mouseClick(m_cug.headings().viewport(), Qt::LeftButton, {},
+                      m_cug.headings().headingRect(2).center() + QPoint(8, 0));
+    EXPECT_EQ(selected(), "2-2x1-3 ");
+    QTest::mouseClick(m_cug.headings().viewport(), Qt::LeftButton, Qt::ShiftModifier,
+                      m_cug.headings().headingRect(1).center() + QPoint(8, 0));
+    EXPECT_EQ(selected(), "1-2x1-3 ");
+    QTest::mouseClick(&m_cug.corner(), Qt::LeftButton);
+    EXPECT_EQ(selected(), "0-15x1-3 ");
+}
+
+TEST_F(MyCugTest, CopiesWithAndWithoutHeadings) {
+    select(1, 2, 0, 2);
+    m_view.copy();
+    EXPECT_EQ(clipboard(), "1\t1\n11\t21\n12\t22");
+    select(2, 3, 3, 3);
+    m_view.copyWithHeadings();
+    EXPECT_EQ(clipboard(), "B(m/s)\tC(%)\n23\t33");
+}
+
+TEST_F(MyCugTest, CutsAndPastesElsewhere) {
+    select(1, 2, 1, 2);
+    m_view.cut();
+    EXPECT_EQ(cell(1, 1) + cell(2, 2), "");
+    select(6, 6, 2, 2);
+    m_view.paste();
+    EXPECT_EQ(cell(6, 2) + " " + cell(7, 2) + " " + cell(6, 3) + " " + cell(7, 3), "11 21 12 22");
+    EXPECT_EQ(selected(), "6-7x2-3 ");
+    m_view.undoStack().undo();
+    m_view.undoStack().undo();
+    EXPECT_EQ(cell(1, 1) + cell(2, 2) + cell(6, 2), "112262");
+}
+
+TEST_F(MyCugTest, PastesPastTheEndSaySo) {
+    QSignalSpy notices(&m_view, &CGridView::notice);
+    setClipboard("1\t2\n3\t4\n");
+    select(15, 15, 3, 3);
+    m_view.paste();
+    EXPECT_EQ(cell(15, 3), "1");
+    EXPECT_EQ(notices.count(), 1);
+}
+
+TEST_F(MyCugTest, OneTextFillsTheSelection) {
+    setClipboard("7\n");
+    select(1, 2, 0, 2);
+    m_view.paste();
+    EXPECT_EQ(cell(1, 0) + cell(1, 1) + cell(2, 2) + cell(3, 1), "17731");
+    setClipboard("3");
+    select(0, 2, 0, 0);
+    m_view.paste();
+    EXPECT_EQ(cell(0, 0) + cell(1, 0) + cell(2, 0), "33");
+}
+
+TEST_F(MyCugTest, RefusesToCopyUnconnectedAreas) {
+    QSignalSpy refusals(&m_cug.clipboard(), &GridClipboard::refused);
+    m_cug.clipboard().disconnect(&m_view);
+    setClipboard("before");
+    select(1, 1, 1, 1);
+    m_cug.selectionModel()->select(m_model.index(2, 2), QItemSelectionModel::Select);
+    EXPECT_FALSE(m_cug.clipboard().copy());
+    EXPECT_EQ(refusals.count(), 1);
+    EXPECT_EQ(clipboard(), "before");
+}
+
+} // namespace
+} // namespace pellam
