@@ -20,11 +20,15 @@ inline void take(ValueRange& range, const ValueRange& other) {
 }
 
 // Four chains that don't wait for each other.
-ValueRange fullBlock(const double* values) {
+template <class Item>
+ValueRange extremes(const Item* items, std::size_t count) {
     ValueRange ranges[4];
-    for (std::size_t i = 0; i < branching; i += 4)
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4)
         for (std::size_t chain = 0; chain < 4; ++chain)
-            take(ranges[chain], values[i + chain]);
+            take(ranges[chain], items[i + chain]);
+    for (; i < count; ++i)
+        take(ranges[0], items[i]);
     take(ranges[0], ranges[1]);
     take(ranges[2], ranges[3]);
     take(ranges[0], ranges[2]);
@@ -38,14 +42,10 @@ std::size_t blocksOf(std::size_t count) {
 } // namespace
 
 ValueRange MinMaxPyramid::block(const double* values, std::size_t first, std::size_t last) const {
+    if (m_samples == Samples::All) return extremes(values + first, last - first);
     ValueRange range;
-    if (m_samples == Samples::Positive) {
-        for (std::size_t i = first; i < last; ++i)
-            take(range, values[i] > 0 ? values[i] : NAN);
-    } else {
-        for (std::size_t i = first; i < last; ++i)
-            take(range, values[i]);
-    }
+    for (std::size_t i = first; i < last; ++i)
+        take(range, values[i] > 0 ? values[i] : NAN);
     return range;
 }
 
@@ -67,12 +67,9 @@ void MinMaxPyramid::extend(const double* values, std::size_t count) {
     const std::size_t blocks = blocksOf(count);
     if (m_levels[0].empty()) m_levels[0].reserve(blocks);
     m_levels[0].resize(blocks);
-    const bool all = m_samples == Samples::All;
     for (std::size_t i = firstChanged; i < blocks; ++i) {
         const std::size_t first = i * branching;
-        const std::size_t last = std::min(count, first + branching);
-        m_levels[0][i] = all && last - first == branching ? fullBlock(values + first)
-                                                          : block(values, first, last);
+        m_levels[0][i] = block(values, first, std::min(count, first + branching));
     }
     std::size_t changed = firstChanged / branching;
     for (std::size_t level = 1; m_levels[level - 1].size() > 1; ++level, changed /= branching)
@@ -85,11 +82,8 @@ void MinMaxPyramid::extendLevel(std::size_t level, std::size_t firstChanged) {
     Level& nodes = m_levels[level];
     nodes.resize(blocksOf(below.size()));
     for (std::size_t i = firstChanged; i < nodes.size(); ++i) {
-        ValueRange range;
-        const std::size_t last = std::min(below.size(), (i + 1) * branching);
-        for (std::size_t j = i * branching; j < last; ++j)
-            take(range, below[j]);
-        nodes[i] = range;
+        const std::size_t first = i * branching;
+        nodes[i] = extremes(below.data() + first, std::min(branching, below.size() - first));
     }
 }
 
@@ -111,17 +105,16 @@ ValueRange MinMaxPyramid::range(const double* values, std::size_t first, std::si
     first = firstBlock;
     last = lastBlock;
     for (const Level& level : m_levels) {
-        if (last - first < 2 * branching) {
-            for (; first < last; ++first)
-                take(range, level[first]);
+        if (last - first < 3 * branching) {
+            take(range, extremes(level.data() + first, last - first));
             return range;
         }
-        for (; first % branching != 0; ++first)
-            take(range, level[first]);
-        for (; last % branching != 0; --last)
-            take(range, level[last - 1]);
-        first /= branching;
-        last /= branching;
+        const std::size_t firstWhole = blocksOf(first);
+        const std::size_t lastWhole = last / branching;
+        take(range, extremes(level.data() + first, firstWhole * branching - first));
+        take(range, extremes(level.data() + lastWhole * branching, last - lastWhole * branching));
+        first = firstWhole;
+        last = lastWhole;
     }
     return range;
 }
@@ -187,7 +180,8 @@ void MinMaxPyramid::prefetch(const double* values, std::size_t index) const {
     if (index >= m_count) return;
     const std::size_t start = index / branching * branching;
     __builtin_prefetch(values + start);
-    __builtin_prefetch(values + index);
+    __builtin_prefetch(values + start + branching / 2);
+    __builtin_prefetch(values + start + branching - 1);
     if (m_levels.empty()) return;
     const std::size_t node = start / branching / branching * branching;
     for (std::size_t i = node; i < node + branching; i += 4)
