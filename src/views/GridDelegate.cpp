@@ -63,7 +63,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 QString GridDelegate::displayText(const QVariant& value, const QLocale&) const {
     constexpr qsizetype longest = 512; // more does not fit a screen, and laying it out takes long
-    const QString text = value.toString();
+    QString text = value.toString();
+    // A cell is one line high.
+    text.replace(u'\n', u' ').replace(u'\r', u' ');
     return text.size() <= longest ? text : text.left(longest) + u'\u2026';
 }
 

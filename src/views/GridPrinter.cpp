@@ -92,8 +92,10 @@ class PagePainter {
                 const QColor colour = m_grid.colour(column, row - 1) == CellColour::DarkRed
                                           ? QColor(192, 0, 0)
                                           : QColor(Qt::black);
+                const bool numeric =
+                    m_grid.column(column).cell(row - 1).kind() == Cell::Kind::Decimal;
                 paintText(screenText(m_grid.text(column, row - 1, buffer)), left, row, wide, colour,
-                          Qt::AlignLeft);
+                          numeric ? Qt::AlignRight : Qt::AlignLeft);
             } else if (column > 0) {
                 m_painter.fillRect(QRectF(left, top(row), wide, m_layout.rowHeight()), kAxisFill);
                 paintText(QString::number(m_grid.column(column).axis()), left, row, wide, Qt::black,

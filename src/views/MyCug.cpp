@@ -70,6 +70,7 @@ void MyCug::OnSetup() {
         OnCellTypeNotify(kSpinButtonType, column, GridModel::kAxisRow, up ? kSpinUp : kSpinDown);
     });
     ensureCurrentCell();
+    adaptToPalette();
 }
 
 void MyCug::connectHeadings() {
@@ -473,10 +474,14 @@ bool MyCug::jumpToEdge(QKeyEvent* event) {
     return true;
 }
 
+void MyCug::adaptToPalette() {
+    m_grid.setDarkBackground(palette().color(QPalette::Base).lightness() < 128);
+}
+
 void MyCug::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
-        m_grid.setDarkBackground(palette().color(QPalette::Base).lightness() < 128);
+        adaptToPalette();
     } else if (event->type() == QEvent::FontChange) {
         setHeights();
     }

@@ -109,6 +109,7 @@ class MyCug : public QTableView {
     void OnSetup();
     void connectHeadings();
     void setHeights();
+    void adaptToPalette();
     void selectColumn(int column, Qt::KeyboardModifiers modifiers);
     void moveColumn(int from, int to);
     void columnMoved(int from, int to);

@@ -60,6 +60,15 @@ TEST_F(CGridViewTest, KeepsACurrentCellThroughLoads) {
     EXPECT_EQ(current(), "1,1");
 }
 
+TEST_F(CGridViewTest, DamagedLinesAreReadableOnDarkBackgrounds) {
+    m_grid.setText(1, 1, "2.5", CellColour::DarkRed);
+    QPalette dark;
+    dark.setColor(QPalette::Base, QColor(30, 30, 32));
+    m_view.setPalette(dark);
+    const QVariant text = m_view.grid().model()->index(2, 1).data(Qt::ForegroundRole);
+    EXPECT_GT(text.value<QBrush>().color().lightness(), 150);
+}
+
 TEST_F(CGridViewTest, AddsUpTheSelectionForTheStatusBar) {
     QSignalSpy texts(&m_view, &CGridView::statisticsChanged);
     m_view.grid().selectArea({1, 2, 1, 4});
