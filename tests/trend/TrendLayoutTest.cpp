@@ -1,0 +1,144 @@
+#include "trend/TrendLayout.h"
+
+#include "trend/TrendChart.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace pellam;
+
+namespace {
+
+TrendChart chartOf(int curves, int scales) {
+    TrendChart chart;
+    const auto times = TrendTimes::create({1710050000, 1710060000, 1710070000});
+    for (int k = 0; k < curves; ++k) {
+        TrendCurve& curve = chart.curve(k);
+        curve.setPoints(times, {1.0 * k, 5.0 + k, 2.0});
+        curve.setText(QStringLiteral("Channel number %1").arg(k));
+        curve.style().relatedScale = 1 + k % scales;
+        chart.scale(1 + k % scales)->enabled = true;
+        chart.scale(1 + k % scales)->text = QStringLiteral("Unit %1").arg(k % scales);
+    }
+    chart.state.timeMin = times->first();
+    chart.state.timeMax = times->last();
+    return chart;
+}
+
+TrendLayout layoutOf(const TrendChart& chart, const QSizeF& size) {
+    return TrendLayout::compute(chart, size, TimeTicks(QTimeZone("America/New_York")));
+}
+
+// "1L0 0-100": axis 1, left, first column from the plot, band in percent of the plot's height.
+std::string bands(const TrendLayout& layout) {
+    std::string text;
+    for (const ScaleBand& band : layout.scales) {
+        const auto percent = [&](double y) {
+            return std::to_string(
+                std::lround((y - layout.plot.top()) / layout.plot.height() * 100));
+        };
+        text += (text.empty() ? "" : ", ") + std::to_string(band.axis) +
+                (band.right ? "R " : "L ") + percent(band.band.top()) + '-' +
+                percent(band.band.bottom());
+    }
+    return text;
+}
+
+} // namespace
+
+TEST(TrendLayout, PutsScalesInBands) {
+    struct Row {
+        const char* name;
+        int scales;
+        int heights[6]; // percent; 0 = as at the start
+        const char* expected;
+    };
+
+    const Row rows[] = {
+        {"one", 1, {0}, "1L 0-100"},
+        {"three, in turn on either side", 3, {0}, "1L 0-100, 3L 0-100, 2R 0-100"},
+        {"two stacked", 2, {50, 50}, "1L 0-50, 2L 51-100"},
+        {"five stacked",
+         5,
+         {20, 20, 20, 20, 20},
+         "1L 0-20, 2L 21-40, 3L 41-60, 4L 61-80, 5L 81-100"},
+        {"six at 16 percent fill the height",
+         6,
+         {16, 16, 16, 16, 16, 16},
+         "1L 0-17, 2L 18-33, 3L 34-50, 4L 51-67, 5L 68-83, 6L 84-100"},
+    };
+    for (const Row& row : rows) {
+        TrendChart chart = chartOf(row.scales, row.scales);
+        for (int a = 1; row.heights[0] != 0 && a <= row.scales; ++a)
+            chart.scale(a)->position = {0, (a - 1) / 4, (a - 1) % 4, row.heights[a - 1], true};
+        EXPECT_EQ(bands(layoutOf(chart, QSizeF(1600, 900))), row.expected) << row.name;
+    }
+}
+
+TEST(TrendLayout, LeavesNoTextOverAnotherOrCut) {
+    for (const QSizeF size : {QSizeF(1600, 900), QSizeF(800, 600), QSizeF(420, 300)}) {
+        for (const int curves : {1, 6, 24, 200}) {
+            for (const double font : {0.1, 0.5, 1.0}) {
+                TrendChart chart = chartOf(curves, std::min(curves, 6));
+                chart.state.fontScaleFactor = font;
+                chart.state.title = QStringLiteral("A title");
+                chart.state.notes << QStringLiteral("Left out: %1").arg(QString(400, u'x'));
+                const TrendLayout layout = layoutOf(chart, size);
+                std::vector<QRectF> texts;
+                for (const LegendItem& item : layout.legendItems)
+                    texts.push_back(item.rect);
+                for (const AxisLabel& label : layout.timeLabels)
+                    texts.push_back(label.rect);
+                for (const ScaleBand& band : layout.scales) {
+                    for (const AxisLabel& label : band.labels)
+                        texts.push_back(label.rect);
+                    if (!band.titleText.isEmpty()) texts.push_back(band.title);
+                }
+                const QRectF whole(QPointF(), size);
+                for (std::size_t i = 0; i < texts.size(); ++i) {
+                    EXPECT_TRUE(whole.adjusted(-1, -1, 1, 1).contains(texts[i]) ||
+                                size.width() < 500)
+                        << size.width() << " curves " << curves << " font " << font;
+                    for (std::size_t j = 0; j < i; ++j) {
+                        const QRectF common = texts[i] & texts[j];
+                        EXPECT_TRUE(common.height() <= 2.5 || common.width() <= 1)
+                            << size.width() << " curves " << curves << " font " << font << ": " << i
+                            << " and " << j;
+                    }
+                }
+                const auto listed = static_cast<int>(layout.legendItems.size());
+                EXPECT_EQ(listed + layout.legendLeftOut, curves);
+            }
+        }
+    }
+}
+
+TEST(TrendLayout, TellsWhatIsAtAPoint) {
+    const TrendLayout layout = layoutOf(chartOf(2, 2), QSizeF(800, 600));
+    EXPECT_EQ(layout.hit(layout.plot.center()).part, TrendPart::Plot);
+    EXPECT_EQ(layout.hit(layout.timeAxis.center()).part, TrendPart::TimeAxis);
+    const TrendHit scale = layout.hit(layout.scale(2)->rect.center());
+    EXPECT_EQ(scale.part, TrendPart::Scale);
+    EXPECT_EQ(scale.index, 2);
+    const TrendHit legend = layout.hit(layout.legendItems[1].rect.center());
+    EXPECT_EQ(legend.part, TrendPart::Legend);
+    EXPECT_EQ(legend.index, 1);
+    EXPECT_EQ(layout.hit(QPointF(-5, -5)).part, TrendPart::Nothing);
+}
+
+TEST(TrendLayout, BearsAnySizeAndRange) {
+    TrendChart chart = chartOf(6, 6);
+    chart.scale(1)->actualMin = NAN;
+    chart.scale(2)->actualMin = 999999.9;
+    chart.scale(2)->actualMax = -999999.9;
+    chart.scale(3)->logarithmic = true;
+    chart.state.timeMin = 1e18;
+    chart.state.timeMax = -1e18;
+    for (const QSizeF size : {QSizeF(0, 0), QSizeF(1, 1), QSizeF(30, 20), QSizeF(100, 4000)}) {
+        const TrendLayout layout = layoutOf(chart, size);
+        EXPECT_GT(layout.plot.width(), 0) << size.width();
+        EXPECT_GT(layout.plot.height(), 0) << size.width();
+        for (const ScaleBand& band : layout.scales)
+            EXPECT_TRUE(std::isfinite(band.map.toPixel(1))) << band.axis;
+    }
+}
