@@ -6,6 +6,7 @@ import datetime
 import math
 import pathlib
 import random
+import struct
 
 SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "samples"
 EPOCH = datetime.datetime(1989, 1, 1)
@@ -276,11 +277,94 @@ def borehole_download():
     write("borehole-download.txt", lines + ["</data>"])
 
 
+class BinaryFile:
+    """A logger's binary data file; every number is big-endian."""
+
+    FLOAT, INTEGER, TEXT, TIME = 1, 2, 3, 4
+    NOT_YET_SET, OVERRANGE = 2, 3
+
+    @staticmethod
+    def microseconds(when):
+        return round((when - EPOCH).total_seconds() * 1_000_000)
+
+    @staticmethod
+    def section(tag, contents):
+        return tag + struct.pack(">I", len(contents)) + contents
+
+    @staticmethod
+    def item(kind, value, status=1):
+        if kind == BinaryFile.TEXT:
+            data = value.encode("cp1252") + b"\0"
+        else:
+            data = struct.pack({1: ">f", 2: ">i", 4: ">Q"}[kind], value)
+        return struct.pack(">BBI", 4 + len(data), kind << 4 | status, 0) + data
+
+    @staticmethod
+    def channel(name, units, form=""):
+        return struct.pack(">32s16s16sHH12x", name.encode(), units.encode("cp1252"),
+                           form.encode(), 0, 0)
+
+    @staticmethod
+    def data_record(when, items):
+        return struct.pack(">HQ", 0, BinaryFile.microseconds(when)) + b"".join(items)
+
+    @staticmethod
+    def alarm_record(when, number, kind, text):
+        return (struct.pack(">HQBB", number, BinaryFile.microseconds(when), number, kind) +
+                text.encode("cp1252") + b"\0")
+
+    @staticmethod
+    def ring(records, oldest):
+        """Descriptor and slots of records, the first of which stands in slot `oldest`."""
+        size = max(len(record) for record in records)
+        slots = [record.ljust(size, b"\0") for record in records]
+        slots = slots[len(slots) - oldest:] + slots[:len(slots) - oldest]
+        newest = (oldest - 1) % len(slots)
+        return struct.pack(">IiI", size, oldest, newest), b"".join(slots)
+
+    @staticmethod
+    def whole(letter, channels, data, alarms):
+        header = bytes(36) + struct.pack(">II", ord(letter), 0)
+        section = BinaryFile.section
+        return section(b"DTDT", section(b"HDR1", header) +
+                       section(b"DHDR", data[0] + struct.pack(">I", len(channels)) +
+                               b"".join(channels)) +
+                       section(b"AHDR", alarms[0]) + section(b"DATA", data[1]) +
+                       section(b"ALRM", alarms[1]) + section(b"EOF!", b""))
+
+
+def tank_gauge():
+    dice = random.Random(85)
+    b = BinaryFile
+    channels = [b.channel("Level", "m"), b.channel("Product temp", "degC"),
+                b.channel("Deliveries", "", "%d"), b.channel("Valve", ""),
+                b.channel("Last delivery", "")]
+    records, alarms = [], []
+    level, deliveries, delivered, filling = 1.9, 12, None, False
+    for index, when in enumerate(times("2008-11-10", 20, 300)):
+        filling = level < 1.2 or (filling and level < 4.6)
+        if filling and (delivered is None or level < 1.2):
+            deliveries, delivered = deliveries + 1, when
+            alarms.append(b.alarm_record(when, 2, 1, "Tank 4 below 1.2 m"))
+        level += 0.52 if filling else -0.021 + dice.gauss(0, 0.003)
+        warm = diurnal(when, 11.4, 1.2, 17) + dice.gauss(0, 0.03)
+        if filling and level >= 4.6:
+            alarms.append(b.alarm_record(when, 3, 1, "Tank 4 full"))
+        last = (b.item(b.TIME, b.microseconds(delivered)) if delivered
+                else b.item(b.TIME, 0, b.NOT_YET_SET))
+        records.append(b.data_record(when, [
+            b.item(b.FLOAT, level, b.OVERRANGE if 140 <= index < 143 else 1),
+            b.item(b.FLOAT, warm), b.item(b.INTEGER, deliveries),
+            b.item(b.TEXT, "filling, pump 2" if filling else "closed"), last]))
+    data = b.whole("A", channels, b.ring(records, 87), b.ring(alarms, 2))
+    (SAMPLES / "tank-gauge.dbd").write_bytes(data)
+
+
 def main():
     SAMPLES.mkdir(exist_ok=True)
     for make in (weather_mast, generated_session, reservoir, cold_store_alarms, numeric_time,
                  checked_lines, signed_mast, pump_station, greenhouse, tank_farm,
-                 borehole_download):
+                 borehole_download, tank_gauge):
         make()
 
 

@@ -1,6 +1,7 @@
 #include "replay/SessionLoader.h"
 
 #include "replay/AxisGrouping.h"
+#include "replay/BinaryLoader.h"
 #include "replay/DelimitedLoader.h"
 #include "replay/ReplayLoader.h"
 
@@ -14,7 +15,8 @@ namespace {
 std::string timeOf(const GridData& grid, Row row, LoadOutcome::Kind kind) {
     if (row < 0) return {};
     const Column& times = grid.column(0);
-    if (kind == LoadOutcome::Kind::Delimited && !times.cell(row).isTime()) return {};
+    const bool anyText = kind == LoadOutcome::Kind::Delimited || kind == LoadOutcome::Kind::Binary;
+    if (anyText && !times.cell(row).isTime()) return {};
     CellBuffer buffer;
     return std::string(times.text(row, buffer));
 }
@@ -58,11 +60,7 @@ LoadOutcome SessionLoader::route(const std::string& path) {
             .ReadDelimFile(path);
     }
     if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
-    if (extension == "dbd") {
-        m_context.messages.show("Attention: Binary data files (.dbd) can not be read by this "
-                                "version. Export the data as replay text or CSV.");
-        return outcome;
-    }
+    if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
 }
 

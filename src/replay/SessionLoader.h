@@ -8,6 +8,7 @@
 #include "replay/LoadOutcome.h"
 #include "replay/TimeCorrections.h"
 
+#include <functional>
 #include <string>
 
 namespace pellam {
@@ -21,6 +22,10 @@ struct LoadContext {
     ProgressSink& progress;
     ChannelChooser& chooser;
     bool greyRows = false; ///< draw good rows grey (the grid is protected against editing)
+    /// The folder for converted files; empty (or absent) when none is set.
+    std::function<std::string()> saveFolder = {};
+    /// Lets the person set that folder; absent where nobody can be asked.
+    std::function<void()> askSaveFolder = {};
 };
 
 /// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,

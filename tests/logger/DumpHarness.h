@@ -43,7 +43,8 @@ class DumpTest : public testing::Test {
                      CDumpDBD::Purpose purpose = CDumpDBD::Purpose::Text) {
         CDumpDBD dumper({international, messages, progress}, purpose);
         // Replacing a file makes some file systems wait for the disk.
-        std::filesystem::remove(folder.path("out.txt"));
+        for (const char* name : {"in.dbd", "out.txt"})
+            std::filesystem::remove(folder.path(name));
         const std::string input = folder.write("in.dbd", bytes);
         EXPECT_EQ(dumper.dumpFile({input}, folder.path("out.txt"), options), CDumpDBD::kDone);
         EXPECT_EQ(progress.open, 0);
