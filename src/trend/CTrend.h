@@ -9,8 +9,10 @@
 
 namespace pellam {
 
-class TrendScene;
+class TrendCommands;
 class TrendInteraction;
+class TrendKeys;
+class TrendScene;
 
 /// The trend chart control: curves against time on up to six Y scales, with legend, zooming,
 /// crosshair and two measuring cursors. The operations of TrendOperations set it up.
@@ -51,7 +53,7 @@ class CTrend : public QWidget, public TrendOperations {
 
     const TrendScene& scene() const { return *m_scene; }
 
-    TrendInteraction& interaction() { return *m_interaction; }
+    TrendCommands& commands() { return *m_commands; }
 
   public Q_SLOTS:
     void zoomBack();
@@ -77,6 +79,7 @@ class CTrend : public QWidget, public TrendOperations {
   protected:
     void chartChanged(Change change) override;
     void unlocked() override;
+    bool focusNextPrevChild(bool next) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -94,10 +97,15 @@ class CTrend : public QWidget, public TrendOperations {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
-    friend class TrendInteraction;
+    friend class TrendCommands;
+    void setColours();
+    bool showToolTip(const QPoint& at, const QPoint& global);
 
     std::unique_ptr<TrendScene> m_scene;
+    std::unique_ptr<TrendCommands> m_commands;
     std::unique_ptr<TrendInteraction> m_interaction;
+    std::unique_ptr<TrendKeys> m_keys;
+    double m_pixelRatio = 0;
 };
 
 } // namespace pellam
