@@ -10,6 +10,7 @@
 #include <QToolBar>
 
 #include <optional>
+#include <utility>
 
 namespace pellam {
 
@@ -58,11 +59,13 @@ const Entry kEntries[] = {
     {Toolbar, "&Toolbar", "", {}, "Show or hide the toolbar", true},
     {DataGrid, "Data Grid", "", IconName::Grid, "Show the data on a grid", true},
     {TrendChart, "Trend Chart", "", IconName::Chart, "Show the data on a chart", true},
-    {EditAxis, "Edit A&xis...", "", IconName::EditAxes, "Edit the titles and ranges of the axes"},
-    {AutoScale, "&Auto Scale", "", IconName::AutoScale, "Fit the axes to the data"},
-    {SelectionZoom, "Selection &Zoom", "", IconName::SelectionZoomOff, "Zoom into a part of the chart", true},
-    {IncreaseFont, "&Increase Font Size", "", IconName::IncreaseFont, "Make the chart's texts larger"},
-    {DecreaseFont, "&Decrease Font Size", "", IconName::DecreaseFont, "Make the chart's texts smaller"},
+    {EditAxis, "Edit A&xis...", "Ctrl+Shift+X", IconName::EditAxes, "Edit the titles and ranges of the axes"},
+    {AutoScale, "&Auto Scale", "F5", IconName::AutoScale, "Fit the axes to the data"},
+    {SelectionZoom, "Selection &Zoom", "F6", IconName::SelectionZoomOff,
+     "Zoom into a part of the chart by drawing a frame around it", true},
+    {IncreaseFont, "&Increase Font Size", "Ctrl++; Ctrl+=", IconName::IncreaseFont, "Make the chart's texts larger"},
+    {DecreaseFont, "&Decrease Font Size", "Ctrl+-", IconName::DecreaseFont, "Make the chart's texts smaller"},
+    {StripChart, "&Strip Chart", "F7", IconName::StripChart, "Give every axis a strip of its own", true},
 
     {HelpContents, "&Help Contents", "F1", IconName::Help, "Open the help pages"},
     {About, "&About...", "", IconName::About, "Version and licence"},
@@ -101,23 +104,40 @@ void FrameActions::setEnabled(std::initializer_list<Command> commands, bool enab
 
 void FrameActions::showState(const FrameState& state) {
     const bool onGrid = state.gridPage && !state.preview;
-    // There is no database layer and no chart yet.
-    setEnabled({OpenDatabase, EditAxis, AutoScale, SelectionZoom, IncreaseFont, DecreaseFont},
-               false);
+    // There is no database layer yet.
+    setEnabled({OpenDatabase}, false);
     setEnabled({Export, ViewSpreadsheet, SelectAllChannels, DeselectAllChannels},
                state.hasData && !state.preview);
     setEnabled({Print}, state.hasData && state.gridPage);
     setEnabled({PrintPreview, Find, FindNext, FindPrevious, GoTo}, state.hasData && onGrid);
-    setEnabled({Copy, CopyWithHeadings}, onGrid && state.canCopy);
-    setEnabled({Cut}, onGrid && state.canCopy && state.canEdit);
+    setEnabled({Copy, CopyWithHeadings}, state.hasData && onGrid && state.canCopy);
+    setEnabled({Cut}, state.hasData && onGrid && state.canCopy && state.canEdit);
     setEnabled({Paste}, onGrid && state.canPaste);
     setEnabled({NextDamaged, PreviousDamaged}, onGrid && state.canGoToDamaged);
     setEnabled({Command::Sidebar, Command::Toolbar}, !state.preview);
+    showChartState(state);
 
     action(Command::Sidebar)->setChecked(state.sidebar);
     action(Command::Toolbar)->setChecked(state.toolbar);
     action(DataGrid)->setChecked(state.gridPage);
     action(TrendChart)->setChecked(!state.gridPage);
+}
+
+void FrameActions::showChartState(const FrameState& state) {
+    const bool onChart = !state.gridPage && !state.preview;
+    const bool onGrid = state.gridPage && !state.preview;
+    setEnabled({EditAxis, AutoScale, SelectionZoom}, onChart);
+    setEnabled({IncreaseFont}, onChart && state.canIncreaseFont);
+    setEnabled({DecreaseFont}, onChart && state.canDecreaseFont);
+    setEnabled({StripChart}, onChart && state.canStack);
+    setEnabled({Copy}, onChart || (onGrid && state.canCopy));
+
+    action(StripChart)->setChecked(state.stacked);
+    auto* const zoom = action(SelectionZoom);
+    zoom->setChecked(state.selectionZoom);
+    if (std::exchange(m_zoomShown, state.selectionZoom) == state.selectionZoom) return;
+    zoom->setIcon(IconSet::icon(state.selectionZoom ? IconName::SelectionZoomOn
+                                                    : IconName::SelectionZoomOff));
 }
 
 void FrameActions::buildActions() {
@@ -137,7 +157,8 @@ void FrameActions::buildActions() {
     }
     // One page is always in front: choosing it again must not clear its mark.
     auto* pages = new QActionGroup(this);
-    for (const auto page : {DataGrid, TrendChart}) pages->addAction(action(page));
+    for (const auto page : {DataGrid, TrendChart})
+        pages->addAction(action(page));
 }
 
 void FrameActions::fillMenu(const QString& title, const QList<Command>& commands) {
@@ -196,6 +217,7 @@ QToolBar* FrameActions::buildToolbar() {
                                EditAxis,
                                AutoScale,
                                SelectionZoom,
+                               StripChart,
                                kGap,
                                Preferences,
                                HelpContents}) {

@@ -122,7 +122,7 @@ TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     DialogScript dialogs;
     dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); });
     frame.OnLoadSessionFromFile(path(QStringLiteral("missing.csv")));
-    EXPECT_EQ(enabled(frame), "Ofst") << "after a load that failed";
+    EXPECT_EQ(enabled(frame), "OfVst") << "after a load that failed";
 }
 
 TEST_F(FrameMenuTest, CheckMarksFollowTheWindow) {
