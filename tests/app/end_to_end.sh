@@ -37,10 +37,10 @@ no_window_titled() { ! window_titled "$1"; }
 
 # Colours in the right part of the status bar, the size grip aside: one or two while it is empty.
 status_colours() {
-    local X Y WIDTH HEIGHT WINDOW SCREEN
+    local WIDTH HEIGHT WINDOW X Y SCREEN
     eval "$(xdotool getwindowgeometry --shell "$main")"
-    import -silent -window root \
-        -crop "$((WIDTH / 2 - 30))x14+$((X + WIDTH / 2))+$((Y + HEIGHT - 18))" "$home/status.png"
+    import -silent -window "$main" \
+        -crop "$((WIDTH / 2 - 30))x14+$((WIDTH / 2))+$((HEIGHT - 18))" +repage "$home/status.png"
     identify -format %k "$home/status.png"
 }
 status_is_empty() { [ "$(status_colours)" -le 3 ]; }
