@@ -161,33 +161,43 @@ void AxisPainter::drawClockChanges() {
 }
 
 void AxisPainter::boxAround(const QRectF& rect, const QColor& fill) {
-    m_painter.setPen(Qt::NoPen);
-    m_painter.setBrush(fill);
-    m_painter.drawRoundedRect(rect, 3, 3);
+    m_painter.fillRect(rect, fill);
+}
+
+// Corners are cut by a pixel: rounded ones cost more than all labels together.
+void AxisPainter::drawButton(const QRectF& rect, const QColor& frame, const QColor& fill) {
+    const QRectF inner = rect.adjusted(m_hair, m_hair, -m_hair, -m_hair);
+    m_painter.fillRect(inner, fill);
+    m_painter.fillRect(QRectF(inner.left(), rect.top(), inner.width(), m_hair), frame);
+    m_painter.fillRect(QRectF(inner.left(), inner.bottom(), inner.width(), m_hair), frame);
+    m_painter.fillRect(QRectF(rect.left(), inner.top(), m_hair, inner.height()), frame);
+    m_painter.fillRect(QRectF(inner.right(), inner.top(), m_hair, inner.height()), frame);
 }
 
 void AxisPainter::drawLegendItem(const LegendItem& item) {
     const CurveStyle& style = m_chart.curves[static_cast<std::size_t>(item.curve)].style();
     const bool button = m_chart.state.curveButtons != 0;
     if (button) {
-        m_painter.setPen(QPen(
-            style.visible ? m_theme.grid.darker(m_theme.isDark() ? 60 : 112) : m_theme.grid, 1));
-        m_painter.setBrush(style.visible ? m_theme.plot : m_theme.background);
-        m_painter.drawRoundedRect(item.rect.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+        const QColor frame =
+            style.visible ? m_theme.grid.darker(m_theme.isDark() ? 60 : 112) : m_theme.grid;
+        drawButton(item.rect, frame, style.visible ? m_theme.plot : m_theme.background);
     }
-    const QPointF left(item.swatch.left() + 1, item.swatch.center().y());
-    const QPointF right(item.swatch.right() - 1, left.y());
     const QColor& behind = button && style.visible ? m_theme.plot : m_theme.background;
     const QColor colour = style.visible ? colourOnScreen(style.colour, behind) : m_theme.grid;
-    if (style.visible && colourContrast(colour, behind) < 1.7) {
-        m_painter.setPen(
-            QPen(colourOfContrast(colour, behind, 3), 4.4, Qt::SolidLine, Qt::FlatCap));
-        m_painter.drawLine(left, right);
+    const double middle = std::round(item.swatch.center().y());
+    QRectF bar(item.swatch.left() + 1, middle - 1.5, item.swatch.width() - 2, 3);
+    if (m_pixels > 0) bar.moveTop(std::round(bar.top() * m_pixels) / m_pixels);
+    if (style.visible && colourContrast(colour, behind) < 1.7)
+        m_painter.fillRect(bar.adjusted(0, -1, 0, 1), colourOfContrast(colour, behind, 3));
+    if (style.dash == CurveDash::Solid) {
+        m_painter.fillRect(bar, colour);
+    } else {
+        QPen pen(colour, 3, Qt::SolidLine, Qt::FlatCap);
+        pen.setDashPattern(dashPattern(style.dash));
+        m_painter.setPen(pen);
+        m_painter.drawLine(QPointF(bar.left(), bar.center().y()),
+                           QPointF(bar.right(), bar.center().y()));
     }
-    QPen pen(colour, 3, Qt::SolidLine, Qt::FlatCap);
-    if (style.dash != CurveDash::Solid) pen.setDashPattern(dashPattern(style.dash));
-    m_painter.setPen(pen);
-    m_painter.drawLine(left, right);
     QRectF rect = item.textRect;
     rect.setTop(std::round(rect.center().y() - m_font.height() / 2));
     text(rect, item.text, style.visible ? m_theme.text : m_theme.faintText);
@@ -223,9 +233,8 @@ void AxisPainter::drawFront() {
     for (const ScaleBand& band : m_layout.scales)
         drawScale(band);
     drawTimeAxis();
-    m_painter.setRenderHint(QPainter::Antialiasing);
-    drawClockChanges();
     drawLegend();
+    drawClockChanges();
     drawTexts();
 }
 

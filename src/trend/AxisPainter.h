@@ -30,6 +30,7 @@ class AxisPainter {
     void drawClockChanges();
     void drawLegend();
     void drawLegendItem(const LegendItem& item);
+    void drawButton(const QRectF& rect, const QColor& frame, const QColor& fill);
     void drawTexts();
     void horizontal(double y, double left, double right, const QColor& colour);
     void vertical(double x, double top, double bottom, const QColor& colour);

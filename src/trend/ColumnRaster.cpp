@@ -118,7 +118,7 @@ bool isDot(const std::vector<ColumnSpan>& spans, std::size_t column) {
 } // namespace
 
 bool ColumnRaster::leftOut(const ColumnSpan& span, int column, const ColumnPen& pen) {
-    if (pen.dash == CurveDash::Solid || span.bottom - span.top > 3) return false;
+    if (pen.dash == CurveDash::Solid || span.bottom - span.top > 2 * pen.width) return false;
     const int place = static_cast<int>(column / std::max(1.0, pen.dashUnit)) % 8;
     switch (pen.dash) {
     case CurveDash::Dash:

@@ -59,20 +59,38 @@ class Finder {
     }
 
     void setLast(std::size_t index) {
+        if (index == m_next)
+            m_lastPixel = m_nextPixel;
+        else if (index < m_count)
+            m_lastPixel = m_map.toPixel(m_values[index]);
         m_last = index;
         m_joinKnown = false;
-        if (index < m_count) m_lastPixel = m_map.toPixel(m_values[index]);
+    }
+
+    std::size_t firstFrom(std::size_t start) const {
+        const bool there = start < m_count && m_pyramid.counts(m_values[start]);
+        return there ? start : m_pyramid.nextSample(m_values, start);
+    }
+
+    std::size_t lastBefore(std::size_t end) const {
+        const bool there = m_pyramid.counts(m_values[end - 1]);
+        return there ? end - 1 : m_pyramid.previousSample(m_values, end);
     }
 
     void takeSamples(ColumnSpan& span, std::size_t first, std::size_t end) {
         span.samples = static_cast<std::uint32_t>(
             std::min<std::size_t>(end - first, std::numeric_limits<std::uint32_t>::max()));
+        if (end - first == 1) {
+            if (!m_pyramid.counts(m_values[first])) return;
+            setLast(first);
+            include(span, static_cast<float>(m_lastPixel));
+            return;
+        }
         const ValueRange range = m_pyramid.range(m_values, first, end);
         if (range.empty()) return;
         include(span, pixel(range.min));
         include(span, pixel(range.max));
-        setLast(m_pyramid.counts(m_values[end - 1]) ? end - 1
-                                                    : m_pyramid.previousSample(m_values, end));
+        setLast(lastBefore(end));
     }
 
     // Whether the line goes on over the left border of a column whose samples start at an index;
@@ -80,7 +98,7 @@ class Finder {
     bool cross(std::size_t column, std::size_t start) {
         if (m_last >= m_count) return false;
         if (m_next < start || m_next == unknown) {
-            m_next = m_pyramid.nextSample(m_values, start);
+            m_next = firstFrom(start);
             if (m_next < m_count) m_nextPixel = m_map.toPixel(m_values[m_next]);
             m_joinKnown = false;
         }

@@ -4,12 +4,6 @@
 #include <cmath>
 
 namespace pellam {
-namespace {
-
-constexpr double farPixel = 1e6;
-
-} // namespace
-
 ScaleMap::ScaleMap(double min, double max, bool logarithmic, double pixelAtMin, double pixelAtMax)
     : m_logarithmic(logarithmic),
       m_pixelAtMin(pixelAtMin),
@@ -64,15 +58,9 @@ ScaleMap ScaleMap::over(double pixelAtMin, double pixelAtMax) const {
     return {m_min, m_max, m_logarithmic, pixelAtMin, pixelAtMax};
 }
 
-double ScaleMap::position(double value) const {
-    return m_logarithmic ? std::log(value) - m_origin : value - m_origin;
-}
-
-double ScaleMap::toPixel(double value) const {
-    if (m_logarithmic && value <= 0.0)
-        return m_pixelAtMin + (m_pixelAtMin < m_pixelAtMax ? -farPixel : farPixel);
-    const double pixel = m_pixelAtMin + position(value) * m_factor;
-    return pixel < -farPixel ? -farPixel : pixel > farPixel ? farPixel : pixel;
+double ScaleMap::logarithmicPixel(double value) const {
+    if (value <= 0.0) return m_pixelAtMin + (m_pixelAtMin < m_pixelAtMax ? -farPixel : farPixel);
+    return bounded(m_pixelAtMin + (std::log(value) - m_origin) * m_factor);
 }
 
 double ScaleMap::toValue(double pixel) const {

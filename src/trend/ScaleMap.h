@@ -26,7 +26,11 @@ class ScaleMap {
 
     /// Pixel of a value, beyond the ends too (kept within a million pixels). Logarithmically,
     /// values at or below zero lie far beyond the lower end.
-    double toPixel(double value) const;
+    double toPixel(double value) const {
+        return m_logarithmic ? logarithmicPixel(value)
+                             : bounded(m_pixelAtMin + (value - m_origin) * m_factor);
+    }
+
     double toValue(double pixel) const;
 
     /// Bounds of the range after zooming by a factor (below 1 = closer) around a pixel, or after
@@ -42,7 +46,13 @@ class ScaleMap {
   private:
     void setLinear(double min, double max);
     void setLogarithmic(double min, double max);
-    double position(double value) const;
+    double logarithmicPixel(double value) const;
+
+    static double bounded(double pixel) {
+        return pixel < -farPixel ? -farPixel : pixel > farPixel ? farPixel : pixel;
+    }
+
+    static constexpr double farPixel = 1e6;
 
     double m_min = 0;
     double m_max = 1;
