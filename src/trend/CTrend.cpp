@@ -199,11 +199,18 @@ bool CTrend::showToolTip(const QPoint& at, const QPoint& global) {
 }
 
 void CTrend::keyPressEvent(QKeyEvent* event) {
-    if (!m_scene->marks.focused) {
-        m_scene->marks.focused = true;
-        m_commands->updateOverlay();
+    if (m_keys->press(*event)) {
+        showFocus(true);
+    } else {
+        QWidget::keyPressEvent(event);
     }
-    if (!m_keys->press(*event)) QWidget::keyPressEvent(event);
+}
+
+// The frame is for those who use keys; it would only disturb others.
+void CTrend::showFocus(bool shown) {
+    if (m_scene->marks.focused == shown) return;
+    m_scene->marks.focused = shown;
+    m_commands->updateOverlay();
 }
 
 void CTrend::keyReleaseEvent(QKeyEvent* event) {
@@ -211,6 +218,7 @@ void CTrend::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void CTrend::mousePressEvent(QMouseEvent* event) {
+    showFocus(false);
     m_interaction->press(*event);
 }
 
@@ -250,8 +258,9 @@ bool CTrend::focusNextPrevChild(bool next) {
 }
 
 void CTrend::focusInEvent(QFocusEvent* event) {
-    m_scene->marks.focused = event->reason() != Qt::MouseFocusReason;
-    m_commands->updateOverlay();
+    const auto reason = event->reason();
+    showFocus(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+              reason == Qt::ShortcutFocusReason);
 }
 
 void CTrend::focusOutEvent(QFocusEvent* event) {

@@ -99,6 +99,7 @@ class CTrend : public QWidget, public TrendOperations {
   private:
     friend class TrendCommands;
     void setColours();
+    void showFocus(bool shown);
     bool showToolTip(const QPoint& at, const QPoint& global);
 
     std::unique_ptr<TrendScene> m_scene;

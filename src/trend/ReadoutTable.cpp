@@ -1,5 +1,6 @@
 #include "trend/ReadoutTable.h"
 
+#include "trend/CurveStyle.h"
 #include "trend/TrendTheme.h"
 
 #include <QCoreApplication>
@@ -13,8 +14,9 @@ namespace pellam {
 namespace {
 
 constexpr double kPadding = 8;
-constexpr double kMargin = 6;     // to the border of the area
-constexpr double kClearance = 14; // to the point that must not be hidden
+constexpr double kLongestName = 24; // in characters
+constexpr double kMargin = 6;       // to the border of the area
+constexpr double kClearance = 14;   // to the point that must not be hidden
 
 QPointF corner(int index, const QRectF& area, const QSizeF& size) {
     const bool right = index == 1 || index == 2;
@@ -41,7 +43,8 @@ void ReadoutTable::measure(const QFontMetricsF& metrics) {
     widen(m_content.titles);
     for (const auto& row : m_content.rows)
         widen(row.cells);
-    if (!m_widths.empty()) m_widths[0] = std::min(m_widths[0], 18 * metrics.averageCharWidth());
+    if (!m_widths.empty())
+        m_widths[0] = std::min(m_widths[0], kLongestName * metrics.averageCharWidth());
     m_linesWidth = 0;
     for (const QString& line : m_content.lines)
         m_linesWidth = std::max(m_linesWidth, std::ceil(metrics.horizontalAdvance(line)));
@@ -79,44 +82,52 @@ QSizeF ReadoutTable::size() const {
             static_cast<double>(lines) * m_lineHeight + 2 * kPadding};
 }
 
-void ReadoutTable::place(const QRectF& area, const std::optional<QPointF>& avoid) {
+bool ReadoutTable::place(const QRectF& area, const Avoid& avoid) {
     const QSizeF needed = size();
-    for (int tried = 0; tried < 4; ++tried) {
-        const int index = (m_corner + tried) % 4;
-        m_rect = QRectF(corner(index, area, needed), needed);
-        const QRectF guarded = m_rect.adjusted(-kClearance, -kClearance, kClearance, kClearance);
-        if (avoid && guarded.contains(*avoid)) continue;
-        m_corner = index;
-        return;
+    for (const bool clearOfAll : {true, false}) {
+        for (int tried = 0; tried < 4; ++tried) {
+            const int index = (m_corner + tried) % 4;
+            m_rect = QRectF(corner(index, area, needed), needed);
+            const QRectF guarded =
+                m_rect.adjusted(-kClearance, -kClearance, kClearance, kClearance);
+            if (avoid.point && guarded.contains(*avoid.point)) continue;
+            if (clearOfAll && guarded.intersects(avoid.rect)) continue;
+            m_corner = index;
+            return true;
+        }
     }
     m_rect = QRectF();
+    return false;
 }
 
-void ReadoutTable::arrange(const ReadoutContent& content, const QFont& font, const QRectF& area,
-                           const std::optional<QPointF>& avoid) {
+bool ReadoutTable::arrange(const ReadoutContent& content, const QFont& font, const QRectF& area,
+                           const Avoid& avoid) {
     m_content = content;
     m_font = font;
     m_rect = QRectF();
-    if (content.empty()) return;
+    if (content.empty()) return true;
     const QFontMetricsF metrics(font);
     m_lineHeight = std::ceil(metrics.height() * 1.15);
     m_gap = std::ceil(metrics.averageCharWidth() * 1.6);
     measure(metrics);
     const QSizeF room(area.width() - 2 * kMargin, area.height() - 2 * kMargin);
     wrap(room);
-    place(area, avoid);
-    if (!m_rect.isEmpty() || !avoid) return;
-    // No corner is clear of the point: take no more than the larger half beside or above it.
-    const double beside = std::max(avoid->x() - area.left(), area.right() - avoid->x());
-    const double above = std::max(avoid->y() - area.top(), area.bottom() - avoid->y());
-    const QSizeF halves[] = {{beside - kMargin - kClearance, room.height()},
-                             {room.width(), above - kMargin - kClearance}};
-    for (const QSizeF& half : halves) {
-        wrap(half);
-        if (size().width() > half.width() || size().height() > half.height()) continue;
-        place(area, avoid);
-        if (!m_rect.isEmpty()) return;
+    const bool fits = size().width() <= room.width() && size().height() <= room.height();
+    if (fits && place(area, avoid)) return true;
+    if (!avoid.point) return false;
+    // No corner is clear of the point: take no more than the larger part beside or above it.
+    m_rect = QRectF();
+    const QPointF& point = *avoid.point;
+    const double beside = std::max(point.x() - area.left(), area.right() - point.x());
+    const double above = std::max(point.y() - area.top(), area.bottom() - point.y());
+    const QSizeF parts[] = {{beside - kMargin - kClearance, room.height()},
+                            {room.width(), above - kMargin - kClearance}};
+    for (const QSizeF& part : parts) {
+        wrap(part);
+        if (size().width() > part.width() || size().height() > part.height()) continue;
+        if (place(area, avoid)) return true;
     }
+    return false;
 }
 
 void ReadoutTable::paintRow(QPainter& painter, const QPointF& at, const QStringList& cells,
@@ -144,7 +155,7 @@ void ReadoutTable::paint(QPainter& painter, const TrendTheme& theme) const {
     if (m_rect.isEmpty()) return;
     painter.save();
     QColor back = theme.background;
-    back.setAlpha(235);
+    back.setAlpha(245);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(theme.grid, 1));
     painter.setBrush(back);
@@ -170,7 +181,10 @@ void ReadoutTable::paint(QPainter& painter, const TrendTheme& theme) const {
         }
         painter.setPen(theme.text);
         if (row < m_shown) {
-            paintRow(painter, cell, m_content.rows[row].cells, m_content.rows[row].colour);
+            const ReadoutContent::Row& shown = m_content.rows[row];
+            paintRow(painter, cell, shown.cells,
+                     shown.colour.isValid() ? colourOnScreen(shown.colour, theme.background)
+                                            : QColor());
         } else {
             const auto more = static_cast<int>(m_content.rows.size() - m_shown);
             painter.drawText(

@@ -17,14 +17,20 @@ namespace pellam {
 struct TrendTheme;
 
 /// A reading in a box in a corner of the drawing area. It stays in its corner until that would hide
-/// the place that it reads, wraps rows into blocks side by side when it is too high, and leaves the
-/// last ones out (saying how many) rather than be cut off. Its columns never get narrower while the
-/// same curves are read, so that it does not tremble.
+/// what it reads, never hides the place that is pointed at, wraps rows into blocks side by side
+/// when it is too high, and leaves the last ones out (saying how many) rather than be cut off. Its
+/// columns never get narrower while the same curves are read, so that it does not tremble.
 class ReadoutTable {
   public:
-    /// Lays the content out within an area, clear of a point when there is one.
-    void arrange(const ReadoutContent& content, const QFont& font, const QRectF& area,
-                 const std::optional<QPointF>& avoid);
+    /// What the box keeps clear of: `rect` where it can, the point always.
+    struct Avoid {
+        QRectF rect;
+        std::optional<QPointF> point;
+    };
+
+    /// Lays the content out within an area; false, and nothing is shown, when it finds no room.
+    bool arrange(const ReadoutContent& content, const QFont& font, const QRectF& area,
+                 const Avoid& avoid);
 
     /// Empty when there is nothing to show.
     QRectF rect() const { return m_rect; }
@@ -36,7 +42,7 @@ class ReadoutTable {
     void wrap(const QSizeF& room);
     double blockWidth() const;
     QSizeF size() const;
-    void place(const QRectF& area, const std::optional<QPointF>& avoid);
+    bool place(const QRectF& area, const Avoid& avoid);
     void paintRow(QPainter& painter, const QPointF& at, const QStringList& cells,
                   const QColor& swatch) const;
 

@@ -65,26 +65,37 @@ void TrendOverlay::prepare(const TrendChart& chart, const TrendLayout& layout,
                     i == 0 ? QStringLiteral("A") : QStringLiteral("B"));
     }
     m_lasso = lasso.rect().value_or(QRectF());
-    std::optional<QPointF> avoid = marks.pointer;
+    ReadoutTable::Avoid avoid{m_lasso, marks.pointer};
     if (lasso.active()) {
         m_content = m_lasso.isEmpty() ? ReadoutContent()
                                       : reading.spans(m_lasso, layout, lasso.selectsTime(),
                                                       lasso.selectsValues());
         m_table.arrange({}, m_font, m_plot, {});
-        m_spans.arrange(m_content, m_font, m_plot, avoid);
+        arrange(m_spans, layout, avoid);
     } else {
         if (marks.crosshair) {
             addLine(Line::Kind::Crosshair, *marks.crosshair, layout);
             addDots(chart, layout, reading, *marks.crosshair);
-            if (!avoid)
-                avoid = QPointF(layout.timeMap.toPixel(*marks.crosshair), m_plot.center().y());
+            const double x = layout.timeMap.toPixel(*marks.crosshair);
+            avoid.rect = QRectF(x - kDot, m_plot.top(), 2 * kDot, m_plot.height());
         }
         m_content = reading.table(marks);
         m_spans.arrange({}, m_font, m_plot, {});
-        m_table.arrange(m_content, m_font, m_plot, avoid);
+        arrange(m_table, layout, avoid);
     }
     findFocus(layout, marks);
     findRegion();
+}
+
+// In a small window a reading may lie over legend and axes, or come down to its first lines.
+void TrendOverlay::arrange(ReadoutTable& table, const TrendLayout& layout,
+                           const ReadoutTable::Avoid& avoid) const {
+    const QRectF whole(QPointF(0, 0), layout.size);
+    if (table.arrange(m_content, m_font, m_plot, avoid)) return;
+    if (table.arrange(m_content, m_font, whole, avoid)) return;
+    ReadoutContent lines;
+    lines.lines = m_content.lines;
+    table.arrange(lines, m_font, whole, avoid);
 }
 
 QRectF TrendOverlay::gripRect(const Line& line) const {

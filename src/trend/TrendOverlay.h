@@ -54,6 +54,8 @@ class TrendOverlay {
                  const QString& label = {});
     void addDots(const TrendChart& chart, const TrendLayout& layout, const TrendReading& reading,
                  double time);
+    void arrange(ReadoutTable& table, const TrendLayout& layout,
+                 const ReadoutTable::Avoid& avoid) const;
     void findFocus(const TrendLayout& layout, const TrendMarks& marks);
     void findRegion();
     QRectF gripRect(const Line& line) const;

@@ -21,8 +21,8 @@ QString tr(const char* text) {
     return QCoreApplication::translate("pellam::TrendReading", text);
 }
 
-QString differenceText(double value) {
-    return QString::number(value, 'g', 12);
+double rounded(double value) {
+    return QString::number(value, 'g', 12).toDouble();
 }
 
 QString meanText(const CurveStatistics& between) {
@@ -84,6 +84,7 @@ QString TrendReading::spanText(double seconds) const {
 
 QString TrendReading::valueText(double value) {
     if (value == 0) return QStringLiteral("0");
+    if (QString::number(value, 'g', 15).toDouble() != value) value = rounded(value);
     const double size = std::abs(value);
     const char form = size >= 1e-5 && size < 1e15 ? 'f' : 'g';
     return QString::number(value, form, QLocale::FloatingPointShortest);
@@ -120,7 +121,7 @@ void TrendReading::addTimes(ReadoutContent& content, const TrendMarks& marks) co
 void TrendReading::addBetween(QStringList& cells, int curve, double a, double b) const {
     const auto atA = sample(curve, a);
     const auto atB = sample(curve, b);
-    cells += atA && atB ? differenceText(atB->value - atA->value) : kNone;
+    cells += atA && atB ? valueText(rounded(atB->value - atA->value)) : kNone;
     const CurveReader reader(m_chart.curves[static_cast<std::size_t>(curve)]);
     const CurveStatistics between = reader.statistics(a, b);
     const bool any = between.count > 0;
