@@ -1,5 +1,6 @@
 #include "app/BatchCommand.h"
 
+#include "app/ChartOutput.h"
 #include "app/FileInfoText.h"
 #include "app/GridPdf.h"
 #include "base/Utf8.h"
@@ -79,6 +80,7 @@ int BatchCommand::run() {
             done = report(write(path)) && done;
         for (const std::string& path : m_line.prints)
             done = report(print(path)) && done;
+        if (!m_line.charts.empty()) done = drawCharts() && done;
         if (m_line.info) done = writeInfo() && done;
     }
     return done && !m_messages.failed() && !m_progress.aborted() ? kDone : kFailed;
@@ -147,6 +149,25 @@ Failure BatchCommand::print(const std::string& path) {
     return printToPdf(m_grid, fileNameOf(m_outcome.path), path, m_progress);
 }
 
+bool BatchCommand::drawCharts() {
+    ChartOutput chart(m_grid, m_international, m_progress, fileNameOf(m_outcome.path));
+    if (m_progress.aborted()) {
+        return report({Failure::Kind::Aborted, m_line.charts.front(), -1, {}});
+    }
+    if (!chart.nothingToDraw().empty()) {
+        m_messages.show(chart.nothingToDraw());
+        return false;
+    }
+    bool done = true;
+    for (const std::string& path : m_line.charts) {
+        const Failure same{Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+        done = report(isSource(path) ? same
+                                     : chart.write(path, m_line.chartWidth, m_line.chartHeight)) &&
+               done;
+    }
+    return done;
+}
+
 bool BatchCommand::convert() {
     return report(convertTaggedDownload(m_line.convert));
 }
@@ -160,7 +181,7 @@ int runBatch(const CommandLine& line) {
     }
     if (line.help) return finishWith(CommandLine::helpText());
     if (line.version) return finishWith("pellam " PELLAM_VERSION "\n");
-    if (line.prints.empty()) return BatchCommand(line).run();
+    if (line.prints.empty() && line.charts.empty()) return BatchCommand(line).run();
 
     // Text on paper needs fonts, and those an application object; no display is needed.
     qInstallMessageHandler(keepQtQuiet);

@@ -35,6 +35,7 @@ class BatchCommand {
     [[nodiscard]] bool isSource(const std::string& target) const;
     [[nodiscard]] Failure write(const std::string& path);
     [[nodiscard]] Failure print(const std::string& path);
+    bool drawCharts();
 
     const CommandLine& m_line;
     InternationalSettings m_international;

@@ -21,6 +21,8 @@
 #include "ui/TabPages.h"
 #include "views/CGridView.h"
 #include "views/CTrendView.h"
+#include "views/GridCorner.h"
+#include "views/MyCug.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -57,7 +59,9 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     createHelpers();
     connectCommands();
     connectGridCommands();
+    connectTrendCommands();
     connectPages();
+    connectTrend();
     restoreWindow();
     ViewSidebar();
     OnViewDatagrid();
@@ -72,7 +76,11 @@ CMainFrame::~CMainFrame() {
 
 void CMainFrame::createClient() {
     m_gridView = new CGridView(m_data);
-    m_trendView = new CTrendView(m_data);
+    m_trendView =
+        new CTrendView({.grid = m_data,
+                        .international = m_international,
+                        .messages = m_messages,
+                        .progress = [this]() -> ProgressSink& { return m_loader->progress(); }});
     m_pages = new TabPages;
     m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
     m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));
@@ -90,7 +98,7 @@ void CMainFrame::createClient() {
 }
 
 void CMainFrame::createHelpers() {
-    m_printing = new FramePrinting(this, *m_gridView);
+    m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
     m_loader =
         new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections, m_messages});
     m_export = new FrameExport(
@@ -111,7 +119,11 @@ void CMainFrame::connectCommands() {
     m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
     m_actions->on(Command::Export, [this] { ExportData(); });
     m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
-    m_actions->on(Command::Print, [this] { m_printing->print(m_loader->progress()); });
+    m_actions->on(Command::Print, [this] {
+        chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
+    });
+    m_actions->on(Command::Copy,
+                  [this] { chartInFront() ? m_trendView->OnEditCopy() : m_gridView->copy(); });
     m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
     m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
     m_actions->on(Command::Exit, [this] { close(); });
@@ -130,7 +142,6 @@ void CMainFrame::connectCommands() {
 void CMainFrame::connectGridCommands() {
     auto* page = m_gridView;
     m_actions->on(Command::Cut, [page] { page->cut(); });
-    m_actions->on(Command::Copy, [page] { page->copy(); });
     m_actions->on(Command::CopyWithHeadings, [page] { page->copyWithHeadings(); });
     m_actions->on(Command::Paste, [page] { page->paste(); });
     m_actions->on(Command::Find, [page] { page->find(); });
@@ -141,6 +152,51 @@ void CMainFrame::connectGridCommands() {
     m_actions->on(Command::PreviousDamaged, [page] { page->previousDamagedLine(); });
 }
 
+void CMainFrame::connectTrendCommands() {
+    auto* page = m_trendView;
+    m_actions->on(Command::EditAxis, [page] { page->OnEditAxis(); });
+    m_actions->on(Command::AutoScale, [page] { page->OnTrendSanity(); });
+    m_actions->on(Command::SelectionZoom, [page] { page->OnViewZoom(); });
+    m_actions->on(Command::IncreaseFont, [page] { page->OnViewIncreasefontsize(); });
+    m_actions->on(Command::DecreaseFont, [page] { page->OnViewDecreasefontsize(); });
+    m_actions->on(Command::StripChart, [page] { page->toggleStripChart(); });
+}
+
+void CMainFrame::connectTrend() {
+    connect(m_trendView, &CTrendView::stateChanged, this, &CMainFrame::OnIdleUpdateCmdUI);
+    connect(m_trendView, &CTrendView::rebuilt, this, &CMainFrame::chartRebuilt);
+    connect(m_trendView, &CTrendView::rowChosen, this, &CMainFrame::goToRow);
+    connect(m_gridView, &CGridView::currentRowChanged, m_trendView, &CTrendView::setCurrentRow);
+    // Channels can be selected while the chart is in front.
+    connect(
+        m_gridView, &CGridView::changedMark, this,
+        [this](bool changed) {
+            if (changed && !m_loader->isBusy()) pageActivated(m_pages->activePage());
+        },
+        Qt::QueuedConnection);
+}
+
+bool CMainFrame::chartInFront() const {
+    return m_pages->activePage() == kTrendPage;
+}
+
+void CMainFrame::pageActivated(int page) {
+    if (page != kTrendPage) return;
+    m_trendView->OnActivateView(true, m_trendView, m_gridView);
+}
+
+void CMainFrame::chartRebuilt() {
+    m_gridView->grid().corner().setMarked(m_data.changed());
+    if (m_closeWhenLoaded) QTimer::singleShot(0, this, &CMainFrame::close);
+}
+
+void CMainFrame::goToRow(qint64 row) {
+    auto& grid = m_gridView->grid();
+    const int column = qMax(0, grid.currentIndex().column());
+    grid.selectArea({column, column, row + 1, row + 1});
+    statusBar()->showMessage(tr("Row %L1 on the grid").arg(row + 1), kNoticeTime);
+}
+
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
     connect(m_gridView, &CGridView::notice, this,
@@ -149,6 +205,7 @@ void CMainFrame::connectPages() {
     connect(m_trendView, &CTrendView::fileDropped, this, &CMainFrame::openLater);
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
+    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::pageActivated);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &CMainFrame::OnIdleUpdateCmdUI);
@@ -214,6 +271,7 @@ LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
 
 void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome) {
     m_file = outcome.loaded ? path : QString();
+    m_trendView->setFileName(m_gridView->fileName());
     m_status->showLoad(outcome);
     const auto name = QFileInfo(path).fileName();
     setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));
@@ -320,7 +378,8 @@ void CMainFrame::OnSetPreviewMode(bool on) {
     if (on == (m_preview != nullptr)) return;
     setUpdatesEnabled(false);
     if (on) {
-        m_preview = m_printing->makePreview().release();
+        m_preview =
+            (chartInFront() ? m_printing->previewChart() : m_printing->previewGrid()).release();
         if (m_preview) {
             connect(m_preview, &PreviewPane::closeWanted, this,
                     [this] { OnSetPreviewMode(false); });
@@ -352,6 +411,12 @@ void CMainFrame::OnIdleUpdateCmdUI() {
                           .canEdit = m_gridView->canEdit(),
                           .canPaste = m_clipboardText && m_gridView->canEdit(),
                           .canGoToDamaged = m_gridView->canGoToDamaged(),
+                          .hasChart = m_trendView->hasChart(),
+                          .selectionZoom = m_trendView->selectionZoom(),
+                          .canStack = m_trendView->canStack(),
+                          .stacked = m_trendView->isStacked(),
+                          .canIncreaseFont = m_trendView->canIncreaseFont(),
+                          .canDecreaseFont = m_trendView->canDecreaseFont(),
                           .sidebar = m_sidebarWidth > 0,
                           .toolbar = m_toolbarShown});
 }

@@ -131,7 +131,13 @@ class CMainFrame : public QMainWindow {
     void createHelpers();
     void connectCommands();
     void connectGridCommands();
+    void connectTrendCommands();
     void connectPages();
+    void connectTrend();
+    [[nodiscard]] bool chartInFront() const;
+    void pageActivated(int page);
+    void chartRebuilt();
+    void goToRow(qint64 row);
     void restoreWindow();
     void toggleToolbar();
     void openLater(const QString& path);

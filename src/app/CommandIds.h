@@ -46,6 +46,7 @@ enum class Command : int {
     PreviousDamaged = 33006,
     NextPage = 33007,
     PreviousPage = 33008,
+    StripChart = 33009,
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 namespace pellam {
@@ -73,7 +74,9 @@ class Parser {
         if (name == "--channels") return takeOnce(name, m_line.channels);
         if (name == "--convert") return takeOnce(name, m_line.convert);
         if (name == "--export") return takeOutput(name, m_line.exports, {".csv", ".txt"});
-        if (name == "--print") return takeOutput(name, m_line.prints, {".pdf", {}});
+        if (name == "--print") return takeOutput(name, m_line.prints, {".pdf"});
+        if (name == "--chart") return takeOutput(name, m_line.charts, {".png", ".svg", ".pdf"});
+        if (name == "--size") return takeSize(name);
         if (isToolkitOption(name)) return (void)takeValue(name);
         fail(argument, "is no option of this program");
     }
@@ -97,31 +100,52 @@ class Parser {
         value = m_value;
     }
 
-    using Extensions = std::array<std::string_view, 2>;
+    using Extensions = std::initializer_list<std::string_view>;
 
     void takeOutput(std::string_view name, std::vector<std::string>& outputs,
                     const Extensions& extensions) {
         if (!takeValue(name)) return;
         const std::string extension = extensionOf(m_value);
-        if (extension.empty() ||
-            std::find(extensions.begin(), extensions.end(), extension) == extensions.end()) {
-            std::string why = "needs a file name that ends in " + std::string(extensions[0]);
-            if (!extensions[1].empty()) why += " or " + std::string(extensions[1]);
+        if (std::find(extensions.begin(), extensions.end(), extension) == extensions.end()) {
+            std::string why = "needs a file name that ends in ";
+            for (const std::string_view& each : extensions) {
+                if (&each != extensions.begin())
+                    why += &each + 1 == extensions.end() ? " or " : ", ";
+                why += each;
+            }
             return fail(name, why + ", not " + std::string(m_value));
         }
         outputs.emplace_back(m_value);
     }
 
+    void takeSize(std::string_view name) {
+        if (!takeValue(name)) return;
+        if (m_hasSize) return fail(name, "is given twice");
+        m_hasSize = true;
+        const char* const end = m_value.data() + m_value.size();
+        const auto width = std::from_chars(m_value.data(), end, m_line.chartWidth);
+        const bool cross = width.ptr != end && (*width.ptr == 'x' || *width.ptr == 'X');
+        const auto height = cross ? std::from_chars(width.ptr + 1, end, m_line.chartHeight) : width;
+        const auto fits = [](int pixels) { return pixels >= 100 && pixels <= 10000; };
+        if (!cross || height.ec != std::errc() || height.ptr != end || !fits(m_line.chartWidth) ||
+            !fits(m_line.chartHeight)) {
+            fail(name, "needs width and height such as 1280x720, each from 100 to 10000, not " +
+                           std::string(m_value));
+        }
+    }
+
     void checkTogether() {
         if (m_line.hasOutput() && m_line.file.empty()) {
-            fail(m_line.info             ? "--info"
-                 : m_line.prints.empty() ? "--export"
-                                         : "--print",
+            fail(m_line.info               ? "--info"
+                 : !m_line.exports.empty() ? "--export"
+                 : !m_line.prints.empty()  ? "--print"
+                                           : "--chart",
                  "needs a FILE to load");
         }
         if (!m_line.channels.empty() && !m_line.hasOutput()) {
-            fail("--channels", "needs --export, --info or --print beside it");
+            fail("--channels", "needs --export, --info, --print or --chart beside it");
         }
+        if (m_hasSize && m_line.charts.empty()) fail("--size", "needs --chart beside it");
         if (!m_line.convert.empty() && !m_line.file.empty() && !m_line.hasOutput()) {
             fail(m_line.file, "has no use beside --convert alone");
         }
@@ -132,6 +156,7 @@ class Parser {
     int m_argc;
     int m_next = 1;
     bool m_onlyFiles = false;
+    bool m_hasSize = false;
     bool m_hasValue = false;  ///< the option came as --option=value
     std::string_view m_value; ///< value of the option at hand
 };
@@ -143,7 +168,7 @@ CommandLine CommandLine::parse(int argc, const char* const* argv) {
 }
 
 bool CommandLine::hasOutput() const {
-    return info || !exports.empty() || !prints.empty();
+    return info || !exports.empty() || !prints.empty() || !charts.empty();
 }
 
 bool CommandLine::wantsWindow() const {
@@ -167,6 +192,10 @@ Without a window; messages go to standard error, nothing is asked:
   --info                       print the facts of FILE and its channels,
                                one "key: value" a line
   --print OUT.pdf              print the grid
+  --chart OUT.png|OUT.svg|OUT.pdf
+                               draw the trend chart of the channels
+  --size WIDTHxHEIGHT          of the chart in pixels, 96 to the inch
+                               (default: 1280x720)
   --channels all|PATTERN[,...] take only these channels (default: all);
                                '*' stands for any characters, '?' for one
   --convert DOWNLOAD.txt       convert a tagged text download to a .csv file

@@ -17,6 +17,9 @@ struct CommandLine {
     std::string convert;              ///< tagged download to convert; empty when none
     std::vector<std::string> exports; ///< files to export to, ".csv" or ".txt"
     std::vector<std::string> prints;  ///< PDF files to print to
+    std::vector<std::string> charts;  ///< files to draw the chart to, ".png", ".svg" or ".pdf"
+    int chartWidth = 1280;            ///< of a chart, pixels (96 to the inch)
+    int chartHeight = 720;
 
     /// Reads the arguments; the first is the program's name. Arguments behind a wrong one, behind
     /// --help and behind --version are not looked at.

@@ -108,9 +108,11 @@ void FrameActions::showState(const FrameState& state) {
     setEnabled({OpenDatabase}, false);
     setEnabled({Export, ViewSpreadsheet, SelectAllChannels, DeselectAllChannels},
                state.hasData && !state.preview);
-    setEnabled({Print}, state.hasData && state.gridPage);
-    setEnabled({PrintPreview, Find, FindNext, FindPrevious, GoTo}, state.hasData && onGrid);
-    setEnabled({Copy, CopyWithHeadings}, state.hasData && onGrid && state.canCopy);
+    const bool printable = state.gridPage ? state.hasData : state.hasChart;
+    setEnabled({Print}, printable);
+    setEnabled({PrintPreview}, printable && !state.preview);
+    setEnabled({Find, FindNext, FindPrevious, GoTo}, state.hasData && onGrid);
+    setEnabled({CopyWithHeadings}, state.hasData && onGrid && state.canCopy);
     setEnabled({Cut}, state.hasData && onGrid && state.canCopy && state.canEdit);
     setEnabled({Paste}, onGrid && state.canPaste);
     setEnabled({NextDamaged, PreviousDamaged}, onGrid && state.canGoToDamaged);
@@ -130,7 +132,7 @@ void FrameActions::showChartState(const FrameState& state) {
     setEnabled({IncreaseFont}, onChart && state.canIncreaseFont);
     setEnabled({DecreaseFont}, onChart && state.canDecreaseFont);
     setEnabled({StripChart}, onChart && state.canStack);
-    setEnabled({Copy}, onChart || (onGrid && state.canCopy));
+    setEnabled({Copy}, onChart || (onGrid && state.hasData && state.canCopy));
 
     action(StripChart)->setChecked(state.stacked);
     auto* const zoom = action(SelectionZoom);

@@ -24,6 +24,12 @@ struct FrameState {
     bool canEdit = false;  ///< the grid is not protected
     bool canPaste = false; ///< and the clipboard has text
     bool canGoToDamaged = false;
+    bool hasChart = false;      ///< there are curves to be seen
+    bool selectionZoom = false; ///< is on
+    bool canStack = false;      ///< there are several axes
+    bool stacked = false;       ///< the axes are
+    bool canIncreaseFont = false;
+    bool canDecreaseFont = false;
     bool sidebar = false; ///< shown
     bool toolbar = false; ///< shown
 };
@@ -56,11 +62,13 @@ class FrameActions : public QObject {
   private:
     void buildActions();
     void setEnabled(std::initializer_list<Command> commands, bool enabled);
+    void showChartState(const FrameState& state);
     void fillMenu(const QString& title, const QList<Command>& commands);
 
     QMainWindow* m_window;
     QHash<int, QAction*> m_actions;
     QMenu* m_recent = nullptr;
+    bool m_zoomShown = false; ///< the icon is that of the selection zoom being on
 };
 
 } // namespace pellam

@@ -2,6 +2,7 @@
 
 #include "app/PreviewPane.h"
 #include "views/CGridView.h"
+#include "views/CTrendView.h"
 #include "views/GridPrinter.h"
 
 #include <QPrintDialog>
@@ -9,10 +10,11 @@
 
 namespace pellam {
 
-FramePrinting::FramePrinting(QWidget* window, CGridView& grid)
+FramePrinting::FramePrinting(QWidget* window, CGridView& grid, CTrendView& chart)
     : QObject(window),
       m_window(window),
-      m_grid(grid) {}
+      m_grid(grid),
+      m_chart(chart) {}
 
 FramePrinting::~FramePrinting() = default;
 
@@ -22,7 +24,7 @@ QPrinter& FramePrinting::printer() {
     return *m_printer;
 }
 
-void FramePrinting::print(ProgressSink& progress) {
+void FramePrinting::printGrid(ProgressSink& progress) {
     const int pages = m_grid.pageCount(printer());
     if (pages == 0) return;
     printer().setDocName(m_grid.fileName());
@@ -32,7 +34,18 @@ void FramePrinting::print(ProgressSink& progress) {
     if (dialog.exec() == QDialog::Accepted) m_grid.print(printer(), progress);
 }
 
-std::unique_ptr<PreviewPane> FramePrinting::makePreview() {
+void FramePrinting::printChart() {
+    if (!m_chart.hasChart()) return;
+    auto& paper = printer();
+    const auto orientation = paper.pageLayout().orientation();
+    paper.setDocName(m_chart.fileName());
+    paper.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&paper, m_window);
+    if (dialog.exec() == QDialog::Accepted) m_chart.print(paper);
+    paper.setPageOrientation(orientation);
+}
+
+std::unique_ptr<PreviewPane> FramePrinting::previewGrid() {
     const auto paper = printer().pageLayout();
     auto sheets = std::make_shared<GridPrinter>(m_grid.data(), m_grid.fileName());
     sheets->setPageSize(paper.paintRect(QPageLayout::Point).size());
@@ -41,6 +54,17 @@ std::unique_ptr<PreviewPane> FramePrinting::makePreview() {
                                          [sheets](QPainter& painter, int page, const QRectF& area) {
                                              sheets->paintPage(painter, page, area);
                                          });
+}
+
+std::unique_ptr<PreviewPane> FramePrinting::previewChart() {
+    if (!m_chart.hasChart()) return nullptr;
+    auto paper = printer().pageLayout(); // a copy: the printer keeps its orientation
+    paper.setOrientation(QPageLayout::Landscape);
+    const double inches = paper.paintRect(QPageLayout::Inch).width();
+    return std::make_unique<PreviewPane>(
+        paper, 1, [&chart = m_chart, inches](QPainter& painter, int, const QRectF& area) {
+            chart.OnPrint(painter, area, area.width() / inches);
+        });
 }
 
 } // namespace pellam

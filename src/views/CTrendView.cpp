@@ -1,78 +1,274 @@
 #include "views/CTrendView.h"
 
-#include "grid/GridData.h"
+#include "base/InternationalSettings.h"
+#include "base/MessageSink.h"
+#include "base/ProgressSink.h"
+#include "replay/CMyTime.h"
+#include "trend/CTrend.h"
+#include "views/AutoScale.h"
+#include "views/ChartAxisSheet.h"
+#include "views/ChartClipboard.h"
+#include "views/ChartFile.h"
 #include "views/GridModel.h"
+#include "views/StripLayout.h"
+#include "views/TrendBuilder.h"
+#include "views/TrendPrinting.h"
+#include "views/TrendSetUp.h"
 
 #include <QDragEnterEvent>
-#include <QHeaderView>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMimeData>
-#include <QTreeWidget>
-#include <QVBoxLayout>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <exception>
 
 namespace pellam {
 
-CTrendView::CTrendView(const GridData& grid, QWidget* parent)
+namespace {
+
+/// Suspends drawing for as long as it lives.
+class UpdateLock {
+  public:
+    explicit UpdateLock(TrendOperations& trend) : m_trend(trend) { m_trend.SetLockUpdate(1); }
+
+    ~UpdateLock() { m_trend.SetLockUpdate(0); }
+
+    UpdateLock(const UpdateLock&) = delete;
+    UpdateLock& operator=(const UpdateLock&) = delete;
+
+  private:
+    TrendOperations& m_trend;
+};
+
+} // namespace
+
+CTrendView::CTrendView(const Context& context, QWidget* parent)
     : QWidget(parent),
-      m_grid(grid),
-      m_summary(new QLabel),
-      m_channels(new QTreeWidget) {
+      m_context(context),
+      m_trend(new CTrend),
+      m_message(new QLabel(this)) {
+    OnInitialUpdate();
+    connectTrend();
+}
+
+CTrendView::~CTrendView() = default;
+
+void CTrendView::OnInitialUpdate() {
+    m_trend->Create(this);
+    setUpTrend(*m_trend);
     setAcceptDrops(true);
-    m_summary->setWordWrap(true);
-    m_channels->setRootIsDecorated(false);
-    m_channels->setUniformRowHeights(true);
-    m_channels->setHeaderLabels({tr("Axis"), tr("Channel")});
-    m_channels->header()->setStretchLastSection(true);
-    m_channels->setAccessibleName(tr("Channels selected for charting"));
-    auto* box = new QVBoxLayout(this);
-    box->setContentsMargins(16, 16, 16, 16);
-    box->setSpacing(12);
-    box->addWidget(m_summary);
-    box->addWidget(m_channels, 1);
-    refresh();
+    setFocusProxy(m_trend);
+    m_message->setWordWrap(true);
+    m_message->setAlignment(Qt::AlignCenter);
+    m_message->setMargin(48);
+    TrendTable nothing;
+    showChart(nothing);
 }
 
-void CTrendView::refresh() {
-    m_channels->clear();
-    const bool loaded = m_grid.rowCount() > 0;
-    for (int column = 1; loaded && column <= m_grid.channelCount(); ++column) {
-        const Column& channel = m_grid.column(column);
-        if (!channel.charted()) continue;
-        auto* item = new QTreeWidgetItem(m_channels);
-        item->setData(0, Qt::DisplayRole, channel.axis());
-        item->setText(1, spacedLabel(screenText(channel.label())));
-    }
-    const int charted = m_channels->topLevelItemCount();
-    m_channels->setVisible(charted > 0);
-    if (!loaded) {
-        m_summary->setText(tr("No data is loaded. Open a file to see its channels here."));
-    } else if (charted == 0) {
-        m_summary->setText(tr("No channel is selected for charting. Channels are selected with the "
-                              "check boxes in the headings of the grid."));
-    } else {
-        m_summary->setText(
-            tr("%1 selected for charting, %L2 rows of data. This version "
-               "does not draw the chart yet; the data is on the Grid page.")
-                .arg(charted == 1 ? tr("1 channel") : tr("%L1 channels").arg(charted))
-                .arg(m_grid.rowCount()));
-    }
-    m_summary->setAlignment(charted > 0 ? Qt::AlignLeft : Qt::AlignCenter);
+void CTrendView::connectTrend() {
+    connect(m_trend, &CTrend::timeClicked, this, [this](double time) {
+        if (const auto row = m_rows.nearest(time)) Q_EMIT rowChosen(*row);
+    });
+    connect(m_trend, &CTrend::stripChartRequested, this, &CTrendView::toggleStripChart);
+    connect(m_trend, &CTrend::autoScaleRequested, this, &CTrendView::OnTrendSanity);
+    connect(m_trend, &CTrend::editAxisRequested, this, &CTrendView::OnEditAxis);
+    connect(m_trend, &CTrend::copyRequested, this, &CTrendView::OnEditCopy);
+    connect(m_trend, &CTrend::exportImageRequested, this, &CTrendView::exportImage);
+    connect(m_trend, &CTrend::selectionZoomChanged, this, &CTrendView::stateChanged);
 }
 
-void CTrendView::showEvent(QShowEvent* event) {
-    refresh();
-    QWidget::showEvent(event);
+// --- Building
+
+void CTrendView::OnActivateView(bool activate, const QWidget* activated,
+                                const QWidget* deactivated) {
+    if (activated == deactivated || !activate || !m_context.grid.changed()) return;
+    rebuild();
+}
+
+void CTrendView::ResetView() {
+    resetTrend(*m_trend);
+}
+
+void CTrendView::rebuild() {
+    if (m_rebuilding) return;
+    const QScopedValueRollback busy(m_rebuilding, true);
+    m_context.grid.setChanged(false);
+    ResetView();
+    const UpdateLock lock(*m_trend);
+    ProgressSink& progress = m_context.progress();
+    try {
+        const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
+                                  std::max<Row>(1, m_context.grid.rowCount()));
+        TrendTable table = TrendBuilder(m_context.grid, m_context.international, progress).build();
+        progress.addString("Auto scaling, please wait...");
+        showChart(table);
+    } catch (const std::exception&) {
+        ResetView();
+        m_context.messages.show("Warning: There is not enough memory to draw all selected "
+                                "channels; select fewer of them on the grid");
+    }
+    Q_EMIT rebuilt();
+    Q_EMIT stateChanged();
+}
+
+void CTrendView::showChart(TrendTable& table) {
+    const Row rows = m_context.grid.rowCount();
+    m_message->setText(nothingToDraw(table, rows));
+    m_message->setVisible(!m_message->text().isEmpty());
+    m_trend->setVisible(m_message->isHidden());
+    m_rows = showTable(*m_trend, table, rows);
+    setUnits(table);
+    m_stacked ? stackScales(*m_trend) : overlayScales(*m_trend);
+    OnTrendSanity();
+    setCurrentRow(m_currentRow);
+}
+
+void CTrendView::setUnits(const TrendTable& table) {
+    int index = 0;
+    for (const TrendTable::Curve& curve : table.curves) {
+        if (index == m_trend->GetCurveCount()) break;
+        m_trend->setCurveUnit(index++, screenText(curve.units));
+    }
+}
+
+void CTrendView::OnTrendSanity() {
+    m_trend->rememberZoom();
+    autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
+}
+
+// --- What is shown
+
+bool CTrendView::hasChart() const {
+    return m_message->isHidden();
+}
+
+QString CTrendView::message() const {
+    return hasChart() ? QString() : m_message->text();
+}
+
+bool CTrendView::selectionZoom() const {
+    return m_trend->GetLassoZoom() != 0;
+}
+
+void CTrendView::OnViewZoom() {
+    m_trend->SetLassoZoom(selectionZoom() ? 0 : 1);
+    Q_EMIT stateChanged();
+}
+
+bool CTrendView::canIncreaseFont() const {
+    return m_trend->GetFontScaleFactor() < 1.0;
+}
+
+bool CTrendView::canDecreaseFont() const {
+    return m_trend->GetFontScaleFactor() > 0.1;
+}
+
+void CTrendView::changeFont(double step) {
+    m_trend->SetFontScaleFactor(std::clamp(m_trend->GetFontScaleFactor() + step, 0.1, 1.0));
+    Q_EMIT stateChanged();
+}
+
+void CTrendView::OnViewIncreasefontsize() {
+    changeFont(0.1);
+}
+
+void CTrendView::OnViewDecreasefontsize() {
+    changeFont(-0.1);
+}
+
+bool CTrendView::canStack() const {
+    return enabledScales(*m_trend) > 1;
+}
+
+void CTrendView::OnViewStripchart() {
+    if (enabledScales(*m_trend) == 0) return;
+    const UpdateLock lock(*m_trend);
+    m_stacked = true;
+    stackScales(*m_trend);
+    OnTrendSanity();
+    Q_EMIT stateChanged();
+}
+
+void CTrendView::toggleStripChart() {
+    if (!m_stacked) return OnViewStripchart();
+    const UpdateLock lock(*m_trend);
+    m_stacked = false;
+    overlayScales(*m_trend);
+    OnTrendSanity();
+    Q_EMIT stateChanged();
+}
+
+void CTrendView::OnEditAxis() {
+    ChartAxisSheet sheet(*m_trend, m_context.international.decimalSeparator, this);
+    m_trend->rememberZoom();
+    sheet.exec();
+}
+
+void CTrendView::setCurrentRow(qint64 row) {
+    m_currentRow = row;
+    m_trend->setCurrentTime(m_rows.timeOf(row - 1));
+}
+
+// --- Clipboard, files, paper
+
+void CTrendView::OnEditCopy() {
+    if (!copyChart(*m_trend, window()->isMinimized()))
+        m_context.messages.show("Warning: Copy function could not create device context");
+}
+
+void CTrendView::exportImage() {
+    QFileDialog dialog(this, tr("Export Image"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(
+        {tr("PNG image (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)")});
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    dialog.selectFile(QFileInfo(m_fileName).completeBaseName());
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+    });
+    if (dialog.exec() != QDialog::Accepted) return;
+    const QString path = dialog.selectedFiles().value(0);
+    const Failure failure =
+        writeChartFile(*m_trend, QFile::encodeName(path).toStdString(), m_trend->size());
+    if (failure) m_context.messages.show(failure.text());
+}
+
+void CTrendView::OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch) {
+    TrendPrinting(*m_trend, m_fileName).paintPage(painter, area, unitsPerInch);
+}
+
+void CTrendView::print(QPrinter& printer) {
+    if (!TrendPrinting(*m_trend, m_fileName).print(printer))
+        m_context.messages.show("Warning: The printer could not be used");
+}
+
+// --- Events
+
+void CTrendView::SizeToFit() {
+    m_trend->setGeometry(rect());
+    m_message->setGeometry(rect());
+}
+
+void CTrendView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    SizeToFit();
 }
 
 void CTrendView::dragEnterEvent(QDragEnterEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty() && urls.first().isLocalFile()) event->acceptProposedAction();
+    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void CTrendView::dropEvent(QDropEvent* event) {
     const QList<QUrl> urls = event->mimeData()->urls();
     if (urls.isEmpty() || !urls.first().isLocalFile()) return;
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     Q_EMIT fileDropped(urls.first().toLocalFile());
 }
 

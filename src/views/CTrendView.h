@@ -1,40 +1,122 @@
 #pragma once
 
+#include "grid/GridData.h"
+#include "views/TrendRows.h"
+
 #include <QWidget>
+
+#include <functional>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
-class QTreeWidget;
+class QPainter;
+class QPrinter;
 QT_END_NAMESPACE
 
 namespace pellam {
 
-class GridData;
+class CTrend;
+class MessageSink;
+class ProgressSink;
+struct InternationalSettings;
+struct TrendTable;
 
-/// The "Trend" page: the channels that are selected for charting, with their axis numbers.
+/// The "Trend" page: the channels that are selected for charting, drawn against time.
 class CTrendView : public QWidget {
     Q_OBJECT
   public:
-    /// Reads a store, which must outlive the page.
-    explicit CTrendView(const GridData& grid, QWidget* parent = nullptr);
+    /// What the page works with; all of it must outlive the page.
+    struct Context {
+        GridData& grid;
+        const InternationalSettings& international;
+        MessageSink& messages;
+        std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
+    };
+
+    explicit CTrendView(const Context& context, QWidget* parent = nullptr);
+    ~CTrendView() override;
+
+    [[nodiscard]] CTrend& trend() const { return *m_trend; }
+
+    /// The page in front has changed from one to another. When this page comes to the front and the
+    /// grid's mark is set, the chart is built anew and the mark is taken away.
+    void OnActivateView(bool activate, const QWidget* activated, const QWidget* deactivated);
+    /// Empties and hides every curve.
+    void ResetView();
+
+    /// Name of the open file, for the printed page; empty for none.
+    void setFileName(const QString& name) { m_fileName = name; }
+
+    [[nodiscard]] const QString& fileName() const { return m_fileName; }
+
+    [[nodiscard]] bool selectionZoom() const;
+    [[nodiscard]] bool canStack() const;
+
+    /// Whether the Y scales are stacked.
+    [[nodiscard]] bool isStacked() const { return m_stacked; }
+
+    [[nodiscard]] bool canIncreaseFont() const;
+    [[nodiscard]] bool canDecreaseFont() const;
+    /// Whether there are curves to be seen; otherwise a message stands in their place.
+    [[nodiscard]] bool hasChart() const;
+    /// That message; empty while there are curves.
+    [[nodiscard]] QString message() const;
+
+    /// Draws the printed page into a rectangle of a painter.
+    void OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch);
+    /// Prints the chart on one page; tells when the printer can't be used.
+    void print(QPrinter& printer);
+
+    /// Marks the time of a data row, counted from 1, on the chart; 0 for none.
+    void setCurrentRow(qint64 row);
 
   public Q_SLOTS:
-    /// Reads the channels from the store again; showing the page does it too.
-    void refresh();
+    void OnViewZoom();
+    void OnViewIncreasefontsize();
+    void OnViewDecreasefontsize();
+    /// Stacks the enabled Y scales, then scales them to the data.
+    void OnViewStripchart();
+    /// Stacks the Y scales, or gives each the whole height again when they are stacked.
+    void toggleStripChart();
+    void OnTrendSanity();
+    void OnEditAxis();
+    /// The chart as a bitmap of 800 x 600 pixels and as SVG.
+    void OnEditCopy();
+    /// Asks for a file and writes what is shown to it as PNG, SVG or PDF.
+    void exportImage();
 
   Q_SIGNALS:
     /// A file was dropped on the page: the first one of the drop.
     void fileDropped(const QString& path);
+    /// The chart was built anew and the grid's mark was taken away.
+    void rebuilt();
+    /// A moment was chosen on the chart: the data row nearest to it, counted from 0.
+    void rowChosen(qint64 row);
+    /// Something that commands depend on has changed.
+    void stateChanged();
 
   protected:
-    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
   private:
-    const GridData& m_grid;
-    QLabel* m_summary;
-    QTreeWidget* m_channels;
+    void OnInitialUpdate();
+    void connectTrend();
+    void SizeToFit();
+    void rebuild();
+    void showChart(TrendTable& table);
+    void setUnits(const TrendTable& table);
+    void changeFont(double step);
+
+    Context m_context;
+    CTrend* m_trend;
+    QLabel* m_message;
+    TrendRows m_rows;
+    QString m_fileName;
+    qint64 m_currentRow = 0;
+    bool m_stacked = false;
+    bool m_rebuilding = false;
 };
 
 } // namespace pellam

@@ -33,6 +33,10 @@ std::string print(const CommandLine& line) {
         add("export:" + path);
     for (const std::string& path : line.prints)
         add("print:" + path);
+    for (const std::string& path : line.charts) {
+        add("chart:" + path + '@' + std::to_string(line.chartWidth) + 'x' +
+            std::to_string(line.chartHeight));
+    }
     if (!line.convert.empty()) add("convert:" + line.convert);
     if (!line.channels.empty()) add("channels:" + line.channels);
     if (!line.settings.empty()) add("settings:" + line.settings);
@@ -54,21 +58,24 @@ TEST_P(CommandLineTest, IsReadAs) {
 
 INSTANTIATE_TEST_SUITE_P(
     Right, CommandLineTest,
-    testing::Values(Case{"nothing", "", "window"}, Case{"file", "a.dlr", "window file:a.dlr"},
-                    Case{"settings", "--settings s.ini a.dlr", "window settings:s.ini file:a.dlr"},
-                    Case{"value_behind_equals", "--export=a=b.csv x", "export:a=b.csv file:x"},
-                    Case{"file_first", "x --info", "info file:x"},
-                    Case{"several_outputs",
-                         "--export a.csv --export b.TXT --print c.Pdf --info --channels A*,B? x",
-                         "info export:a.csv export:b.TXT print:c.Pdf channels:A*,B? file:x"},
-                    Case{"convert_alone", "--convert d.txt", "convert:d.txt"},
-                    Case{"convert_and_output", "--convert d.txt --info x",
-                         "info convert:d.txt file:x"},
-                    Case{"dashes_end_options", "--info -- --info", "info file:--info"},
-                    Case{"single_dash_is_a_file", "-", "window file:-"},
-                    Case{"help_wins_over_what_follows", "-h --nonsense", "help"},
-                    Case{"version", "--version", "version"},
-                    Case{"toolkit", "-platform offscreen -style=Fusion a", "window file:a"}),
+    testing::Values(
+        Case{"nothing", "", "window"}, Case{"file", "a.dlr", "window file:a.dlr"},
+        Case{"settings", "--settings s.ini a.dlr", "window settings:s.ini file:a.dlr"},
+        Case{"value_behind_equals", "--export=a=b.csv x", "export:a=b.csv file:x"},
+        Case{"file_first", "x --info", "info file:x"},
+        Case{"several_outputs",
+             "--export a.csv --export b.TXT --print c.Pdf --info --channels A*,B? x",
+             "info export:a.csv export:b.TXT print:c.Pdf channels:A*,B? file:x"},
+        Case{"charts", "--chart a.png --size=640x480 --chart b.svg x",
+             "chart:a.png@640x480 chart:b.svg@640x480 file:x"},
+        Case{"chart_of_the_usual_size", "--chart a.pdf x", "chart:a.pdf@1280x720 file:x"},
+        Case{"convert_alone", "--convert d.txt", "convert:d.txt"},
+        Case{"convert_and_output", "--convert d.txt --info x", "info convert:d.txt file:x"},
+        Case{"dashes_end_options", "--info -- --info", "info file:--info"},
+        Case{"single_dash_is_a_file", "-", "window file:-"},
+        Case{"help_wins_over_what_follows", "-h --nonsense", "help"},
+        Case{"version", "--version", "version"},
+        Case{"toolkit", "-platform offscreen -style=Fusion a", "window file:a"}),
     [](const auto& row) { return row.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(
@@ -92,14 +99,24 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"no_file", "--info", "--info needs a FILE to load"},
         Case{"no_file_to_export", "--export a.csv", "--export needs a FILE to load"},
         Case{"channels_in_window", "--channels A x",
-             "--channels needs --export, --info or --print beside it"},
+             "--channels needs --export, --info, --print or --chart beside it"},
+        Case{"chart_extension", "--chart a.gif x",
+             "--chart needs a file name that ends in .png, .svg or .pdf, not a.gif"},
+        Case{"size_alone", "--size 640x480 --info x", "--size needs --chart beside it"},
+        Case{"size_of_one_number", "--chart a.png --size 640 x",
+             "--size needs width and height such as 1280x720, each from 100 to 10000, not 640"},
+        Case{"size_too_small", "--chart a.png --size 640x99 x",
+             "--size needs width and height such as 1280x720, each from 100 to 10000, not 640x99"},
+        Case{"size_with_words", "--chart a.png --size 640x480px x",
+             "--size needs width and height such as 1280x720, each from 100 to 10000, not "
+             "640x480px"},
         Case{"file_beside_convert", "--convert a.txt x", "x has no use beside --convert alone"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(CommandLineHelp, NamesEveryOption) {
     const std::string help = CommandLine::helpText();
     for (const char* option : {"--help", "--version", "--settings", "--export", "--info", "--print",
-                               "--channels", "--convert"}) {
+                               "--channels", "--convert", "--chart", "--size"}) {
         EXPECT_NE(help.find(option), std::string::npos) << option;
     }
 }

@@ -1,0 +1,37 @@
+#include "app/ChartOutput.h"
+
+#include "base/ProgressSink.h"
+#include "grid/GridData.h"
+#include "replay/CMyTime.h"
+#include "trend/TrendOperations.h"
+#include "views/AutoScale.h"
+#include "views/ChartFile.h"
+#include "views/StripLayout.h"
+#include "views/TrendBuilder.h"
+#include "views/TrendSetUp.h"
+
+#include <algorithm>
+
+namespace pellam {
+
+ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& settings,
+                         ProgressSink& progress, const std::string& title)
+    : m_trend(std::make_unique<TrendOperations>()) {
+    const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
+                              std::max<Row>(1, grid.rowCount()));
+    setUpTrend(*m_trend);
+    TrendTable table = TrendBuilder(grid, settings, progress).build();
+    m_nothing = pellam::nothingToDraw(table, grid.rowCount()).toStdString();
+    m_trend->setTitle(QString::fromStdString(title));
+    showTable(*m_trend, table, grid.rowCount());
+    overlayScales(*m_trend);
+    autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
+}
+
+ChartOutput::~ChartOutput() = default;
+
+Failure ChartOutput::write(const std::string& path, int width, int height) {
+    return writeChartFile(*m_trend, path, {width, height});
+}
+
+} // namespace pellam
