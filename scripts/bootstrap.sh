@@ -13,7 +13,9 @@ packages=(
     # tests and benchmarks
     libgtest-dev libgmock-dev libbenchmark-dev
     # a window to test in: display, window manager, keyboard, screenshots
-    xvfb xauth openbox xdotool imagemagick
+    xvfb xauth openbox xdotool imagemagick xclip
+    # a look at what was printed
+    poppler-utils
     # at run time: a font, and opening a file with the desktop's program
     fonts-dejavu-core xdg-utils
 )

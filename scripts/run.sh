@@ -15,7 +15,8 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 name=$(basename "${file%.*}")
-echo "run: there is no display, so no window opens; writing the file's export instead"
-"$pellam" --export "build/$name.csv" "$file"
+echo "run: there is no display, so no window opens; writing the file's chart and export instead"
+"$pellam" --chart "build/$name.png" --export "build/$name.csv" "$file"
+echo "run: wrote build/$name.png"
 echo "run: wrote build/$name.csv ($(wc -l <"build/$name.csv") lines); its first ones:"
 head -n 4 "build/$name.csv"
