@@ -71,8 +71,14 @@ LoadOutcome FrameLoader::load(const QString& path) {
     const QScopedValueRollback busy(m_loading, true);
     auto& page = m_context.page;
     DialogChooser chooser(m_context.window);
+    const auto saveFolder = [this] {
+        return QFile::encodeName(
+                   m_context.app.GetProfileString(profile::kSection, profile::kSaveFolder))
+            .toStdString();
+    };
     SessionLoader loader({page.data(), m_context.international, m_context.corrections,
-                          m_context.messages, progress(), chooser});
+                          m_context.messages, progress(), chooser, false, saveFolder,
+                          m_context.openPreferences});
     page.beginLoad();
     auto outcome = loader.load(QFile::encodeName(path).toStdString());
     page.setFileName(outcome.loaded ? QFileInfo(path).fileName() : QString());

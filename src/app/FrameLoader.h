@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QWidget;
 
 namespace pellam {
@@ -28,6 +30,8 @@ class FrameLoader : public QObject {
         const InternationalSettings& international;
         const TimeCorrections& corrections;
         MessageSink& messages;
+        /// Opens the preferences, for a save folder that a conversion needs.
+        std::function<void()> openPreferences = {};
     };
 
     explicit FrameLoader(const Context& context);
