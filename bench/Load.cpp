@@ -78,7 +78,8 @@ void exportGrid(benchmark::State& state, bool csv) {
     const GridWriter writer(*session.grid);
     SilentProgress progress;
     for (auto _ : state) {
-        const Failure failure = csv ? writer.writeCsv(path, ',', progress) : writer.writeTxt(path);
+        const Failure failure =
+            csv ? writer.writeCsv(path, ',', progress) : writer.writeTxt(path, progress);
         if (failure) state.SkipWithError(failure.text().c_str());
     }
     const auto size = static_cast<std::int64_t>(std::filesystem::file_size(path));

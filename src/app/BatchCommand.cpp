@@ -3,11 +3,12 @@
 #include "app/ChartOutput.h"
 #include "app/FileInfoText.h"
 #include "app/GridPdf.h"
+#include "app/ProfileKeys.h"
 #include "base/Utf8.h"
 #include "export/GridWriter.h"
+#include "logger/CDumpDBD.h"
 #include "logger/TaggedDownload.h"
 #include "replay/SessionLoader.h"
-#include "settings/SettingsStore.h"
 
 #include <QGuiApplication>
 
@@ -23,11 +24,6 @@
 namespace pellam {
 
 namespace {
-
-InternationalSettings internationalOf(const CommandLine& line) {
-    SettingsStore settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings);
-    return settings.international(InternationalSettings::fromLocale());
-}
 
 /// Keeps the numbers 0 to 2 taken: a file of ours must never become the standard output.
 void occupyStandardStreams() {
@@ -68,12 +64,14 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text)
 
 BatchCommand::BatchCommand(const CommandLine& line)
     : m_line(line),
-      m_international(internationalOf(line)),
+      m_settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings),
+      m_international(m_settings.international(InternationalSettings::fromLocale())),
       m_grid(m_international.decimalSeparator),
       m_chooser(line.channels) {}
 
 int BatchCommand::run() {
     bool done = m_line.convert.empty() || convert();
+    done = (m_line.dump.empty() || dump()) && done;
     if (m_line.hasOutput()) {
         if (!load()) return kFailed;
         for (const std::string& path : m_line.exports)
@@ -88,8 +86,12 @@ int BatchCommand::run() {
 
 bool BatchCommand::load() {
     const TimeCorrections corrections = TimeCorrections::fromZone(std::time(nullptr));
-    SessionLoader loader(
-        {m_grid, m_international, corrections, m_messages, m_progress, m_chooser, false});
+    const auto saveFolder = [this] {
+        return m_settings.GetProfileString(profile::kSection.toStdString(),
+                                           profile::kSaveFolder.toStdString());
+    };
+    SessionLoader loader({m_grid, m_international, corrections, m_messages, m_progress, m_chooser,
+                          false, saveFolder});
     m_outcome = loader.load(m_line.file);
     if (m_outcome.aborted) {
         m_messages.show(Failure{Failure::Kind::Aborted, m_line.file, -1, {}}.text());
@@ -99,8 +101,7 @@ bool BatchCommand::load() {
         if (!m_messages.spoke()) m_messages.show("Nothing was loaded from " + m_line.file + '.');
         return false;
     }
-    const bool channels =
-        m_outcome.kind == LoadOutcome::Kind::Data || m_outcome.kind == LoadOutcome::Kind::Delimited;
+    const bool channels = m_outcome.kind != LoadOutcome::Kind::Alarm;
     if (channels && !m_outcome.largeFile && !m_chooser.choosesAll()) keepChosenColumns();
     if (m_grid.channelCount() > 0 || m_chooser.choosesAll()) return true;
     m_messages.show("Attention: No channels selected");
@@ -140,7 +141,7 @@ Failure BatchCommand::write(const std::string& path) {
     if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
     if (m_progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
     const GridWriter writer(m_grid);
-    if (endsLikeTabText(path)) return writer.writeTxt(path);
+    if (endsLikeTabText(path)) return writer.writeTxt(path, m_progress);
     return writer.writeCsv(path, m_international.listSeparator, m_progress);
 }
 
@@ -170,6 +171,13 @@ bool BatchCommand::drawCharts() {
 
 bool BatchCommand::convert() {
     return report(convertTaggedDownload(m_line.convert));
+}
+
+bool BatchCommand::dump() {
+    CDumpDBD dumper({m_international, m_messages, m_progress});
+    const int result = dumper.dumpFile({m_line.file}, m_line.dump, m_line.dumpOptions);
+    if (dumper.aborted()) return report({Failure::Kind::Aborted, m_line.dump, -1, {}});
+    return result == CDumpDBD::kDone;
 }
 
 int runBatch(const CommandLine& line) {

@@ -60,7 +60,8 @@ bool FrameExport::writeCsv(const QString& path) {
 }
 
 bool FrameExport::writeTxt(const QString& path) {
-    return finish(path, GridWriter(m_context.grid).writeTxt(nativePath(path)));
+    return finish(path,
+                  GridWriter(m_context.grid).writeTxt(nativePath(path), m_context.progress()));
 }
 
 bool FrameExport::finish(const QString& path, const Failure& failure) {

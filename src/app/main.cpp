@@ -2,6 +2,7 @@
 #include "app/CLumasetApp.h"
 #include "app/CommandLine.h"
 #include "settings/SettingsStore.h"
+#include "ui/ToolkitStyle.h"
 
 #include <QApplication>
 
@@ -24,6 +25,7 @@ int main(int argc, char** argv) {
     }
 
     QApplication application(argc, argv);
+    QApplication::setStyle(new ToolkitStyle);
     QApplication::setApplicationName(QStringLiteral("Pellam"));
     QApplication::setApplicationVersion(QStringLiteral(PELLAM_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("pellam"));

@@ -4,7 +4,6 @@
 #include "export/RowFormatter.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace pellam {
 
@@ -13,11 +12,10 @@ namespace {
 constexpr Row kRowsPerStep = 4096; // a quarter of a chunk: a step never crosses chunks
 static_assert(Column::kChunkRows % kRowsPerStep == 0);
 
-bool stopped(ProgressSink* progress, Row row) {
-    if (progress == nullptr) return false;
-    progress->addString("Loaded " + std::to_string(row) + " Lines");
-    progress->setPosition(row);
-    return progress->aborted();
+bool stopped(ProgressSink& progress, Row row) {
+    progress.addString("Loaded " + std::to_string(row) + " Lines");
+    progress.setPosition(row);
+    return progress.aborted();
 }
 
 } // namespace
@@ -31,11 +29,12 @@ GridWriter::GridWriter(const GridData& grid) : m_grid(grid) {
 
 Failure GridWriter::writeCsv(const std::string& path, char listSeparator,
                              ProgressSink& progress) const {
-    return write(path, {listSeparator, !m_hasLastColumn, !m_hasLastColumn}, &progress);
+    return write(path, {"Exporting Data as CSV", listSeparator, !m_hasLastColumn, !m_hasLastColumn},
+                 progress);
 }
 
-Failure GridWriter::writeTxt(const std::string& path) const {
-    return write(path, {'\t', !m_hasLastColumn, true}, nullptr);
+Failure GridWriter::writeTxt(const std::string& path, ProgressSink& progress) const {
+    return write(path, {"Exporting Data as Text", '\t', !m_hasLastColumn, true}, progress);
 }
 
 std::string GridWriter::headings(const Layout& layout) const {
@@ -47,13 +46,10 @@ std::string GridWriter::headings(const Layout& layout) const {
 }
 
 Failure GridWriter::write(const std::string& path, const Layout& layout,
-                          ProgressSink* progress) const {
+                          ProgressSink& progress) const {
     AtomicFile file;
     if (Failure failure = file.create(path)) return failure;
-    std::optional<ProgressScope> scope;
-    if (progress != nullptr) {
-        scope.emplace(*progress, "Exporting Data as CSV", "Exporting...", 1, m_grid.rowCount());
-    }
+    const ProgressScope scope(progress, layout.title, "Exporting...", 1, m_grid.rowCount());
     RowFormatter rows(file, m_columns, layout.separator, layout.rowEndsInSeparator);
     if (Failure failure = rows.append(headings(layout))) return failure;
     for (Row row = 0; row < m_grid.rowCount(); row += kRowsPerStep) {
@@ -62,7 +58,7 @@ Failure GridWriter::write(const std::string& path, const Layout& layout,
         if (Failure failure = rows.appendRows(row, end)) return failure;
     }
     if (Failure failure = rows.flush()) return failure;
-    if (progress != nullptr && progress->aborted()) return {Failure::Kind::Aborted, path, -1, {}};
+    if (progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
     return file.commit();
 }
 

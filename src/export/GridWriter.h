@@ -24,17 +24,18 @@ class GridWriter {
 
     /// A tab stands behind every heading but that of the grid's last column, and behind every cell,
     /// also that of the last column.
-    [[nodiscard]] Failure writeTxt(const std::string& path) const;
+    [[nodiscard]] Failure writeTxt(const std::string& path, ProgressSink& progress) const;
 
   private:
     struct Layout {
+        const char* title; ///< of the progress display
         char separator;
         bool headingEndsInSeparator;
         bool rowEndsInSeparator;
     };
 
     [[nodiscard]] Failure write(const std::string& path, const Layout& layout,
-                                ProgressSink* progress) const;
+                                ProgressSink& progress) const;
     [[nodiscard]] std::string headings(const Layout& layout) const;
 
     const GridData& m_grid;

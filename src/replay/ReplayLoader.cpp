@@ -54,6 +54,10 @@ LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
         if (!columns) return outcome;
         readReadings(file, *columns, outcome);
     }
+    if (m_context.grid.rowCount() == 0 && !outcome.aborted) {
+        m_context.messages.show("Attention: There are no readings in the replay file");
+        return outcome;
+    }
     outcome.loaded = true;
     if (file.reader().error()) m_context.messages.show(file.reader().error().text());
     return outcome;

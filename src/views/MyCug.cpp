@@ -428,6 +428,10 @@ bool MyCug::handleKey(QKeyEvent* event) {
     if (event->matches(QKeySequence::Delete)) return m_clipboard->clear(), true;
     if (event->matches(QKeySequence::Undo)) return m_grid.undoStack().undo(), true;
     if (event->matches(QKeySequence::Redo)) return m_grid.undoStack().redo(), true;
+    if (event->keyCombination() == QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_A)) {
+        selectAll();
+        return true;
+    }
     if (event->matches(QKeySequence::SelectAll)) return true; // it is the channels' shortcut
     const QModelIndex current = currentIndex();
     if (!current.isValid()) return false;

@@ -67,7 +67,7 @@ class GridWriterTest : public testing::Test {
     }
 
     std::string txt() {
-        const Failure failure = GridWriter(m_grid).writeTxt(m_folder.path("out.txt"));
+        const Failure failure = GridWriter(m_grid).writeTxt(m_folder.path("out.txt"), m_progress);
         return failure ? failure.text() : m_folder.read("out.txt");
     }
 

@@ -60,13 +60,16 @@ INSTANTIATE_TEST_SUITE_P(
         DownloadCase{"NoRows", download("09/01/01 00:00:00", "1", ""), ""}),
     [](const auto& row) { return row.param.name; });
 
-TEST(TaggedDownload, RefusesAShortFileAndLeavesTheOldOutput) {
+TEST(TaggedDownload, RefusesWhatIsNoDownloadAndLeavesTheOldOutput) {
     const ScratchFolder folder;
     folder.write("cut.csv", "old");
     const Failure failure =
         convertTaggedDownload(folder.write("cut.txt", "<start></start>\n2\n3\n4\n5\n6\n"));
     EXPECT_EQ(failure.kind, Failure::Kind::Format);
     EXPECT_NE(failure.text().find("seven lines"), std::string::npos) << failure.text();
+    folder.write("other.txt", "Time,A\n1\n2\n3\n4\n5\n6\n7\n8\n");
+    EXPECT_EQ(convertTaggedDownload(folder.path("other.txt")).kind, Failure::Kind::Format);
+    EXPECT_EQ(folder.list(), "cut.csv cut.txt other.txt");
     EXPECT_EQ(folder.read("cut.csv"), "old");
     EXPECT_EQ(convertTaggedDownload(folder.path()).kind, Failure::Kind::NotAFile);
     EXPECT_EQ(convertTaggedDownload(folder.path("none.txt")).kind, Failure::Kind::Open);

@@ -90,6 +90,8 @@ TEST_F(ReplayLoaderTest, Refusals) {
         {"no data map", "a.dlr", "<ALL_DATA>\nD,1\n",
          "Attention: No STATUS found in the replay file\n"},
         {"enciphered", "a.dlx", kGenerated, "Warning: Can not open replay file\n"},
+        {"header without data", "a.dlr", kGenerated,
+         "Attention: There are no readings in the replay file\n"},
         {"nothing to read", "a.dbr", kGenerated, ""},
         {"short signature", "a.sig", "1\n2\n3\n",
          "Warning: Signature file integrity check FAILED\n"},
