@@ -7,6 +7,7 @@ namespace pellam {
 namespace {
 
 constexpr std::size_t branching = MinMaxPyramid::branching;
+constexpr std::size_t fanOut = MinMaxPyramid::fanOut;
 
 // A comparison with NaN is false, so that NaN never gets in.
 inline void take(ValueRange& range, double value) {
@@ -35,8 +36,8 @@ ValueRange extremes(const Item* items, std::size_t count) {
     return ranges[0];
 }
 
-std::size_t blocksOf(std::size_t count) {
-    return (count + branching - 1) / branching;
+constexpr std::size_t blocksOf(std::size_t count, std::size_t size) {
+    return (count + size - 1) / size;
 }
 
 } // namespace
@@ -64,15 +65,15 @@ void MinMaxPyramid::extend(const double* values, std::size_t count) {
     m_count = count;
     if (count == 0) return;
     if (m_levels.empty()) m_levels.emplace_back();
-    const std::size_t blocks = blocksOf(count);
+    const std::size_t blocks = blocksOf(count, branching);
     if (m_levels[0].empty()) m_levels[0].reserve(blocks);
     m_levels[0].resize(blocks);
     for (std::size_t i = firstChanged; i < blocks; ++i) {
         const std::size_t first = i * branching;
         m_levels[0][i] = block(values, first, std::min(count, first + branching));
     }
-    std::size_t changed = firstChanged / branching;
-    for (std::size_t level = 1; m_levels[level - 1].size() > 1; ++level, changed /= branching)
+    std::size_t changed = firstChanged / fanOut;
+    for (std::size_t level = 1; m_levels[level - 1].size() > 1; ++level, changed /= fanOut)
         extendLevel(level, changed);
 }
 
@@ -80,10 +81,10 @@ void MinMaxPyramid::extendLevel(std::size_t level, std::size_t firstChanged) {
     if (m_levels.size() <= level) m_levels.emplace_back();
     const Level& below = m_levels[level - 1];
     Level& nodes = m_levels[level];
-    nodes.resize(blocksOf(below.size()));
+    nodes.resize(blocksOf(below.size(), fanOut));
     for (std::size_t i = firstChanged; i < nodes.size(); ++i) {
-        const std::size_t first = i * branching;
-        nodes[i] = extremes(below.data() + first, std::min(branching, below.size() - first));
+        const std::size_t first = i * fanOut;
+        nodes[i] = extremes(below.data() + first, std::min(fanOut, below.size() - first));
     }
 }
 
@@ -98,21 +99,23 @@ ValueRange MinMaxPyramid::range(const double* values, std::size_t first, std::si
     last = std::min(last, m_count);
     if (first >= last) return {};
     if (last - first < 2 * branching) return block(values, first, last);
-    const std::size_t firstBlock = blocksOf(first);
+    const std::size_t firstBlock = blocksOf(first, branching);
     const std::size_t lastBlock = last / branching;
     ValueRange range = block(values, first, firstBlock * branching);
     take(range, block(values, lastBlock * branching, last));
     first = firstBlock;
     last = lastBlock;
     for (const Level& level : m_levels) {
-        if (last - first < 3 * branching) {
+        if (last - first < 3 * fanOut) {
             take(range, extremes(level.data() + first, last - first));
             return range;
         }
-        const std::size_t firstWhole = blocksOf(first);
-        const std::size_t lastWhole = last / branching;
-        take(range, extremes(level.data() + first, firstWhole * branching - first));
-        take(range, extremes(level.data() + lastWhole * branching, last - lastWhole * branching));
+        const std::size_t firstWhole = blocksOf(first, fanOut);
+        const std::size_t lastWhole = last / fanOut;
+        for (; first < firstWhole * fanOut; ++first)
+            take(range, level[first]);
+        for (; last > lastWhole * fanOut; --last)
+            take(range, level[last - 1]);
         first = firstWhole;
         last = lastWhole;
     }
@@ -131,15 +134,15 @@ std::size_t MinMaxPyramid::nextSample(const double* values, std::size_t from) co
         const bool top = level + 1 == m_levels.size();
         while (node < nodes.size() && nodes[node].empty()) {
             ++node;
-            if (!top && node % branching == 0) break;
+            if (!top && node % fanOut == 0) break;
         }
         if (node >= nodes.size()) return m_count;
         if (!nodes[node].empty()) break;
-        node /= branching;
+        node /= fanOut;
     }
     if (level == m_levels.size()) return m_count;
     for (; level > 0; --level) // and down to the first in the block found
-        for (node *= branching; m_levels[level - 1][node].empty();)
+        for (node *= fanOut; m_levels[level - 1][node].empty();)
             ++node;
     for (from = node * branching; !counts(values[from]);)
         ++from;
@@ -159,15 +162,15 @@ std::size_t MinMaxPyramid::previousSample(const double* values, std::size_t end)
         const bool top = level + 1 == m_levels.size();
         while (nodeEnd > 0 && nodes[nodeEnd - 1].empty()) {
             --nodeEnd;
-            if (!top && nodeEnd % branching == 0) break;
+            if (!top && nodeEnd % fanOut == 0) break;
         }
         if (nodeEnd == 0) return m_count;
         if (!nodes[nodeEnd - 1].empty()) break;
-        nodeEnd /= branching;
+        nodeEnd /= fanOut;
     }
     if (level == m_levels.size()) return m_count;
     for (; level > 0; --level) {
-        nodeEnd = std::min(nodeEnd * branching, m_levels[level - 1].size());
+        nodeEnd = std::min(nodeEnd * fanOut, m_levels[level - 1].size());
         while (m_levels[level - 1][nodeEnd - 1].empty())
             --nodeEnd;
     }
@@ -182,10 +185,13 @@ void MinMaxPyramid::prefetch(const double* values, std::size_t index) const {
     __builtin_prefetch(values + start);
     __builtin_prefetch(values + start + branching / 2);
     __builtin_prefetch(values + start + branching - 1);
-    if (m_levels.empty()) return;
-    const std::size_t node = start / branching / branching * branching;
-    for (std::size_t i = node; i < node + branching; i += 4)
-        __builtin_prefetch(m_levels[0].data() + i);
+    std::size_t node = start / branching;
+    for (std::size_t level = 0; level < std::min<std::size_t>(3, m_levels.size()); ++level) {
+        node -= node % fanOut;
+        __builtin_prefetch(m_levels[level].data() + node);
+        __builtin_prefetch(m_levels[level].data() + node + fanOut - 1);
+        node /= fanOut;
+    }
 }
 
 } // namespace pellam

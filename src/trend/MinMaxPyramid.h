@@ -20,7 +20,8 @@ struct ValueRange {
 /// built from.
 class MinMaxPyramid {
   public:
-    static constexpr std::size_t branching = 16;
+    static constexpr std::size_t branching = 16; ///< samples in a block
+    static constexpr std::size_t fanOut = 4; ///< blocks in one of the next level: a cache line's
     enum class Samples {
         All,     ///< every sample that is a number
         Positive ///< those above zero, as a logarithmic scale shows them
@@ -60,7 +61,7 @@ class MinMaxPyramid {
 
     Samples m_samples;
     std::size_t m_count = 0;
-    std::vector<Level> m_levels; ///< m_levels[k]: blocks of 16^(k+1) samples
+    std::vector<Level> m_levels; ///< m_levels[k]: blocks of 16 * 4^k samples
 };
 
 } // namespace pellam
