@@ -1,5 +1,7 @@
 #include "app/HelpWindow.h"
 
+#include "ui/IconSet.h"
+
 #include <QBoxLayout>
 #include <QFile>
 #include <QFileInfo>
@@ -104,6 +106,8 @@ QWidget* HelpWindow::makeReader() {
     m_reader = new QTextBrowser;
     m_reader->setFrameShape(QFrame::NoFrame);
     m_reader->document()->setDocumentMargin(16);
+    m_reader->document()->setDefaultStyleSheet(
+        QStringLiteral("a { color: %1; }").arg(IconSet::accent(palette()).name()));
     m_reader->setOpenExternalLinks(true);
     connect(m_reader, &QTextBrowser::sourceChanged, this, &HelpWindow::followPage);
 

@@ -18,10 +18,10 @@ FindBar::FindBar(QWidget* parent)
       m_columns(new QComboBox),
       m_case(new QCheckBox(tr("Match &case"))),
       m_whole(new QCheckBox(tr("&Whole cell"))),
-      m_remark(new QLabel) {
+      m_remark(new QLabel),
+      m_close(new QToolButton) {
     auto* label = new QLabel(tr("F&ind:"));
     label->setBuddy(m_text);
-    m_text->setClearButtonEnabled(true);
     m_text->setMinimumWidth(120);
     m_columns->addItems({tr("All columns"), tr("Current column")});
     m_columns->setAccessibleName(tr("Columns to search"));
@@ -29,11 +29,9 @@ FindBar::FindBar(QWidget* parent)
     auto* previous = new QPushButton(tr("&Previous"));
     next->setToolTip(tr("Find the next place (F3)"));
     previous->setToolTip(tr("Find the previous place (Shift+F3)"));
-    auto* close = new QToolButton;
-    close->setAutoRaise(true);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
-    close->setToolTip(tr("Close (Esc)"));
-    close->setAccessibleName(tr("Close the find bar"));
+    m_close->setAutoRaise(true);
+    m_close->setToolTip(tr("Close (Esc)"));
+    m_close->setAccessibleName(tr("Close the find bar"));
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 5, 8, 5);
@@ -45,12 +43,12 @@ FindBar::FindBar(QWidget* parent)
     row->addWidget(m_case);
     row->addWidget(m_whole);
     row->addWidget(m_remark, 1);
-    row->addWidget(close);
+    row->addWidget(m_close);
     m_remark->setMinimumWidth(1); // a long remark must not widen the window
 
     connect(next, &QPushButton::clicked, this, &FindBar::findNext);
     connect(previous, &QPushButton::clicked, this, &FindBar::findPrevious);
-    connect(close, &QToolButton::clicked, this, &FindBar::dismissed);
+    connect(m_close, &QToolButton::clicked, this, &FindBar::dismissed);
     const auto enable = [next, previous](const QString& text) {
         next->setEnabled(!text.isEmpty());
         previous->setEnabled(!text.isEmpty());
@@ -77,6 +75,9 @@ bool FindBar::wholeCell() const {
 }
 
 void FindBar::open() {
+    // Looking these icons up in the desktop's theme takes long, so not before they are seen.
+    m_text->setClearButtonEnabled(true);
+    m_close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
     show();
     m_text->setFocus(Qt::ShortcutFocusReason);
     m_text->selectAll();

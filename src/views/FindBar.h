@@ -7,6 +7,7 @@ class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
+class QToolButton;
 QT_END_NAMESPACE
 
 namespace pellam {
@@ -42,6 +43,7 @@ class FindBar : public QWidget {
     QCheckBox* m_case;
     QCheckBox* m_whole;
     QLabel* m_remark;
+    QToolButton* m_close;
 };
 
 } // namespace pellam
