@@ -247,6 +247,7 @@ bool CTrend::focusNextPrevChild(bool next) {
     const bool reachable =
         !m_scene->layout().legendItems.empty() && chart().state.curveButtons != 0;
     if (next && !legend && reachable) {
+        showFocus(true);
         m_commands->enterLegend();
         return true;
     }

@@ -155,9 +155,9 @@ void ReadoutTable::paint(QPainter& painter, const TrendTheme& theme) const {
     if (m_rect.isEmpty()) return;
     painter.save();
     QColor back = theme.background;
-    back.setAlpha(245);
+    back.setAlpha(250);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(theme.grid, 1));
+    painter.setPen(QPen(theme.faintText, 1));
     painter.setBrush(back);
     painter.drawRoundedRect(m_rect.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     painter.setRenderHint(QPainter::Antialiasing, false);

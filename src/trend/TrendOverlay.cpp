@@ -183,12 +183,13 @@ void TrendOverlay::paint(QPainter& painter, const Colours& colours) const {
         paintLine(painter, line, colours);
     paintDots(painter, colours.theme);
     paintLasso(painter, colours);
+    if (!m_focus.isEmpty()) {
+        painter.setPen(QPen(colours.accent, 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(m_focus);
+    }
     m_table.paint(painter, colours.theme);
     m_spans.paint(painter, colours.theme);
-    if (m_focus.isEmpty()) return;
-    painter.setPen(QPen(colours.accent, 2));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(m_focus);
 }
 
 } // namespace pellam

@@ -15,6 +15,7 @@ namespace pellam {
 namespace {
 
 constexpr int kMostTimesLookedAt = 256;
+constexpr int kComputedDigits = 10;
 const QString kNone = QStringLiteral("–");
 
 QString tr(const char* text) {
@@ -22,7 +23,7 @@ QString tr(const char* text) {
 }
 
 double rounded(double value) {
-    return QString::number(value, 'g', 12).toDouble();
+    return QString::number(value, 'g', kComputedDigits).toDouble();
 }
 
 QString meanText(const CurveStatistics& between) {

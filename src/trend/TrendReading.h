@@ -33,7 +33,7 @@ class TrendReading {
     QString timeText(double time) const;
     QString spanText(double seconds) const;
     /// As short as it can be told apart from every other double, but values that no decimal text
-    /// of up to 15 digits gave are rounded to 12 digits.
+    /// of up to 15 digits gave are rounded to 10 digits.
     static QString valueText(double value);
     /// Numbers of the drawn curves, in order.
     std::vector<int> drawnCurves() const;

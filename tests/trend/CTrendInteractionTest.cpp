@@ -1,0 +1,305 @@
+#include "TrendBench.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace pellam {
+namespace {
+
+constexpr char kRows[] = "0 1 11\n 25 2 12\n 50 3 13\n 75 4 14\n 100 5 15\n";
+
+using Act = std::function<void(TrendBench&)>;
+
+struct Row {
+    const char* name;
+    Act act;
+    const char* shown;
+};
+
+void compare(const std::vector<Row>& rows) {
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.name);
+        TrendBench bench(kRows);
+        row.act(bench);
+        EXPECT_EQ(bench.shown(), row.shown);
+    }
+}
+
+TEST(CTrendInteraction, WheelZoomsAroundThePointer) {
+    compare({
+        {"nearer", [](auto& b) { b.wheel(b.at(0.5, 0.5), 1); }, "time 10..90 | 0..10 | 0..20"},
+        {"farther", [](auto& b) { b.wheel(b.at(0.2, 0.5), -1); }, "time -5..120 | 0..10 | 0..20"},
+        {"around a quarter", [](auto& b) { b.wheel(b.at(0.25, 0.9), 1); },
+         "time 5..85 | 0..10 | 0..20"},
+        {"values", [](auto& b) { b.wheel(b.at(0.5, 0.5), 1, Qt::ShiftModifier); },
+         "time 0..100 | 1..9 | 2..18"},
+        {"time axis", [](auto& b) { b.wheel(b.axis(0), 1, Qt::ShiftModifier); },
+         "time 10..90 | 0..10 | 0..20"},
+        {"one scale", [](auto& b) { b.wheel(b.axis(2), 1); }, "time 0..100 | 0..10 | 2..18"},
+        {"legend", [](auto& b) { b.wheel(b.layout().legendItems[0].rect.center(), 1); },
+         "time 0..100 | 0..10 | 0..20"},
+        {"a band of a strip chart",
+         [](auto& b) {
+             b.trend.YScSetPosition(1, {0, 0, 0, 50, true});
+             b.trend.YScSetPosition(2, {0, 0, 1, 50, true});
+             const QRectF band = b.layout().scale(2)->band;
+             b.wheel({b.at(0.5, 0).x(), band.center().y()}, 1, Qt::ShiftModifier);
+         },
+         "time 0..100 | 0..10 | 2..18"},
+    });
+}
+
+TEST(CTrendInteraction, DragsMoveWhatTheyGrab) {
+    const auto tenth = [](TrendBench& b, Qt::MouseButton button) {
+        b.drag(b.at(0.5, 0.5), b.at(0.4, 0.6), button);
+    };
+    compare({
+        {"middle button", [&](auto& b) { tenth(b, Qt::MiddleButton); },
+         "time 10..110 | 1..11 | 2..22"},
+        {"left without selection zoom",
+         [&](auto& b) {
+             b.trend.SetLassoZoom(0);
+             tenth(b, Qt::LeftButton);
+         },
+         "time 10..110 | 1..11 | 2..22"},
+        {"left with Space held",
+         [&](auto& b) {
+             QTest::keyPress(&b.trend, Qt::Key_Space);
+             tenth(b, Qt::LeftButton);
+             QTest::keyRelease(&b.trend, Qt::Key_Space);
+         },
+         "time 10..110 | 1..11 | 2..22"},
+        {"time axis",
+         [](auto& b) {
+             const QPointF from = b.axis(0);
+             b.drag(from, from + b.at(0.1, 0) - b.at(0, 0.3));
+         },
+         "time -10..90 | 0..10 | 0..20"},
+        {"scale",
+         [](auto& b) {
+             const QPointF from = b.axis(1);
+             b.drag(from, from + b.at(0.2, 0.1) - b.at(0, 0));
+         },
+         "time 0..100 | 1..11 | 0..20"},
+        {"right button", [&](auto& b) { tenth(b, Qt::RightButton); },
+         "time 0..100 | 0..10 | 0..20"},
+    });
+}
+
+TEST(CTrendInteraction, LassoZoomsToWhatItCovers) {
+    compare({
+        {"box", [](auto& b) { b.drag(b.at(0.25, 0.25), b.at(0.75, 0.5)); },
+         "time 25..75 | 5..7.5 | 10..15"},
+        {"from right below", [](auto& b) { b.drag(b.at(0.75, 0.5), b.at(0.25, 0.25)); },
+         "time 25..75 | 5..7.5 | 10..15"},
+        {"flat: time only",
+         [](auto& b) { b.drag(b.at(0.25, 0.5), b.at(0.75, 0.5) + QPointF(0, 5)); },
+         "time 25..75 | 0..10 | 0..20"},
+        {"upright: values only",
+         [](auto& b) { b.drag(b.at(0.5, 0.25), b.at(0.5, 0.5) + QPointF(5, 0)); },
+         "time 0..100 | 5..7.5 | 10..15"},
+        {"beyond the border", [](auto& b) { b.drag(b.at(0.5, 0.5), b.at(1.5, 2)); },
+         "time 50..100 | 0..5 | 0..10"},
+        {"too small", [](auto& b) { b.drag(b.at(0.5, 0.5), b.at(0.5, 0.5) + QPointF(6, 6)); },
+         "time 0..100 | 0..10 | 0..20"},
+        {"given up",
+         [](auto& b) {
+             b.press(b.at(0.25, 0.25));
+             b.dragTo(b.at(0.75, 0.5));
+             b.key(Qt::Key_Escape);
+             b.release(b.at(0.75, 0.5));
+         },
+         "time 0..100 | 0..10 | 0..20"},
+    });
+}
+
+TEST(CTrendInteraction, LassoTellsItsSpans) {
+    TrendBench bench(kRows);
+    bench.press(bench.at(0.25, 0.25));
+    bench.dragTo(bench.at(0.75, 0.5));
+    EXPECT_EQ(bench.reading(), "50.0 s\n"
+                               "1970-01-01 00:00:25.0 – 1970-01-01 00:01:15.0\n"
+                               "\tFrom\tTo\tSpan\n"
+                               "u1\t5.00\t7.50\t2.50\n"
+                               "u2\t10.00\t15.00\t5.00");
+    bench.dragTo(bench.at(0.75, 0.25));
+    EXPECT_EQ(bench.reading(), "50.0 s\n1970-01-01 00:00:25.0 – 1970-01-01 00:01:15.0");
+    bench.key(Qt::Key_Escape);
+    EXPECT_EQ(bench.reading().find("Span"), std::string::npos);
+}
+
+TEST(CTrendInteraction, KeysMoveAndZoom) {
+    const auto keys = [](std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifier>> all) {
+        return [pressed = std::vector(all)](TrendBench& b) {
+            for (const auto& [key, held] : pressed)
+                b.key(key, held);
+        };
+    };
+    const auto none = Qt::NoModifier;
+    compare({
+        {"PageDown", keys({{Qt::Key_PageDown, none}}), "time 90..190 | 0..10 | 0..20"},
+        {"PageUp", keys({{Qt::Key_PageUp, none}}), "time -90..10 | 0..10 | 0..20"},
+        {"Ctrl+Right", keys({{Qt::Key_Right, Qt::ControlModifier}}),
+         "time 10..110 | 0..10 | 0..20"},
+        {"Shift+Left", keys({{Qt::Key_Left, Qt::ShiftModifier}}), "time -10..90 | 0..10 | 0..20"},
+        {"Up", keys({{Qt::Key_Up, none}}), "time 0..100 | 1..11 | 2..22"},
+        {"Down", keys({{Qt::Key_Down, none}}), "time 0..100 | -1..9 | -2..18"},
+        {"Plus", keys({{Qt::Key_Plus, none}}), "time 10..90 | 0..10 | 0..20"},
+        {"Shift+Equal", keys({{Qt::Key_Equal, Qt::ShiftModifier}}), "time 10..90 | 0..10 | 0..20"},
+        {"Ctrl+Minus", keys({{Qt::Key_Minus, Qt::ControlModifier}}),
+         "time 0..100 | -1.25..11.25 | -2.5..22.5"},
+        {"Plus, Backspace", keys({{Qt::Key_Plus, none}, {Qt::Key_Backspace, none}}),
+         "time 0..100 | 0..10 | 0..20"},
+        {"Plus, Backspace, Shift+Backspace",
+         keys({{Qt::Key_Plus, none},
+               {Qt::Key_Backspace, none},
+               {Qt::Key_Backspace, Qt::ShiftModifier}}),
+         "time 10..90 | 0..10 | 0..20"},
+        {"Plus, Up, Backspace",
+         keys({{Qt::Key_Plus, none}, {Qt::Key_Up, none}, {Qt::Key_Backspace, none}}),
+         "time 10..90 | 0..10 | 0..20"},
+        {"Plus, Up, Home", keys({{Qt::Key_Plus, none}, {Qt::Key_Up, none}, {Qt::Key_Home, none}}),
+         "time 0..100 | 0..10 | 0..20"},
+        {"Plus, Home, Backspace",
+         keys({{Qt::Key_Plus, none}, {Qt::Key_Home, none}, {Qt::Key_Backspace, none}}),
+         "time 10..90 | 0..10 | 0..20"},
+        {"Backspace alone", keys({{Qt::Key_Backspace, none}}), "time 0..100 | 0..10 | 0..20"},
+    });
+}
+
+TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
+    TrendBench bench(kRows);
+    bench.wheel(bench.at(0.5, 0.5), 1);
+    bench.wheel(bench.at(0.5, 0.5), 1);
+    bench.wheel(bench.at(0.5, 0.5), 1, Qt::ShiftModifier);
+    EXPECT_EQ(bench.shown(), "time 18..82 | 1..9 | 2..18");
+    bench.key(Qt::Key_Backspace);
+    EXPECT_EQ(bench.shown(), "time 18..82 | 0..10 | 0..20");
+    bench.key(Qt::Key_Backspace);
+    EXPECT_EQ(bench.shown(), "time 0..100 | 0..10 | 0..20");
+    bench.wheel(bench.at(0.5, 0.5), 1);
+    QTest::qWait(TrendCommands::kStepPause + 50);
+    bench.wheel(bench.at(0.5, 0.5), 1);
+    bench.key(Qt::Key_Backspace);
+    EXPECT_EQ(bench.shown(), "time 10..90 | 0..10 | 0..20");
+}
+
+TEST(CTrendInteraction, ZoomLastsUntilNewData) {
+    TrendBench bench(kRows);
+    bench.wheel(bench.at(0.5, 0.5), 1);
+    bench.trend.SetYScText(1, u"changed"_qs);
+    bench.trend.SetCurveVisible(1, 0);
+    bench.trend.SetYScActualRangeMax(1, 50);
+    EXPECT_EQ(bench.shown(), "time 10..90 | 0..50 | 0..20");
+    EXPECT_TRUE(bench.trend.canZoomBack());
+    bench.doubleClick(bench.at(0.5, 0.5));
+    EXPECT_EQ(bench.shown(), "time 0..100 | 0..50 | 0..20");
+    bench.trend.DeleteData(0);
+    EXPECT_FALSE(bench.trend.canZoomBack());
+}
+
+TEST(CTrendInteraction, ZoomingStopsAtWhatDoublesTellApart) {
+    TrendBench bench(kRows);
+    bench.trend.SetXScActualRangeMin(1.7e9);
+    bench.trend.SetXScActualRangeMax(1.7e9 + 100);
+    double span = 100;
+    for (int i = 0; i < 200; ++i) {
+        bench.wheel(bench.at(0.5, 0.5), 1);
+        const double now = bench.trend.GetXScActualRangeMax() - bench.trend.GetXScActualRangeMin();
+        ASSERT_LE(now, span) << "never back out";
+        span = now;
+    }
+    EXPECT_GT(span, 2e-5);
+    EXPECT_LT(span, 5e-5);
+    for (int i = 0; i < 200; ++i)
+        bench.wheel(bench.at(0.5, 0.5), -1);
+    EXPECT_LT(bench.trend.GetXScActualRangeMax(), 3e11);
+    for (int i = 0; i < 4000; ++i)
+        bench.wheel(bench.axis(1), -1);
+    EXPECT_TRUE(std::isfinite(bench.trend.GetYScActualRangeMax(1)));
+    EXPECT_FALSE(bench.trend.grab().isNull());
+}
+
+TEST(CTrendInteraction, ClicksChooseTimesDragsDoNot) {
+    TrendBench bench(kRows);
+    QStringList chosen;
+    QObject::connect(&bench.trend, &CTrend::timeClicked, &bench.trend,
+                     [&](double time) { chosen += QString::number(time); });
+    bench.click(bench.at(0.3, 0.5));
+    bench.trend.SetLassoZoom(0);
+    bench.click(bench.at(0.6, 0.1));
+    bench.drag(bench.at(0.5, 0.5), bench.at(0.6, 0.5));
+    bench.key(Qt::Key_Home);
+    bench.click(bench.axis(0));
+    bench.hover(bench.at(0.8, 0.5));
+    bench.key(Qt::Key_Return);
+    EXPECT_EQ(chosen.join(u' ').toStdString(), "30 60 80");
+}
+
+TEST(CTrendInteraction, LegendSwitchesCurvesByMouseAndKeys) {
+    TrendBench bench(kRows);
+    QStringList switched;
+    QObject::connect(
+        &bench.trend, &CTrend::curveVisibilityChanged, &bench.trend,
+        [&](int curve, bool on) { switched += QString::number(curve) + (on ? u'+' : u'-'); });
+    bench.click(bench.layout().legendItems[1].rect.center());
+    bench.click(bench.layout().legendItems[1].rect.center());
+    bench.press(bench.layout().legendItems[0].rect.center());
+    bench.release(bench.at(0.5, 0.5));
+    EXPECT_EQ(switched.join(u' ').toStdString(), "1- 1+") << "a press dragged off does nothing";
+    switched.clear();
+    bench.key(Qt::Key_Tab);
+    bench.key(Qt::Key_Space);
+    bench.key(Qt::Key_Right);
+    bench.key(Qt::Key_Right);
+    bench.key(Qt::Key_Return);
+    bench.key(Qt::Key_Left);
+    bench.key(Qt::Key_Space);
+    bench.key(Qt::Key_Escape);
+    bench.key(Qt::Key_Space);
+    EXPECT_EQ(switched.join(u' ').toStdString(), "0- 1- 0+");
+}
+
+TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
+    const struct {
+        const char* name;
+        const char *min, *max;
+        bool logarithmic;
+        const char* shown; // "" = the dialog refuses
+    } rows[] = {
+        {"plain", "-5", "12.5", false, "time 0..100 | -5..12.5 | 0..20"},
+        {"decimal comma", "0,5", "2", false, "time 0..100 | 0.5..2 | 0..20"},
+        {"logarithmic", "1", "1000", true, "time 0..100 | 1..1000 | 0..20"},
+        {"reversed", "5", "1", false, ""},
+        {"no number", "x", "1", false, ""},
+        {"logarithm of zero", "0", "1", true, ""},
+    };
+
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        TrendBench bench(kRows);
+        bool accepted = false;
+        QTimer::singleShot(0, &bench.trend, [&] {
+            auto* dialog = bench.trend.findChild<QDialog*>();
+            const auto edits = dialog->findChildren<QLineEdit*>();
+            for (QLineEdit* edit : edits) {
+                if (edit->text() == u"0")
+                    edit->setText(QString::fromLatin1(row.min));
+                else if (edit->text() == u"10")
+                    edit->setText(QString::fromLatin1(row.max));
+            }
+            dialog->findChild<QCheckBox*>()->setChecked(row.logarithmic);
+            auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+            accepted = ok->isEnabled();
+            accepted ? ok->click() : dialog->reject();
+        });
+        bench.doubleClick(bench.axis(1));
+        EXPECT_EQ(accepted, row.shown[0] != 0);
+        EXPECT_EQ(bench.shown(), accepted ? row.shown : "time 0..100 | 0..10 | 0..20");
+        EXPECT_EQ(bench.trend.GetYScLogarithmic(1), accepted && row.logarithmic ? 1 : 0);
+        EXPECT_EQ(bench.trend.canZoomBack(), accepted);
+    }
+}
+
+} // namespace
+} // namespace pellam
