@@ -79,8 +79,8 @@ bool TimePattern::takeField(const Token& token, TimeScanner& scanner, TimeFields
 }
 
 bool TimePattern::takeLiteral(char literal, TimeScanner& scanner) const {
-    if (literal == ' ') return scanner.blanks();
     constexpr std::string_view kSeparators = "/.-";
+    if (literal == ' ') return scanner.blanks() || scanner.oneOf(kSeparators) != '\0';
     if (kSeparators.find(literal) != std::string_view::npos)
         return scanner.oneOf(kSeparators) != '\0';
     return scanner.word({&literal, 1});

@@ -50,7 +50,17 @@ void showCurve(TrendOperations& trend, int index, const TrendTable::Curve& curve
                                                      : screenText(curve.units));
 }
 
-/// "Left out as sentinels: Wind 12, Flow 3 and 4 more channels"; empty when nothing was.
+/// A scale of curves without any value would only show bounds that mean nothing.
+void hideEmptyScales(TrendOperations& trend) {
+    for (int axis = 1; axis <= trendScaleCount; ++axis) {
+        bool used = false;
+        for (int curve = 0; curve < trend.GetUsedCurveCount() && !used; ++curve)
+            used = trend.GetCurveRelatedScale(curve) == axis && trend.GetDataRange(curve);
+        if (!used) trend.SetYScEnabled(axis, 0);
+    }
+}
+
+/// "Left out, sentinel values: Wind 12, Flow 3 and 4 more channels"; empty when nothing was.
 QString noteByChannel(const TrendTable& table, const QString& what, std::int64_t LeftOut::*count) {
     constexpr int kNamed = 4;
     QStringList parts;
@@ -119,6 +129,7 @@ TrendRows showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
         showCurve(trend, index, curve, capacity);
         trend.setCurvePoints(index++, times, std::move(curve.values));
     }
+    hideEmptyScales(trend);
     return times ? TrendRows(times, std::move(table.rows)) : TrendRows();
 }
 

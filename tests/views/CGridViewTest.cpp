@@ -1,6 +1,5 @@
 #include "views/CGridView.h"
 #include "GridText.h"
-#include "views/CTrendView.h"
 #include "views/FindBar.h"
 #include "views/GoToDialog.h"
 #include "views/MyCug.h"
@@ -13,7 +12,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
-#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 namespace pellam {
@@ -139,19 +137,6 @@ TEST_F(CGridViewTest, TakesTheFirstOfSeveralDroppedFiles) {
     QApplication::sendEvent(&m_view, &drop);
     ASSERT_EQ(dropped.count(), 1);
     EXPECT_EQ(dropped.first().first().toString(), QStringLiteral("/data/a b.dlr"));
-}
-
-TEST_F(CGridViewTest, TrendPageListsTheChartedChannels) {
-    m_grid.column(1).setCharted(true);
-    m_grid.column(1).setAxis(4);
-    CTrendView trend(m_grid);
-    auto* list = trend.findChild<QTreeWidget*>();
-    ASSERT_EQ(list->topLevelItemCount(), 1);
-    EXPECT_EQ(list->topLevelItem(0)->text(0) + list->topLevelItem(0)->text(1),
-              QStringLiteral("4A (degC)"));
-    m_grid.column(1).setCharted(false);
-    trend.refresh();
-    EXPECT_EQ(list->topLevelItemCount(), 0);
 }
 
 } // namespace

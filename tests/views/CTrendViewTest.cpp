@@ -1,0 +1,210 @@
+#include "GridText.h"
+#include "ZoneScope.h"
+
+#include "base/InternationalSettings.h"
+#include "base/MessageSink.h"
+#include "base/ProgressSink.h"
+#include "trend/CTrend.h"
+#include "views/CTrendView.h"
+
+namespace pellam {
+
+namespace {
+
+struct Messages : MessageSink {
+    void show(std::string_view text) override { shown += std::string(text) + '\n'; }
+
+    std::string shown;
+};
+
+struct Progress : ProgressSink {
+    void start(std::string_view title, std::string_view line, std::int64_t first,
+               std::int64_t last) override {
+        log += std::string(title) + '|' + std::string(line) + '|' + std::to_string(first) + ".." +
+               std::to_string(last);
+    }
+
+    void addString(std::string_view text) override { log += '|' + std::string(text); }
+
+    void setPosition(std::int64_t) override {}
+
+    bool aborted() override { return false; }
+
+    void finish() override { log += "|done\n"; }
+
+    std::string log;
+};
+
+class CTrendViewTest : public testing::Test {
+  protected:
+    CTrendViewTest() {
+        fillGrid(m_grid, "Time|Temp(C)|Wind(m/s)|Rain(mm)\n"
+                         "2024/01/01 00:10:00|-2|10|1\n"
+                         "2024/01/01 00:20:00|3|30|2\n"
+                         "2024/01/01 00:30:00|8|20|3\n");
+        for (int i = 1; i <= 3; ++i) {
+            m_grid.column(i).setCharted(true);
+            m_grid.column(i).setAxis(i);
+        }
+        m_grid.setChanged(true);
+        m_view.resize(900, 600);
+    }
+
+    void activate() { m_view.OnActivateView(true, &m_view, &m_other); }
+
+    CTrend& trend() { return m_view.trend(); }
+
+    std::string shown(int axis) {
+        return QStringLiteral("%1..%2")
+            .arg(trend().GetYScActualRangeMin(axis))
+            .arg(trend().GetYScActualRangeMax(axis))
+            .toStdString();
+    }
+
+    ZoneScope m_zone{"UTC"};
+    GridData m_grid;
+    InternationalSettings m_international;
+    Messages m_messages;
+    Progress m_progress;
+    QWidget m_other;
+    CTrendView m_view{{.grid = m_grid,
+                       .international = m_international,
+                       .messages = m_messages,
+                       .progress = [this]() -> ProgressSink& { return m_progress; }}};
+};
+
+} // namespace
+
+TEST_F(CTrendViewTest, StartsWithTheControlSetUpAndAMessage) {
+    EXPECT_EQ(trend().objectName(), QStringLiteral("Trend1"));
+    EXPECT_EQ(trend().GetLassoZoom(), 1);
+    EXPECT_EQ(trend().chart().state.fontName, QStringLiteral("Verdana"));
+    EXPECT_FALSE(m_view.hasChart());
+    m_grid.setRowCount(0);
+    activate();
+    EXPECT_EQ(m_view.message().toStdString(),
+              "No data is loaded. Open a file to see its channels here.");
+}
+
+TEST_F(CTrendViewTest, BuildsOnceAndScales) {
+    activate();
+    EXPECT_EQ(m_progress.log, "Loading Trend Chart|Loading...|1..3|Loaded 0 Lines|"
+                              "Auto scaling, please wait...|done\n");
+    EXPECT_FALSE(m_grid.changed());
+    EXPECT_TRUE(m_view.hasChart());
+    EXPECT_FALSE(trend().locked());
+    EXPECT_EQ(shown(1), "-2.2..8.8");
+    EXPECT_EQ(shown(2), "9..33");
+    EXPECT_EQ(trend().GetXScActualRangeMin(), 1704067800);
+    EXPECT_EQ(trend().GetXScActualRangeMax(), 1704069000);
+
+    m_grid.setText(1, 0, "50");
+    trend().SetYScActualRangeMax(1, 77);
+    activate();
+    EXPECT_EQ(shown(1), "-2.2..77") << "axis edits stay while the grid has no mark";
+    EXPECT_EQ(trend().GetDataRange(0)->yTo, 8);
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_EQ(trend().GetDataRange(0)->yTo, 50);
+}
+
+TEST_F(CTrendViewTest, IsBuiltOnlyWhenItComesToTheFront) {
+    m_view.OnActivateView(false, &m_other, &m_view);
+    m_view.OnActivateView(true, &m_view, &m_view);
+    EXPECT_TRUE(m_grid.changed());
+    EXPECT_EQ(m_progress.log, "");
+}
+
+TEST_F(CTrendViewTest, ChannelsTakenOutLeaveNoCurveBehind) {
+    activate();
+    m_grid.column(1).setCharted(false);
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_EQ(trend().GetCurveText(0), QStringLiteral("Wind"));
+    EXPECT_EQ(trend().GetCurveText(2), QString());
+    EXPECT_FALSE(trend().GetDataRange(2));
+    EXPECT_EQ(trend().GetYScEnabled(1), 0);
+    for (int i = 2; i <= 3; ++i)
+        m_grid.column(i).setCharted(false);
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_FALSE(m_view.hasChart());
+    EXPECT_TRUE(m_view.message().startsWith(QStringLiteral("No channel is selected")));
+}
+
+TEST_F(CTrendViewTest, TellsWhenNoTimeCanBeRead) {
+    for (Row row = 0; row < 3; ++row)
+        m_grid.setText(0, row, "soon");
+    activate();
+    EXPECT_TRUE(m_view.message().startsWith(
+        QStringLiteral("Attention: The times in the first column can't be read")));
+    for (Row row = 0; row < 3; ++row)
+        m_grid.setText(0, row, "");
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_EQ(
+        m_view.message(),
+        QStringLiteral("Attention: The first column holds no times, so there is nothing to draw."));
+}
+
+TEST_F(CTrendViewTest, FontSizesStopAtTheirEnds) {
+    trend().SetFontScaleFactor(0.95);
+    m_view.OnViewIncreasefontsize();
+    EXPECT_DOUBLE_EQ(trend().GetFontScaleFactor(), 1.0);
+    EXPECT_FALSE(m_view.canIncreaseFont());
+    trend().SetFontScaleFactor(0.15);
+    m_view.OnViewDecreasefontsize();
+    EXPECT_DOUBLE_EQ(trend().GetFontScaleFactor(), 0.1);
+    EXPECT_FALSE(m_view.canDecreaseFont());
+    m_view.OnViewIncreasefontsize();
+    EXPECT_DOUBLE_EQ(trend().GetFontScaleFactor(), 0.2);
+}
+
+TEST_F(CTrendViewTest, ZoomIsToggled) {
+    QSignalSpy changes(&m_view, &CTrendView::stateChanged);
+    m_view.OnViewZoom();
+    EXPECT_FALSE(m_view.selectionZoom());
+    m_view.OnViewZoom();
+    EXPECT_TRUE(m_view.selectionZoom());
+    EXPECT_GE(changes.count(), 2);
+}
+
+TEST_F(CTrendViewTest, StripsComeAndGoAndLastThroughARebuild) {
+    EXPECT_FALSE(m_view.canStack());
+    activate();
+    EXPECT_TRUE(m_view.canStack());
+    trend().SetYScActualRangeMax(1, 77);
+    m_view.OnViewStripchart();
+    EXPECT_EQ(trend().chart().scale(3)->position.position, 2);
+    EXPECT_EQ(trend().chart().scale(3)->position.heightPercent, 33);
+    EXPECT_EQ(shown(1), "-2.2..8.8");
+    m_grid.column(1).setCharted(false);
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_EQ(trend().chart().scale(3)->position.heightPercent, 50);
+    m_view.toggleStripChart();
+    EXPECT_EQ(trend().chart().scale(3)->position.heightPercent, 100);
+}
+
+TEST_F(CTrendViewTest, RowsAndMomentsAreLinked) {
+    activate();
+    QSignalSpy chosen(&m_view, &CTrendView::rowChosen);
+    Q_EMIT trend().timeClicked(1704068390); // ten seconds before the second row
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.first().first().toLongLong(), 1);
+}
+
+TEST_F(CTrendViewTest, TakesADroppedFile) {
+    QSignalSpy dropped(&m_view, &CTrendView::fileDropped);
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/a.dlr"))});
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
+    QApplication::sendEvent(&m_view, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
+    QApplication::sendEvent(&m_view, &drop);
+    ASSERT_EQ(dropped.count(), 1);
+    EXPECT_EQ(dropped.first().first().toString(), QStringLiteral("/data/a.dlr"));
+}
+
+} // namespace pellam
