@@ -8,6 +8,7 @@
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
 #include "replay/LoadOutcome.h"
+#include "settings/SettingsStore.h"
 
 #include <string>
 
@@ -31,6 +32,7 @@ class BatchCommand {
     void keepChosenColumns();
     bool writeInfo();
     bool convert();
+    bool dump();
     bool report(const Failure& failure);
     [[nodiscard]] bool isSource(const std::string& target) const;
     [[nodiscard]] Failure write(const std::string& path);
@@ -38,6 +40,7 @@ class BatchCommand {
     bool drawCharts();
 
     const CommandLine& m_line;
+    SettingsStore m_settings;
     InternationalSettings m_international;
     GridData m_grid;
     TerminalProgress m_progress;

@@ -1,5 +1,7 @@
 #include "app/CommandLine.h"
 
+#include "logger/CDumpDBD.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -73,6 +75,11 @@ class Parser {
         if (name == "--settings") return takeOnce(name, m_line.settings);
         if (name == "--channels") return takeOnce(name, m_line.channels);
         if (name == "--convert") return takeOnce(name, m_line.convert);
+        if (name == "--dump") return takeOnce(name, m_line.dump);
+        if (name == "--index") return takeDumpOption(name, CDumpDBD::IndexMode);
+        if (name == "--data") return takeDumpOption(name, CDumpDBD::DumpData);
+        if (name == "--alarms") return takeDumpOption(name, CDumpDBD::DumpAlarms);
+        if (name == "--header") return takeDumpOption(name, CDumpDBD::WriteHeader);
         if (name == "--export") return takeOutput(name, m_line.exports, {".csv", ".txt"});
         if (name == "--print") return takeOutput(name, m_line.prints, {".pdf"});
         if (name == "--chart") return takeOutput(name, m_line.charts, {".png", ".svg", ".pdf"});
@@ -84,6 +91,13 @@ class Parser {
     void takeFlag(std::string_view name, bool& flag) {
         if (m_hasValue) return fail(name, "takes no value");
         flag = true;
+    }
+
+    void takeDumpOption(std::string_view name, CDumpDBD::Option option) {
+        bool given = false;
+        takeFlag(name, given);
+        if (given) m_line.dumpOptions |= option;
+        m_dumpOption = name;
     }
 
     bool takeValue(std::string_view name) {
@@ -146,7 +160,11 @@ class Parser {
             fail("--channels", "needs --export, --info, --print or --chart beside it");
         }
         if (m_hasSize && m_line.charts.empty()) fail("--size", "needs --chart beside it");
-        if (!m_line.convert.empty() && !m_line.file.empty() && !m_line.hasOutput()) {
+        if (!m_line.dump.empty() && m_line.file.empty()) fail("--dump", "needs a FILE to convert");
+        if (m_line.dump.empty() && !m_dumpOption.empty())
+            fail(m_dumpOption, "needs --dump beside it");
+        const bool usesFile = m_line.hasOutput() || !m_line.dump.empty();
+        if (!m_line.convert.empty() && !m_line.file.empty() && !usesFile) {
             fail(m_line.file, "has no use beside --convert alone");
         }
     }
@@ -157,8 +175,9 @@ class Parser {
     int m_next = 1;
     bool m_onlyFiles = false;
     bool m_hasSize = false;
-    bool m_hasValue = false;  ///< the option came as --option=value
-    std::string_view m_value; ///< value of the option at hand
+    std::string_view m_dumpOption; ///< the last of those that go with --dump
+    bool m_hasValue = false;       ///< the option came as --option=value
+    std::string_view m_value;      ///< value of the option at hand
 };
 
 } // namespace
@@ -172,7 +191,7 @@ bool CommandLine::hasOutput() const {
 }
 
 bool CommandLine::wantsWindow() const {
-    return error.empty() && !help && !version && !hasOutput() && convert.empty();
+    return error.empty() && !help && !version && !hasOutput() && convert.empty() && dump.empty();
 }
 
 std::string CommandLine::usage() {
@@ -200,6 +219,10 @@ Without a window; messages go to standard error, nothing is asked:
                                '*' stands for any characters, '?' for one
   --convert DOWNLOAD.txt       convert a tagged text download to a .csv file
                                beside it
+  --dump OUT.txt               write a binary data file (.dbd) as text, all of
+                               it or what these choose:
+  --data  --alarms  --header   its readings, its alarms, its heading line
+  --index                      number the alarms and tell of empty parts
 Several of these may be given in one call; FILE is loaded once.
 
 Exit status: 0 done; 1 a failure was reported, or nothing could be loaded or

@@ -15,6 +15,8 @@ struct CommandLine {
     std::string settings;             ///< settings file to use; empty for the user's own
     std::string channels;             ///< patterns separated by commas; empty for all channels
     std::string convert;              ///< tagged download to convert; empty when none
+    std::string dump;                 ///< text to write the binary data file to; empty when none
+    unsigned dumpOptions = 0;         ///< what of it, as CDumpDBD::Option
     std::vector<std::string> exports; ///< files to export to, ".csv" or ".txt"
     std::vector<std::string> prints;  ///< PDF files to print to
     std::vector<std::string> charts;  ///< files to draw the chart to, ".png", ".svg" or ".pdf"

@@ -31,6 +31,7 @@ Failure BinaryInput::open(const std::string& path) {
     if (!S_ISREG(facts.st_mode)) return {Failure::Kind::NotAFile, path, -1, {}};
     m_path = path;
     m_size = static_cast<std::uint64_t>(facts.st_size);
+    ::posix_fadvise(m_file, 0, 0, POSIX_FADV_SEQUENTIAL);
     m_block.resize(kBlock);
     return {};
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -192,6 +193,30 @@ TEST_F(BatchTest, RequestToEndLeavesNoHalfFile) {
               1);
     EXPECT_EQ(m_folder.read("out.csv"), "(missing)");
     EXPECT_EQ(m_folder.list(), "house.ini long.csv mast.csv pipe.csv");
+}
+
+TEST_F(BatchTest, BinaryFilesAreConvertedAndLoaded) {
+    const std::string gauge = "'" PELLAM_SAMPLES "/tank-gauge.dbd'";
+    EXPECT_EQ(run("--dump all.txt " + gauge), 0);
+    EXPECT_EQ(run("--dump alarms.txt --alarms --index " + gauge), 0);
+    EXPECT_EQ(m_out + m_err, "");
+    const std::string all = m_folder.read("all.txt");
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 305);
+    EXPECT_EQ(m_folder.read("alarms.txt").substr(0, 47),
+              "    2: 0002,2008/11/10 11:20:00.000000,ALARM2,1");
+    EXPECT_EQ(run("--dump mast.txt mast.csv"), 1);
+    EXPECT_EQ(m_err, "Can not read DTDT section\n");
+
+    EXPECT_EQ(run("--info " + gauge), 1);
+    EXPECT_EQ(m_err, "Warning: No default save directory has been specified.\nThe preferences "
+                     "dialogue will now open to allow you to enter this setting\n");
+    m_folder.write("save.ini",
+                   "[software]\nKorvane\\Pellam\\Default\\SaveDir=" + m_folder.path() + "\n");
+    EXPECT_EQ(run("--settings save.ini --channels '*Level*' --export out.csv " + gauge), 0)
+        << m_err;
+    EXPECT_EQ(m_folder.read("out.csv").substr(0, 59),
+              "Datetime,A.Level(m),\r\n2008/11/10 00:00:00.000000,1.88029,\r\n");
+    EXPECT_EQ(m_folder.read("tank-gauge.csv").substr(0, 21), "Datetime,A.Level(m),A");
 }
 
 } // namespace

@@ -38,6 +38,7 @@ std::string print(const CommandLine& line) {
             std::to_string(line.chartHeight));
     }
     if (!line.convert.empty()) add("convert:" + line.convert);
+    if (!line.dump.empty()) add("dump:" + line.dump + '@' + std::to_string(line.dumpOptions));
     if (!line.channels.empty()) add("channels:" + line.channels);
     if (!line.settings.empty()) add("settings:" + line.settings);
     if (!line.file.empty()) add("file:" + line.file);
@@ -71,6 +72,9 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"chart_of_the_usual_size", "--chart a.pdf x", "chart:a.pdf@1280x720 file:x"},
         Case{"convert_alone", "--convert d.txt", "convert:d.txt"},
         Case{"convert_and_output", "--convert d.txt --info x", "info convert:d.txt file:x"},
+        Case{"dump", "--dump o.txt a.dbd", "dump:o.txt@0 file:a.dbd"},
+        Case{"dump_of_parts", "--index --alarms --dump=o --header --data a", "dump:o@15 file:a"},
+        Case{"dump_and_convert", "--dump o a --convert d.txt", "convert:d.txt dump:o@0 file:a"},
         Case{"dashes_end_options", "--info -- --info", "info file:--info"},
         Case{"single_dash_is_a_file", "-", "window file:-"},
         Case{"help_wins_over_what_follows", "-h --nonsense", "help"},
@@ -110,13 +114,16 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"size_with_words", "--chart a.png --size 640x480px x",
              "--size needs width and height such as 1280x720, each from 100 to 10000, not "
              "640x480px"},
+        Case{"dump_without_file", "--dump o.txt", "--dump needs a FILE to convert"},
+        Case{"part_without_dump", "--info --alarms x", "--alarms needs --dump beside it"},
         Case{"file_beside_convert", "--convert a.txt x", "x has no use beside --convert alone"}),
     [](const auto& row) { return row.param.name; });
 
 TEST(CommandLineHelp, NamesEveryOption) {
     const std::string help = CommandLine::helpText();
     for (const char* option : {"--help", "--version", "--settings", "--export", "--info", "--print",
-                               "--channels", "--convert", "--chart", "--size"}) {
+                               "--channels", "--convert", "--chart", "--size", "--dump", "--index",
+                               "--data", "--alarms", "--header"}) {
         EXPECT_NE(help.find(option), std::string::npos) << option;
     }
 }
