@@ -5,6 +5,7 @@
 #include "views/CTrendView.h"
 #include "views/GridPrinter.h"
 
+#include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 
@@ -63,7 +64,15 @@ std::unique_ptr<PreviewPane> FramePrinting::previewChart() {
     const double inches = paper.paintRect(QPageLayout::Inch).width();
     return std::make_unique<PreviewPane>(
         paper, 1, [&chart = m_chart, inches](QPainter& painter, int, const QRectF& area) {
-            chart.OnPrint(painter, area, area.width() / inches);
+            // Hair lines of the page are thinner than a pixel here: drawn larger, they keep even.
+            constexpr double kFiner = 3;
+            QImage page((area.size() * kFiner * painter.device()->devicePixelRatioF()).toSize(),
+                        QImage::Format_RGB32);
+            QPainter fine(&page);
+            chart.OnPrint(fine, page.rect(), page.width() / inches);
+            fine.end();
+            painter.setRenderHint(QPainter::SmoothPixmapTransform);
+            painter.drawImage(area, page);
         });
 }
 

@@ -162,9 +162,12 @@ void TrendPainter::draw(QPainter& painter, const TrendChart& chart, const TrendL
     const TrendTheme colours = theme.with(chart.state);
     painter.save();
     AxisPainter axes(painter, chart, layout, colours, 0);
+    // Hair lines may be thinner than the device's pixels.
+    painter.setRenderHint(QPainter::Antialiasing);
     axes.drawBehind();
     drawLines(painter, chart, layout, colours, columns);
     drawSymbols(painter, chart, layout, colours);
+    painter.setRenderHint(QPainter::Antialiasing);
     axes.drawFront();
     painter.restore();
 }

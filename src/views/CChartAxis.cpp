@@ -89,11 +89,14 @@ void CChartAxis::setAxis(int axis, const Axis& values, bool used) {
     row.title->setPlaceholderText(used ? QString() : tr("not in use"));
     row.minimum->setText(numberText(values.minimum));
     row.maximum->setText(numberText(values.maximum));
+    row.minimum->setCursorPosition(0);
+    row.maximum->setCursorPosition(0);
     row.logarithmic->setChecked(values.logarithmic != 0);
 }
 
 QString CChartAxis::numberText(double value) const {
-    return QString::fromStdString(exactNumberText(value, m_separator));
+    constexpr int kDigits = 12; // what the last bits of a product add is no use to anybody
+    return QString::fromStdString(pellam::numberText(value, kDigits, m_separator));
 }
 
 std::optional<double> CChartAxis::number(const QLineEdit* field, double given) const {

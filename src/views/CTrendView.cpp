@@ -122,7 +122,8 @@ void CTrendView::showChart(TrendTable& table) {
     m_rows = showTable(*m_trend, table, rows);
     setUnits(table);
     m_stacked ? stackScales(*m_trend) : overlayScales(*m_trend);
-    OnTrendSanity();
+    // Not as a step of the zoom history: there is nothing to go back to.
+    autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
     setCurrentRow(m_currentRow);
 }
 
