@@ -47,7 +47,7 @@ void CTrend::setColours() {
 void CTrend::chartChanged(Change change) {
     m_scene->invalidate();
     if (change == Change::Data) {
-        m_scene->reading().forgetTimes();
+        m_scene->reading().forgetPoints();
         m_commands->dataChanged();
     }
     if (!locked()) unlocked();
@@ -140,10 +140,16 @@ void CTrend::paintEvent(QPaintEvent* event) {
     }
     QPainter painter(this);
     const QImage& image = m_scene->image(locked());
-    const double ratio = image.devicePixelRatio();
+    // A locked control that was resized shows what it has.
+    if (locked()) painter.fillRect(rect(), palette().window());
+    const auto ratio = static_cast<int>(m_pixelRatio);
+    const bool whole = ratio != m_pixelRatio;
+    // Rectangles cut out at whole pixels are copied; other pixel ratios need the clip.
+    if (whole) painter.drawImage(QPoint(0, 0), image);
     for (const QRect& rect : event->region())
-        painter.drawImage(QRectF(rect), image,
-                          QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio));
+        if (!whole)
+            painter.drawImage(rect.topLeft(), image,
+                              QRect(rect.topLeft() * ratio, rect.size() * ratio));
     if (!locked()) m_scene->paintOverlay(painter);
 }
 

@@ -43,8 +43,12 @@ void ReadoutTable::measure(const QFontMetricsF& metrics) {
     widen(m_content.titles);
     for (const auto& row : m_content.rows)
         widen(row.cells);
-    if (!m_widths.empty())
-        m_widths[0] = std::min(m_widths[0], kLongestName * metrics.averageCharWidth());
+    if (!m_widths.empty()) {
+        // Only names are cut, and here: each is drawn at every move of the pointer.
+        m_widths[0] = std::min(m_widths[0], std::ceil(kLongestName * metrics.averageCharWidth()));
+        for (auto& row : m_content.rows)
+            row.cells[0] = metrics.elidedText(row.cells[0], Qt::ElideMiddle, m_widths[0]);
+    }
     m_linesWidth = 0;
     for (const QString& line : m_content.lines)
         m_linesWidth = std::max(m_linesWidth, std::ceil(metrics.horizontalAdvance(line)));
@@ -138,15 +142,13 @@ void ReadoutTable::paintRow(QPainter& painter, const QPointF& at, const QStringL
                          swatch);
     }
     double x = at.x() + m_lineHeight;
-    const QFontMetricsF metrics(m_font);
     for (qsizetype i = 0; i < cells.size(); ++i) {
         const double width = m_widths[static_cast<std::size_t>(i)];
         if (width <= 0) continue;
         const bool left = i == 0 || i >= m_content.firstText;
         painter.drawText(
             QRectF(x, at.y(), width + 1, m_lineHeight),
-            static_cast<int>(Qt::AlignVCenter | (left ? Qt::AlignLeft : Qt::AlignRight)),
-            metrics.elidedText(cells[i], Qt::ElideMiddle, width + 1));
+            static_cast<int>(Qt::AlignVCenter | (left ? Qt::AlignLeft : Qt::AlignRight)), cells[i]);
         x += width + m_gap;
     }
 }
@@ -154,13 +156,10 @@ void ReadoutTable::paintRow(QPainter& painter, const QPointF& at, const QStringL
 void ReadoutTable::paint(QPainter& painter, const TrendTheme& theme) const {
     if (m_rect.isEmpty()) return;
     painter.save();
-    QColor back = theme.background;
-    back.setAlpha(250);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(m_rect, theme.background);
     painter.setPen(QPen(theme.faintText, 1));
-    painter.setBrush(back);
-    painter.drawRoundedRect(m_rect.adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(m_rect.adjusted(0.5, 0.5, -0.5, -0.5));
     painter.setFont(m_font);
     painter.setPen(theme.text);
     QPointF at = m_rect.topLeft() + QPointF(kPadding, kPadding);

@@ -1,6 +1,5 @@
 #include "trend/TrendReading.h"
 
-#include "trend/CurveReader.h"
 #include "trend/DecimalTicks.h"
 #include "trend/ReadoutContent.h"
 #include "trend/TrendLayout.h"
@@ -119,12 +118,22 @@ void TrendReading::addTimes(ReadoutContent& content, const TrendMarks& marks) co
         content.lines += tr("B − A:  %1").arg(spanText(*marks.cursors[1] - *marks.cursors[0]));
 }
 
+const CurveStatistics& TrendReading::Between::of(int curve, double from, double to,
+                                                 const TrendChart& chart) {
+    if (from != m_from || to != m_to) m_found.clear();
+    m_from = from;
+    m_to = to;
+    const auto known = m_found.find(curve);
+    if (known != m_found.end()) return known->second;
+    const CurveReader reader(chart.curves[static_cast<std::size_t>(curve)]);
+    return m_found[curve] = reader.statistics(from, to);
+}
+
 void TrendReading::addBetween(QStringList& cells, int curve, double a, double b) const {
     const auto atA = sample(curve, a);
     const auto atB = sample(curve, b);
     cells += atA && atB ? valueText(rounded(atB->value - atA->value)) : kNone;
-    const CurveReader reader(m_chart.curves[static_cast<std::size_t>(curve)]);
-    const CurveStatistics between = reader.statistics(a, b);
+    const CurveStatistics& between = m_between.of(curve, a, b, m_chart);
     const bool any = between.count > 0;
     cells += any ? valueText(between.min) : kNone;
     cells += any ? valueText(between.max) : kNone;

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "trend/CurveReader.h"
 #include "trend/TimeTicks.h"
 #include "trend/TrendChart.h"
 
+#include <map>
 #include <optional>
 
 namespace pellam {
 
-struct CurveSample;
 struct TrendMarks;
 struct ReadoutContent;
 class TrendLayout;
@@ -27,8 +28,11 @@ class TrendReading {
 
     int timeDigits() const;
 
-    /// The points' times have changed.
-    void forgetTimes() { m_foundDigits.reset(); }
+    /// The points have changed.
+    void forgetPoints() {
+        m_foundDigits.reset();
+        m_between.clear();
+    }
 
     QString timeText(double time) const;
     QString spanText(double seconds) const;
@@ -48,6 +52,19 @@ class TrendReading {
                          bool values) const;
 
   private:
+    /// Statistics between two times, kept while only the crosshair moves.
+    class Between {
+      public:
+        const CurveStatistics& of(int curve, double from, double to, const TrendChart& chart);
+
+        void clear() { m_found.clear(); }
+
+      private:
+        double m_from = 0;
+        double m_to = 0;
+        std::map<int, CurveStatistics> m_found;
+    };
+
     void addTimes(ReadoutContent& content, const TrendMarks& marks) const;
     QStringList cells(int curve, const TrendMarks& marks, double heading) const;
     void addBetween(QStringList& cells, int curve, double a, double b) const;
@@ -58,6 +75,7 @@ class TrendReading {
     std::vector<QString> m_units;
     int m_digits = -1;
     mutable std::optional<int> m_foundDigits;
+    mutable Between m_between;
 };
 
 } // namespace pellam
