@@ -99,8 +99,8 @@ void CMainFrame::createClient() {
 
 void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
-    m_loader =
-        new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections, m_messages});
+    m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
+                                m_messages, [this] { OnFilePreferences(); }});
     m_export = new FrameExport(
         {.window = this,
          .grid = m_data,

@@ -40,7 +40,9 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome) {
     const QLocale locale;
     const bool loaded = outcome.loaded;
     const auto path = QFile::decodeName(outcome.path.c_str());
-    set(m_stopped, loaded && outcome.aborted ? tr("Load stopped: the file goes on") : QString());
+    set(m_stopped, !outcome.aborted ? QString()
+                   : loaded         ? tr("Load stopped: the file goes on")
+                                    : tr("Load stopped"));
     set(m_rows, loaded ? tr("Rows: %1").arg(locale.toString(qlonglong(outcome.rows))) : QString());
     set(m_channels, loaded ? tr("Channels: %1").arg(outcome.channels) : QString());
     set(m_damaged, loaded

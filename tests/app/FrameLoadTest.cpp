@@ -1,6 +1,8 @@
 #include "FrameFixture.h"
 
+#include "app/CPreferences.h"
 #include "app/RecentFiles.h"
+#include "ui/FolderEdit.h"
 #include "ui/TabPages.h"
 
 #include <QFileDialog>
@@ -65,6 +67,31 @@ TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
     EXPECT_EQ(status(), "");
     EXPECT_EQ(frame.windowTitle(), u"Pellam");
     EXPECT_EQ(frame.data().rowCount(), 0);
+}
+
+TEST_F(FrameLoadTest, ABinaryFileAsksForTheSaveFolderThatItIsConvertedInto) {
+    auto& frame = start();
+    m_settings->WriteProfileString("Default", "SaveDir", "");
+    const auto file = path(QStringLiteral("gauge.dbd"));
+    QFile::copy(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd"), file);
+    QString message;
+    {
+        DialogScript dialogs;
+        dialogs
+            .then<QMessageBox>([&](QMessageBox& box) {
+                message = box.text();
+                box.accept();
+            })
+            .then<CPreferences>([this](CPreferences& preferences) {
+                preferences.saveFolder()->setPath(m_home.path());
+                preferences.accept();
+            });
+        frame.OnLoadSessionFromFile(file);
+    }
+    EXPECT_TRUE(message.startsWith(u"Warning: No default save directory")) << qPrintable(message);
+    EXPECT_EQ(status(), "Rows: 300 | Channels: 5 | Bad lines: 0 | gauge.dbd");
+    EXPECT_EQ(cell(frame, 4, 34), u"filling, pump 2");
+    EXPECT_TRUE(read(path(QStringLiteral("gauge.csv"))).startsWith("Datetime,A.Level(m),"));
 }
 
 TEST_F(FrameLoadTest, OfSeveralDroppedFilesTheFirstIsOpened) {
