@@ -15,7 +15,7 @@ namespace pellam {
 
 namespace {
 
-constexpr double kGrab = 5;     // pixels beside a cursor that still grab it
+constexpr double kGrab = 6;     // pixels beside a cursor that still grab it
 constexpr double kNotch = 120;  // what one notch of a wheel turns
 constexpr double kCloser = 0.8; // range after one notch
 constexpr double kMoved = 4;    // pixels up to which a press and release are a click

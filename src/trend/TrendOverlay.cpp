@@ -91,7 +91,10 @@ void TrendOverlay::prepare(const TrendChart& chart, const TrendLayout& layout,
 void TrendOverlay::arrange(ReadoutTable& table, const TrendLayout& layout,
                            const ReadoutTable::Avoid& avoid) const {
     const QRectF whole(QPointF(0, 0), layout.size);
-    if (table.arrange(m_content, m_font, m_plot, avoid)) return;
+    QRectF belowGrips = m_plot;
+    for (const Line& line : m_lines)
+        if (!line.label.isEmpty()) belowGrips.setTop(gripRect(line).bottom());
+    if (table.arrange(m_content, m_font, belowGrips, avoid)) return;
     if (table.arrange(m_content, m_font, whole, avoid)) return;
     ReadoutContent lines;
     lines.lines = m_content.lines;
