@@ -37,7 +37,9 @@ class ProgressScope {
         : m_sink(sink) {
         m_sink.start(title, firstLine, first, last);
     }
+
     ~ProgressScope() { m_sink.finish(); }
+
     ProgressScope(const ProgressScope&) = delete;
     ProgressScope& operator=(const ProgressScope&) = delete;
 

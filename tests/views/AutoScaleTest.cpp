@@ -46,7 +46,9 @@ TEST(AutoScale, RangesFollowTheValues) {
         {"span below 1", {1, 1.5}, "range 0.5..2 shown 0.9..1.65"},
         {"span 1", {1, 2}, "range -9..12 shown 0.9..2.2"},
         {"below zero", {-8, -2}, "range -68..58 shown -8.8..-1.8"},
-        {"above the start value", {2e6, 3e6}, "range -19000001.1..23000001 shown 899999.91..3300000"},
+        {"above the start value",
+         {2e6, 3e6},
+         "range -19000001.1..23000001 shown 899999.91..3300000"},
     };
 
     for (const auto& row : rows) {
