@@ -205,8 +205,8 @@ void CMainFrame::connectPages() {
     connect(m_trendView, &CTrendView::fileDropped, this, &CMainFrame::openLater);
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
-    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::pageActivated);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
+    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::pageActivated);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &CMainFrame::OnIdleUpdateCmdUI);
 }

@@ -23,6 +23,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 
 namespace pellam {
@@ -96,6 +97,7 @@ void CTrendView::rebuild() {
     if (m_rebuilding) return;
     const QScopedValueRollback busy(m_rebuilding, true);
     m_context.grid.setChanged(false);
+    m_message->clear();
     ResetView();
     const UpdateLock lock(*m_trend);
     ProgressSink& progress = m_context.progress();
@@ -168,7 +170,9 @@ bool CTrendView::canDecreaseFont() const {
 }
 
 void CTrendView::changeFont(double step) {
-    m_trend->SetFontScaleFactor(std::clamp(m_trend->GetFontScaleFactor() + step, 0.1, 1.0));
+    // Whole hundredths: tenths added up would miss the ends by their last bit.
+    const double factor = std::round((m_trend->GetFontScaleFactor() + step) * 100) / 100;
+    m_trend->SetFontScaleFactor(std::clamp(factor, 0.1, 1.0));
     Q_EMIT stateChanged();
 }
 

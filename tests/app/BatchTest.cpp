@@ -195,6 +195,23 @@ TEST_F(BatchTest, RequestToEndLeavesNoHalfFile) {
     EXPECT_EQ(m_folder.list(), "house.ini long.csv mast.csv pipe.csv");
 }
 
+TEST_F(BatchTest, ChartsAreDrawnInEveryForm) {
+    EXPECT_EQ(run("--chart a.png --chart a.svg --chart a.PDF --size 300x200 mast.csv"), 0) << m_err;
+    EXPECT_EQ(m_out + m_err, "");
+    const std::string png = m_folder.read("a.png");
+    EXPECT_EQ(png.substr(1, 3), "PNG");
+    EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x01\x2C\0\0\0\xC8", 8));
+    EXPECT_NE(m_folder.read("a.svg").find("mast.csv"), std::string::npos) << "its title";
+    EXPECT_EQ(m_folder.read("a.PDF").substr(0, 5), "%PDF-");
+
+    m_folder.write("words.csv", "Time,A\r\nsoon,1\r\nlater,2\r\n");
+    EXPECT_EQ(run("--chart b.png words.csv"), 1);
+    EXPECT_EQ(m_err.substr(0, 56), "Attention: The times in the first column can't be read, ");
+    EXPECT_EQ(run("--chart no/such/b.png mast.csv"), 1);
+    EXPECT_NE(m_err.find("no/such/b.png"), std::string::npos);
+    EXPECT_EQ(m_folder.read("b.png"), "(missing)");
+}
+
 TEST_F(BatchTest, BinaryFilesAreConvertedAndLoaded) {
     const std::string gauge = "'" PELLAM_SAMPLES "/tank-gauge.dbd'";
     EXPECT_EQ(run("--dump all.txt " + gauge), 0);

@@ -1,0 +1,152 @@
+#include "FrameFixture.h"
+
+#include "app/PreviewPane.h"
+#include "trend/CTrend.h"
+#include "ui/TabPages.h"
+#include "views/CTrendView.h"
+#include "views/ChartAxisSheet.h"
+#include "views/MyCug.h"
+
+namespace pellam {
+
+namespace {
+
+class FrameTrendTest : public FrameFixture {
+  protected:
+    /// Starts with the two channels of csv(), both charted, and the chart in front.
+    CTrendView& startOnChart() {
+        start(csv());
+        EXPECT_TRUE(QTest::qWaitFor([this] { return frame().data().rowCount() == 2; }, 5000));
+        give(Command::SelectAllChannels);
+        frame().data().column(2).setCharted(true);
+        frame().data().column(2).setAxis(2);
+        give(Command::TrendChart);
+        return view();
+    }
+
+    CTrendView& view() { return *frame().findChild<CTrendView*>(); }
+
+    bool enabled(Command command) {
+        frame().OnIdleUpdateCmdUI();
+        return frame().actions().action(command)->isEnabled();
+    }
+
+    bool checked(Command command) {
+        frame().OnIdleUpdateCmdUI();
+        return frame().actions().action(command)->isChecked();
+    }
+};
+
+} // namespace
+
+TEST_F(FrameTrendTest, TheChartIsBuiltWhenItsPageComesToTheFront) {
+    CTrendView& chart = startOnChart();
+    EXPECT_TRUE(chart.hasChart());
+    EXPECT_EQ(chart.trend().GetCurveText(1), QStringLiteral("Flow "));
+    EXPECT_FALSE(frame().data().changed());
+    EXPECT_EQ(chart.fileName(), QStringLiteral("store.csv"));
+
+    chart.trend().SetYScActualRangeMax(1, 77);
+    give(Command::DataGrid);
+    give(Command::TrendChart);
+    EXPECT_EQ(chart.trend().GetYScActualRangeMax(1), 77);
+    give(Command::DataGrid);
+    frame().Grid()->toggleCharted(1);
+    EXPECT_TRUE(frame().data().changed());
+    give(Command::TrendChart);
+    EXPECT_FALSE(frame().data().changed());
+    EXPECT_EQ(chart.trend().GetCurveText(0), QStringLiteral("Flow "));
+}
+
+TEST_F(FrameTrendTest, ChannelsSelectedWhileTheChartIsInFrontShowAtOnce) {
+    CTrendView& chart = startOnChart();
+    give(Command::DeselectAllChannels);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !chart.hasChart(); }, 2000));
+    give(Command::SelectAllChannels);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return chart.hasChart(); }, 2000));
+}
+
+TEST_F(FrameTrendTest, CommandsFollowThePageAndTheChart) {
+    start();
+    for (const Command command : {Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
+                                  Command::IncreaseFont, Command::StripChart, Command::Copy}) {
+        EXPECT_FALSE(enabled(command)) << static_cast<int>(command);
+    }
+    give(Command::TrendChart);
+    for (const Command command : {Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
+                                  Command::IncreaseFont, Command::DecreaseFont, Command::Copy}) {
+        EXPECT_TRUE(enabled(command)) << static_cast<int>(command);
+    }
+    EXPECT_FALSE(enabled(Command::StripChart)) << "there is no axis";
+    EXPECT_FALSE(enabled(Command::Print)) << "there is no chart";
+}
+
+TEST_F(FrameTrendTest, CommandsDoTheirWork) {
+    CTrendView& chart = startOnChart();
+    EXPECT_TRUE(enabled(Command::StripChart));
+    give(Command::StripChart);
+    EXPECT_TRUE(checked(Command::StripChart));
+    EXPECT_EQ(chart.trend().chart().scale(2)->position.heightPercent, 50);
+
+    EXPECT_TRUE(checked(Command::SelectionZoom));
+    const qint64 icon = frame().actions().action(Command::SelectionZoom)->icon().cacheKey();
+    give(Command::SelectionZoom);
+    EXPECT_FALSE(checked(Command::SelectionZoom));
+    EXPECT_EQ(chart.trend().GetLassoZoom(), 0);
+    EXPECT_NE(frame().actions().action(Command::SelectionZoom)->icon().cacheKey(), icon);
+
+    for (int i = 0; i < 5; ++i)
+        give(Command::IncreaseFont);
+    EXPECT_DOUBLE_EQ(chart.trend().GetFontScaleFactor(), 1.0);
+    EXPECT_FALSE(enabled(Command::IncreaseFont));
+
+    QGuiApplication::clipboard()->clear();
+    give(Command::Copy);
+    EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasImage());
+}
+
+TEST_F(FrameTrendTest, TheAxisDialogIsTakenOverWithOkAndForgottenWithCancel) {
+    CTrendView& chart = startOnChart();
+    const auto type = [](ChartAxisSheet& sheet, const char* text) {
+        sheet.findChild<QLineEdit*>(QStringLiteral("Maximum1"))->setText(QString::fromLatin1(text));
+    };
+    DialogScript script;
+    script.then<ChartAxisSheet>([&](ChartAxisSheet& sheet) {
+        type(sheet, "123.5");
+        QTest::keyClick(&sheet, Qt::Key_Return);
+    });
+    give(Command::EditAxis);
+    EXPECT_EQ(chart.trend().GetYScActualRangeMax(1), 123.5);
+    script.then<ChartAxisSheet>([&](ChartAxisSheet& sheet) {
+        type(sheet, "999");
+        QTest::keyClick(&sheet, Qt::Key_Escape);
+    });
+    give(Command::EditAxis);
+    EXPECT_EQ(chart.trend().GetYScActualRangeMax(1), 123.5);
+}
+
+TEST_F(FrameTrendTest, ThePreviewIsOneSheetInLandscapeAndBringsTheChartBack) {
+    startOnChart();
+    give(Command::PrintPreview);
+    ASSERT_NE(frame().preview(), nullptr);
+    EXPECT_EQ(frame().preview()->pageCount(), 1);
+    const QSizeF paper = frame().preview()->findChild<PreviewSheet*>()->paperSize();
+    EXPECT_GT(paper.width(), paper.height());
+    EXPECT_FALSE(enabled(Command::AutoScale));
+    frame().OnSetPreviewMode(false);
+    EXPECT_EQ(frame().pages().activePage(), CMainFrame::kTrendPage);
+    EXPECT_FALSE(view().trend().locked());
+    // The grid's own preview keeps the printer's orientation.
+    give(Command::DataGrid);
+    give(Command::PrintPreview);
+    const QSizeF gridPaper = frame().preview()->findChild<PreviewSheet*>()->paperSize();
+    EXPECT_LT(gridPaper.width(), gridPaper.height());
+}
+
+TEST_F(FrameTrendTest, RowsAreLinkedBothWays) {
+    CTrendView& chart = startOnChart();
+    Q_EMIT chart.rowChosen(1);
+    EXPECT_EQ(frame().Grid()->currentIndex().row(), 2);
+}
+
+} // namespace pellam
