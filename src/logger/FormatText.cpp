@@ -41,25 +41,26 @@ FormatText::FormatText(std::string_view text) {
     std::copy(text.begin(), text.end(), m_text.begin());
 }
 
-bool FormatText::parseConversion(std::string_view spec) {
-    const char* const begin = spec.data();
-    for (std::size_t flag; !spec.empty(); spec.remove_prefix(1)) {
-        flag = kFlags.find(spec.front());
+bool FormatText::parseConversion(std::string_view conversion) {
+    const char* const begin = conversion.data();
+    for (std::size_t flag; !conversion.empty(); conversion.remove_prefix(1)) {
+        flag = kFlags.find(conversion.front());
         if (flag == std::string_view::npos) break;
         m_flags = static_cast<std::uint8_t>(m_flags | 1U << flag);
     }
     int number = 0;
-    if (!takeNumber(spec, number)) return false;
+    if (!takeNumber(conversion, number)) return false;
     m_width = static_cast<std::uint8_t>(number);
-    if (!spec.empty() && spec.front() == '.') {
-        spec.remove_prefix(1);
-        if (!takeNumber(spec, number)) return false;
+    if (!conversion.empty() && conversion.front() == '.') {
+        conversion.remove_prefix(1);
+        if (!takeNumber(conversion, number)) return false;
         m_precision = static_cast<std::int8_t>(number);
     }
-    if (spec.empty() || std::string_view("diuxXos").find(spec.front()) == std::string_view::npos)
+    if (conversion.empty() ||
+        std::string_view("diuxXos").find(conversion.front()) == std::string_view::npos)
         return false;
-    m_conversion = spec.front();
-    m_after = static_cast<std::uint8_t>(spec.data() + 1 - begin);
+    m_conversion = conversion.front();
+    m_after = static_cast<std::uint8_t>(conversion.data() + 1 - begin);
     return true;
 }
 

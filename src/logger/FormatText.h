@@ -35,7 +35,7 @@ class FormatText {
   private:
     enum Flag : std::uint8_t { Left = 1, Plus = 2, Space = 4, Alternate = 8, Zero = 16 };
 
-    [[nodiscard]] bool parseConversion(std::string_view spec);
+    [[nodiscard]] bool parseConversion(std::string_view conversion);
 
     [[nodiscard]] bool has(Flag flag) const { return (m_flags & flag) != 0; }
 
