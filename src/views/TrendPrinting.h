@@ -23,6 +23,7 @@ class TrendPrinting {
     [[nodiscard]] bool print(QPrinter& printer) const;
 
   private:
+    void drawChart(QPainter& painter, const QRectF& target, double unitsPerInch) const;
     double PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
 
     TrendOperations& m_trend;

@@ -75,5 +75,5 @@ corner=$(convert "$home/pasted.png" -format '%[hex:p{1,1}]' info:)
 clipboard_has image/svg+xml || fail "there is no SVG beside the bitmap"
 clipboard image/svg+xml >"$home/pasted.svg"
 grep -q '<svg' "$home/pasted.svg" || fail "the pasted drawing is no SVG"
-grep -c '<polyline\|<path' "$home/pasted.svg" >/dev/null || fail "the pasted drawing has no lines"
+grep -q '<polyline\|<path' "$home/pasted.svg" || fail "the pasted drawing has no lines"
 echo "pasted the chart of $(basename "$sample") as $size pixels and as SVG"
