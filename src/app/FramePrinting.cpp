@@ -65,14 +65,16 @@ std::unique_ptr<PreviewPane> FramePrinting::previewChart() {
     return std::make_unique<PreviewPane>(
         paper, 1, [&chart = m_chart, inches](QPainter& painter, int, const QRectF& area) {
             // Hair lines of the page are thinner than a pixel here: drawn larger, they keep even.
-            constexpr double kFiner = 3;
-            QImage page((area.size() * kFiner * painter.device()->devicePixelRatioF()).toSize(),
-                        QImage::Format_RGB32);
+            constexpr int kFiner = 3;
+            const double ratio = painter.device()->devicePixelRatioF();
+            const QSize pixels = (area.size() * ratio).toSize();
+            QImage page(pixels * kFiner, QImage::Format_RGB32);
             QPainter fine(&page);
             chart.OnPrint(fine, page.rect(), page.width() / inches);
             fine.end();
-            painter.setRenderHint(QPainter::SmoothPixmapTransform);
-            painter.drawImage(area, page);
+            page = page.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            page.setDevicePixelRatio(ratio);
+            painter.drawImage(area.topLeft(), page);
         });
 }
 

@@ -29,6 +29,7 @@ CChartAxis::CChartAxis(char decimalSeparator, QWidget* parent)
     addHeadings(grid);
     for (int axis = 1; axis <= kAxes; ++axis)
         addRow(grid, axis);
+    setFocusProxy(m_rows.front().title);
     grid->setColumnStretch(kTitle, 2);
     grid->setColumnStretch(kMinimum, 1);
     grid->setColumnStretch(kMaximum, 1);

@@ -24,6 +24,7 @@ ChartAxisSheet::ChartAxisSheet(TrendOperations& trend, char decimalSeparator, QW
     box->addWidget(tabs);
     box->addWidget(buttons);
     fillAxisPage(*m_page, trend);
+    m_page->setFocus();
 }
 
 void ChartAxisSheet::accept() {

@@ -44,8 +44,9 @@ void TrendPrinting::drawChart(QPainter& painter, const QRectF& target, double un
         return paintChart(painter, target, unitsPerInch, m_trend.chart(), theme);
     // Pixels are filled far quicker column by column than as lines.
     const double scale = unitsPerInch / 96;
-    painter.drawImage(target,
-                      chartImage(m_trend.chart(), (target.size() / scale).toSize(), theme, scale));
+    QImage image = chartImage(m_trend.chart(), (target.size() / scale).toSize(), theme, scale);
+    image.setDevicePixelRatio(1);
+    painter.drawImage(target.topLeft().toPoint(), image);
 }
 
 double TrendPrinting::PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const {
