@@ -110,6 +110,7 @@ void CMainFrame::createHelpers() {
          .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
          .saveFolder =
              [this] { return m_app.GetProfileString(profile::kSection, profile::kSaveFolder); },
+         .openPreferences = [this] { OnFilePreferences(); },
          .loadedFile = [this] { return m_file; }});
     connect(m_export, &FrameExport::notice, statusBar(),
             [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
@@ -259,7 +260,10 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
 
     const auto outcome = m_loader->load(file);
     showLoaded(file, outcome);
-    outcome.loaded ? m_recent->add(file) : m_recent->remove(file);
+    if (outcome.loaded)
+        m_recent->add(file);
+    else if (!QFileInfo::exists(file))
+        m_recent->remove(file);
     if (m_closeWhenLoaded) close();
 }
 
@@ -435,7 +439,10 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-    if (!m_loader->isBusy() && event->mimeData()->hasUrls()) event->acceptProposedAction();
+    const auto urls = event->mimeData()->urls();
+    if (m_loader->isBusy() || urls.isEmpty() || !urls.first().isLocalFile()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void CMainFrame::dropEvent(QDropEvent* event) {

@@ -41,6 +41,7 @@ FrameExport::FrameExport(ExportContext context)
       m_context(std::move(context)) {}
 
 void FrameExport::exportData() {
+    if (m_context.saveFolder().isEmpty()) m_context.openPreferences();
     const auto path = askForFile({.filters = {csvFilter(), txtFilter()},
                                   .folder = m_context.saveFolder(),
                                   .name = QFileInfo(m_context.loadedFile()).completeBaseName()});

@@ -24,7 +24,8 @@ struct ExportContext {
     char listSeparator;
     std::function<ProgressSink&()> progress;
     std::function<QString()> saveFolder;
-    std::function<QString()> loadedFile; ///< path of the file on the grid; may be empty
+    std::function<void()> openPreferences; ///< asked when no save folder is set
+    std::function<QString()> loadedFile;   ///< path of the file on the grid; may be empty
 };
 
 /// The dialogs of the export commands, and the writing of the grid to the file that was chosen.

@@ -70,7 +70,8 @@ bool GridClipboard::copy(bool withHeadings) {
     mime->setData(QStringLiteral("text/plain"),
                   QByteArray(text.data(), static_cast<qsizetype>(text.size())));
     QApplication::clipboard()->setMimeData(mime);
-    Q_EMIT notice(tr("%L1 cells copied").arg(block.cells()));
+    Q_EMIT notice(block.cells() == 1 ? tr("1 cell copied")
+                                     : tr("%L1 cells copied").arg(block.cells()));
     return true;
 }
 

@@ -10,8 +10,11 @@
 #include "views/MoveColumnCommand.h"
 #include "views/SampledWidth.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -183,13 +186,16 @@ void MyCug::contextMenuEvent(QContextMenuEvent* event) {
         return action;
     };
     const bool editable = m_enableProtection != 1;
-    add(tr("Cut"), QKeySequence::Cut, kCutCommand)->setEnabled(editable);
-    add(tr("Copy"), QKeySequence::Copy, kCopyCommand);
-    add(tr("Copy with Headings"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, kCopyWithHeadingsCommand);
-    add(tr("Paste"), QKeySequence::Paste, kPasteCommand)->setEnabled(editable);
+    const bool loaded = m_grid.grid().rowCount() > 0;
+    const bool pasteable = editable && QApplication::clipboard()->mimeData()->hasText();
+    add(tr("Cut"), QKeySequence::Cut, kCutCommand)->setEnabled(loaded && editable);
+    add(tr("Copy"), QKeySequence::Copy, kCopyCommand)->setEnabled(loaded);
+    add(tr("Copy with Headings"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, kCopyWithHeadingsCommand)
+        ->setEnabled(loaded);
+    add(tr("Paste"), QKeySequence::Paste, kPasteCommand)->setEnabled(pasteable);
     menu.addSeparator();
-    add(tr("Find..."), QKeySequence::Find, kFindCommand);
-    add(tr("Go to..."), Qt::CTRL | Qt::Key_G, kGoToCommand);
+    add(tr("Find..."), QKeySequence::Find, kFindCommand)->setEnabled(loaded);
+    add(tr("Go to..."), Qt::CTRL | Qt::Key_G, kGoToCommand)->setEnabled(loaded);
     const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint place = keyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).center())
                                   : event->globalPos();
@@ -227,7 +233,7 @@ void MyCug::fitColumns() {
     for (int column = 0; column < m_grid.columnCount(); ++column) {
         const double text = sampledTextWidth(m_grid.grid(), column, metrics);
         const double heading = headingTextWidth(m_grid.grid(), column, headingMetrics);
-        int width = kColumnWidth;
+        int width = column == 0 ? kTimeColumnWidth : kColumnWidth;
         if (text > 0 || heading > 0) {
             width = std::clamp(
                 std::max(qCeil(text) + margin, qCeil(heading) + m_headings->decorationWidth() + 4),
