@@ -13,7 +13,7 @@
 #include "app/ProfileKeys.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsAnswers.h"
-#include "database/CConnectionStatus.h"
+#include "database/ui/CConnectionStatus.h"
 #include "logger/TaggedDownload.h"
 #include "replay/AxisGrouping.h"
 #include "ui/IconSet.h"

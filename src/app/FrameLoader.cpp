@@ -4,7 +4,7 @@
 #include "app/COptionTreeDlg.h"
 #include "app/ProfileKeys.h"
 #include "base/MessageSink.h"
-#include "database/CConnectionStatus.h"
+#include "database/ui/CConnectionStatus.h"
 #include "replay/SessionLoader.h"
 #include "views/CGridView.h"
 

@@ -1,4 +1,4 @@
-#include "database/CConnectionStatus.h"
+#include "database/ui/CConnectionStatus.h"
 
 #include <QtTest>
 #include <QtWidgets>

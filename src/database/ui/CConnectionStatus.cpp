@@ -1,4 +1,4 @@
-#include "database/CConnectionStatus.h"
+#include "database/ui/CConnectionStatus.h"
 
 #include "base/Utf8.h"
 
