@@ -1,12 +1,15 @@
 #include "views/MyCug.h"
 
 #include "views/AxisNumber.h"
+#include "views/CompareCells.h"
 #include "views/GridClipboard.h"
 #include "views/GridCorner.h"
 #include "views/GridDelegate.h"
 #include "views/GridHeader.h"
+#include "views/GridKeys.h"
 #include "views/GridModel.h"
 #include "views/GridRowHeader.h"
+#include "views/LockedColumn.h"
 #include "views/MoveColumnCommand.h"
 #include "views/SampledWidth.h"
 
@@ -15,7 +18,6 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -37,9 +39,12 @@ MyCug::MyCug(GridModel& model, QWidget* parent)
       m_rowNumbers(new GridRowHeader(this)),
       m_corner(new GridCorner(this)),
       m_delegate(new GridDelegate(this)),
-      m_clipboard(new GridClipboard(*this)) {
+      m_clipboard(new GridClipboard(*this)),
+      m_keys(std::make_unique<GridKeys>(*this)) {
     OnSetup();
 }
+
+MyCug::~MyCug() = default;
 
 void MyCug::OnSetup() {
     setObjectName(QStringLiteral("grid"));
@@ -135,6 +140,10 @@ void MyCug::toggleCharted(int column) {
 bool MyCug::OnColSwapStart(int) {
     m_grid.setChanged(true);
     return true;
+}
+
+int MyCug::OnSortEvaluate(const SortCell* first, const SortCell* second, unsigned flags) {
+    return compareCells(first, second, flags);
 }
 
 bool MyCug::OnEditStart(int, GridRow) const {
@@ -379,34 +388,10 @@ void MyCug::updateGeometries() {
 
 void MyCug::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (isLockedColumnShifted()) paintLockedColumn();
-}
-
-void MyCug::paintLockedColumn() {
-    QPainter painter(viewport());
+    if (!isLockedColumnShifted()) return;
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const auto line =
-        static_cast<QRgb>(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this));
-    const int width = columnWidth(0);
-    painter.fillRect(0, 0, width, viewport()->height(), palette().base());
-    for (int row = std::max(0, rowAt(0)); row < m_grid.rowCount(); ++row) {
-        const int top = rowViewportPosition(row);
-        if (top >= viewport()->height()) break;
-        const QModelIndex index = m_grid.index(row, 0);
-        QStyleOptionViewItem cell = option;
-        cell.rect = QRect(0, top, width - 1, rowHeight(row) - 1);
-        cell.index = index;
-        const bool current = index == currentIndex();
-        if (selectionModel()->isSelected(index)) cell.state |= QStyle::State_Selected;
-        if (current && hasFocus()) cell.state |= QStyle::State_HasFocus;
-        if (!isActiveWindow()) cell.palette.setCurrentColorGroup(QPalette::Inactive);
-        m_delegate->paint(&painter, cell, index);
-        painter.setPen(QColor::fromRgba(line));
-        painter.drawLine(0, top + rowHeight(row) - 1, width - 1, top + rowHeight(row) - 1);
-    }
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawLine(width - 1, 0, width - 1, viewport()->height());
+    paintLockedColumn(*this, *m_delegate, option);
 }
 
 void MyCug::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -424,64 +409,7 @@ void MyCug::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void MyCug::keyPressEvent(QKeyEvent* event) {
-    if (state() == EditingState || !handleKey(event)) QTableView::keyPressEvent(event);
-}
-
-bool MyCug::handleKey(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy)) return m_clipboard->copy(), true;
-    if (event->matches(QKeySequence::Cut)) return m_clipboard->cut(), true;
-    if (event->matches(QKeySequence::Paste)) return m_clipboard->paste(), true;
-    if (event->matches(QKeySequence::Delete)) return m_clipboard->clear(), true;
-    if (event->matches(QKeySequence::Undo)) return m_grid.undoStack().undo(), true;
-    if (event->matches(QKeySequence::Redo)) return m_grid.undoStack().redo(), true;
-    if (event->keyCombination() == QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_A)) {
-        selectAll();
-        return true;
-    }
-    if (event->matches(QKeySequence::SelectAll)) return true; // it is the channels' shortcut
-    const QModelIndex current = currentIndex();
-    if (!current.isValid()) return false;
-    if (event->key() == Qt::Key_Space) {
-        if (event->modifiers() == Qt::ControlModifier)
-            selectColumn(current.column(), {});
-        else if (event->modifiers() == Qt::ShiftModifier)
-            selectRow(current.row());
-        else
-            toggleCharted(current.column());
-        return true;
-    }
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        const int row = current.row() + (event->modifiers() & Qt::ShiftModifier ? -1 : 1);
-        const QModelIndex next = m_grid.index(row, current.column());
-        if (next.isValid()) selectArea({next.column(), next.column(), row, row});
-        return true;
-    }
-    return jumpToEdge(event);
-}
-
-bool MyCug::jumpToEdge(QKeyEvent* event) {
-    if (event->modifiers() != Qt::ControlModifier) return false;
-    int row = currentIndex().row();
-    int column = currentIndex().column();
-    const int channels = m_grid.grid().channelCount();
-    switch (event->key()) {
-    case Qt::Key_Up:
-        row = 1;
-        break;
-    case Qt::Key_Down:
-        row = m_grid.rowCount() - 1;
-        break;
-    case Qt::Key_Left:
-        column = 0;
-        break;
-    case Qt::Key_Right:
-        column = channels > 0 ? channels : m_grid.columnCount() - 1;
-        break;
-    default:
-        return false;
-    }
-    selectArea({column, column, row, row});
-    return true;
+    if (state() == EditingState || !m_keys->handle(*event)) QTableView::keyPressEvent(event);
 }
 
 void MyCug::adaptToPalette() {

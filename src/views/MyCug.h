@@ -5,6 +5,7 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
+#include <memory>
 #include <vector>
 
 namespace pellam {
@@ -13,8 +14,10 @@ class GridClipboard;
 class GridCorner;
 class GridDelegate;
 class GridHeader;
+class GridKeys;
 class GridModel;
 class GridRowHeader;
+struct SortCell;
 
 /// The grid control: a table of the store whose column 0 stays at the left edge. Columns count from
 /// 0; rows are grid rows, 0 being the axis row and -1 the headings.
@@ -34,6 +37,7 @@ class MyCug : public QTableView {
 
     /// `model` must outlive the control.
     explicit MyCug(GridModel& model, QWidget* parent = nullptr);
+    ~MyCug() override;
 
     /// 1: no cell can be edited.
     void SetEnableProtection(int protection);
@@ -55,6 +59,9 @@ class MyCug : public QTableView {
     bool OnColSwapStart(int column);
     [[nodiscard]] bool OnCanSizeCol(int column) const;
     [[nodiscard]] bool OnEditStart(int column, GridRow row) const;
+    /// The order of two cells in a sort, as compareCells() has it.
+    [[nodiscard]] static int OnSortEvaluate(const SortCell* first, const SortCell* second,
+                                            unsigned flags);
     /// Sets the mark and edits, on data cells alone.
     void OnDClicked(int column, GridRow row);
     void OnMenuCommand(int command);
@@ -73,6 +80,9 @@ class MyCug : public QTableView {
     void selectArea(const CellArea& area);
     /// Every data cell; the axis row is left out, here and in columns selected by their heading.
     void selectAll() override;
+    /// The data cells of one column; with Shift up to it from where the selection began, with
+    /// Control in addition to the rest.
+    void selectColumn(int column, Qt::KeyboardModifiers modifiers);
     /// Sets the check box of a column the other way.
     void toggleCharted(int column);
     /// Widths from the headings and 16 rows.
@@ -110,13 +120,9 @@ class MyCug : public QTableView {
     void connectHeadings();
     void setHeights();
     void adaptToPalette();
-    void selectColumn(int column, Qt::KeyboardModifiers modifiers);
     void moveColumn(int from, int to);
     void columnMoved(int from, int to);
     void ensureCurrentCell();
-    bool handleKey(QKeyEvent* event);
-    bool jumpToEdge(QKeyEvent* event);
-    void paintLockedColumn();
     [[nodiscard]] bool isLockedColumnShifted() const;
 
     GridModel& m_grid;
@@ -125,6 +131,7 @@ class MyCug : public QTableView {
     GridCorner* m_corner;
     GridDelegate* m_delegate;
     GridClipboard* m_clipboard;
+    std::unique_ptr<GridKeys> m_keys;
     QPersistentModelIndex m_anchor; ///< where the selection that is being extended began
     int m_enableProtection = 0;
     int m_largeFileMode = 0;

@@ -1,5 +1,6 @@
 #include "views/CompareCells.h"
 #include "views/AxisNumber.h"
+#include "views/MyCug.h"
 
 #include <gtest/gtest.h>
 
@@ -28,19 +29,19 @@ TEST(CompareCells, OrdersByTheTypeOfTheFirstCell) {
     };
 
     for (const auto& row : rows) {
-        EXPECT_EQ(compareCells(&row.first, &row.second, 0), row.ascending) << row.name;
+        EXPECT_EQ(MyCug::OnSortEvaluate(&row.first, &row.second, 0), row.ascending) << row.name;
         if (row.first.type != row.second.type) continue;
-        EXPECT_EQ(compareCells(&row.first, &row.second, kSortDescending), -row.ascending)
+        EXPECT_EQ(MyCug::OnSortEvaluate(&row.first, &row.second, kSortDescending), -row.ascending)
             << row.name;
     }
 }
 
 TEST(CompareCells, MissingCellsSortLastAscendingAndFirstDescending) {
     const SortCell cell{Type::Number, "1", 1};
-    EXPECT_GT(compareCells(nullptr, &cell, 0), 0);
-    EXPECT_LT(compareCells(&cell, nullptr, 0), 0);
-    EXPECT_EQ(compareCells(nullptr, nullptr, 0), 0);
-    EXPECT_LT(compareCells(nullptr, &cell, kSortDescending), 0);
+    EXPECT_GT(MyCug::OnSortEvaluate(nullptr, &cell, 0), 0);
+    EXPECT_LT(MyCug::OnSortEvaluate(&cell, nullptr, 0), 0);
+    EXPECT_EQ(MyCug::OnSortEvaluate(nullptr, nullptr, 0), 0);
+    EXPECT_LT(MyCug::OnSortEvaluate(nullptr, &cell, kSortDescending), 0);
 }
 
 TEST(AxisNumber, WrapsUpwardAndStopsDownward) {
