@@ -1,5 +1,7 @@
 #include "grid/TimeCell.h"
 
+#include "base/TwoDigits.h"
+
 #include <cstddef>
 
 namespace pellam {
@@ -14,12 +16,6 @@ unsigned twoDigits(const char* at) {
     const auto tens = static_cast<unsigned>(static_cast<unsigned char>(at[0])) - '0';
     const auto ones = static_cast<unsigned>(static_cast<unsigned char>(at[1])) - '0';
     return tens > 9 || ones > 9 ? 100 : tens * 10 + ones;
-}
-
-char* writeTwo(char* out, unsigned value) {
-    out[0] = static_cast<char>('0' + value / 10);
-    out[1] = static_cast<char>('0' + value % 10);
-    return out + 2;
 }
 
 bool packFraction(std::string_view text, std::uint64_t& packed) {

@@ -1,5 +1,7 @@
 #include "replay/LoggerClock.h"
 
+#include "base/TwoDigits.h"
+
 #include <algorithm>
 #include <charconv>
 #include <chrono>
@@ -17,12 +19,6 @@ constexpr std::int64_t kDay = 86400;
 std::int64_t floorTo(std::int64_t value, std::int64_t step) {
     const std::int64_t rest = value % step;
     return value - (rest < 0 ? rest + step : rest);
-}
-
-char* writeTwo(char* out, std::int64_t value) {
-    out[0] = static_cast<char>('0' + value / 10);
-    out[1] = static_cast<char>('0' + value % 10);
-    return out + 2;
 }
 
 char* writeDate(char* out, std::int64_t local) {
