@@ -4,35 +4,9 @@
 set -euo pipefail
 pellam=$1
 sample=$2
-home=$(mktemp -d)
-processes=()
-
-finish() {
-    kill "${processes[@]}" 2>/dev/null || true
-    wait 2>/dev/null || true
-    rm -rf "$home"
-}
-trap finish EXIT
-
-fail() {
-    echo "FAILED: $1" >&2
-    [ ! -f "$home/pellam.log" ] || cat "$home/pellam.log" >&2
-    exit 1
-}
-
-# until_true WHAT COMMAND...: polls for at most a minute; a busy machine is no failure.
-until_true() {
-    local what=$1 tries
-    shift
-    for ((tries = 0; tries < 600; tries++)); do
-        "$@" >/dev/null 2>&1 && return
-        sleep 0.1
-    done
-    fail "waited in vain for $what"
-}
+. "$(dirname "$0")/real_window.sh"
 
 window_titled() { xdotool search --onlyvisible --name "^$1\$"; }
-active_window_titled() { [ "$(xdotool getactivewindow getwindowname)" = "$1" ]; }
 no_window_titled() { ! window_titled "$1"; }
 
 # Colours in the right part of the status bar, the size grip aside: one or two while it is empty.
@@ -46,21 +20,7 @@ status_colours() {
 status_is_empty() { [ "$(status_colours)" -le 3 ]; }
 status_has_text() { [ "$(status_colours)" -ge 8 ]; }
 
-export HOME=$home XDG_CONFIG_HOME=$home/config XDG_RUNTIME_DIR=$home/run
-export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-unset WAYLAND_DISPLAY
-mkdir -m 700 "$home/run"
 mkdir "$home/out"
-
-Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$home/display" 2>/dev/null &
-processes+=($!)
-until_true "the display" test -s "$home/display"
-DISPLAY=:$(cat "$home/display")
-export DISPLAY
-openbox >/dev/null 2>&1 &
-processes+=($!)
-until_true "the window manager" xdotool get_desktop
-
 "$pellam" >"$home/pellam.log" 2>&1 &
 window=$!
 processes+=("$window")
