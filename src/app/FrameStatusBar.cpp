@@ -18,6 +18,10 @@ FrameStatusBar::FrameStatusBar(QStatusBar* bar) : QObject(bar), m_bar(bar) {
     m_damaged = addField(tr("Bad lines"));
     m_file = addField(tr("File"));
     showLoad({});
+    // A remark needs the room; the figures come back after it.
+    connect(bar, &QStatusBar::messageChanged, this, [this](const QString& remark) {
+        m_selection->setVisible(remark.isEmpty() && !m_selection->text().isEmpty());
+    });
 }
 
 QLabel* FrameStatusBar::addField(const QString& name) {
@@ -59,6 +63,7 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome) {
 
 void FrameStatusBar::showSelection(const QString& figures) {
     set(m_selection, figures);
+    if (!m_bar->currentMessage().isEmpty()) m_selection->hide();
 }
 
 QStringList FrameStatusBar::texts() const {

@@ -10,6 +10,15 @@ namespace pellam {
 
 namespace {
 
+/// The base style's lines all but vanish on a dark base.
+QColor darkGridLine(const QPalette& colours) {
+    const QColor base = colours.color(QPalette::Base);
+    const QColor text = colours.color(QPalette::Text);
+    const auto mixed = [](int from, int to) { return from + (to - from) * 22 / 100; };
+    return {mixed(base.red(), text.red()), mixed(base.green(), text.green()),
+            mixed(base.blue(), text.blue())};
+}
+
 void paintMark(QPainter& painter, const QRectF& box, QStyle::State state, const QColor& colour) {
     const qreal side = box.width();
     painter.setPen(QPen(colour, side / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -49,6 +58,10 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option) {
 int ToolkitStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                             QStyleHintReturn* returned) const {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    if (hint == SH_Table_GridLineColor && option != nullptr) {
+        const QColor base = option->palette.color(QPalette::Base);
+        if (base.lightness() < 128) return static_cast<int>(darkGridLine(option->palette).rgb());
+    }
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 

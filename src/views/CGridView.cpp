@@ -27,13 +27,17 @@ CGridView::CGridView(GridData& grid, QWidget* parent)
       m_cug(new MyCug(*m_model, this)),
       m_statistics(new SelectionStatistics(grid, this)),
       m_finder(new GridFinder(grid, this)),
-      m_findBar(new FindBar(this)) {
+      m_findBar(new FindBar(this)),
+      m_blank(new QWidget(this)) {
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
     box->setSpacing(0);
     box->addWidget(m_cug, 1);
     box->addWidget(m_findBar);
     m_findBar->hide();
+    m_blank->hide();
+    m_blank->setAutoFillBackground(true);
+    m_blank->setBackgroundRole(QPalette::Base);
     m_cug->setFrameShape(QFrame::NoFrame);
     setFocusProxy(m_cug);
     setAcceptDrops(true);
@@ -98,6 +102,9 @@ QUndoStack& CGridView::undoStack() const {
 void CGridView::beginLoad() {
     m_finder->stop();
     m_statistics->stop();
+    m_blank->setGeometry(m_cug->geometry());
+    m_blank->raise();
+    m_blank->show();
     m_cug->setUpdatesEnabled(false);
     m_cug->SetEnableProtection(1);
     m_cug->EnableColSwapping(false);
@@ -112,6 +119,7 @@ void CGridView::endLoad(bool largeFile, bool protect) {
     m_cug->EnableColSwapping(true);
     m_cug->scrollToTop();
     m_cug->setUpdatesEnabled(true);
+    m_blank->hide();
 }
 
 void CGridView::refresh() {

@@ -109,6 +109,8 @@ class CGridView : public QWidget {
     SelectionStatistics* m_statistics;
     GridFinder* m_finder;
     FindBar* m_findBar;
+    QWidget*
+        m_blank; ///< covers the grid while its old cells are gone and the new ones not yet there
     QString m_fileName;
 };
 

@@ -3,6 +3,7 @@
 #include "views/StatisticsScan.h"
 
 #include <QElapsedTimer>
+#include <QLocale>
 
 #include <memory>
 
@@ -38,9 +39,10 @@ void SelectionStatistics::setAreas(const std::vector<CellArea>& areas) {
     m_slices.start([this, work] {
         const bool more = work->scan.step();
         if (!more) {
-            const char separator = m_grid.decimalSeparator();
-            Q_EMIT statisticsChanged(
-                QString::fromStdString(StatisticsScan::text(work->scan.result(), separator)));
+            const StatisticsScan::Result result = work->scan.result();
+            const std::string count = QLocale().toString(qlonglong(result.count)).toStdString();
+            Q_EMIT statisticsChanged(QString::fromStdString(
+                StatisticsScan::text(result, count, m_grid.decimalSeparator())));
         } else if (!work->announced && work->clock.elapsed() > patience) {
             work->announced = true;
             Q_EMIT statisticsChanged(tr("Calculating…"));

@@ -75,8 +75,10 @@ StatisticsScan::Result StatisticsScan::result() const {
     return result;
 }
 
-std::string StatisticsScan::text(const Result& result, char decimalSeparator) {
-    std::string text = "Count: " + std::to_string(result.count);
+std::string StatisticsScan::text(const Result& result, std::string_view count,
+                                 char decimalSeparator) {
+    std::string text = "Count: ";
+    text += count;
     if (result.count == 0) return text;
     text += "   Min: " + exactNumberText(result.minimum, decimalSeparator);
     text += "   Max: " + exactNumberText(result.maximum, decimalSeparator);

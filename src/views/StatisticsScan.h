@@ -32,7 +32,8 @@ class StatisticsScan {
     [[nodiscard]] Result result() const;
 
     /// One line for a status bar, numbers with the given decimal separator.
-    [[nodiscard]] static std::string text(const Result& result, char decimalSeparator);
+    [[nodiscard]] static std::string text(const Result& result, std::string_view count,
+                                          char decimalSeparator);
 
   private:
     void add(double value);

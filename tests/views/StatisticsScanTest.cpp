@@ -12,7 +12,8 @@ std::string statistics(const GridData& grid, std::vector<CellArea> areas) {
     StatisticsScan scan(grid, std::move(areas));
     while (scan.step()) {
     }
-    return StatisticsScan::text(scan.result(), grid.decimalSeparator());
+    return StatisticsScan::text(scan.result(), std::to_string(scan.result().count),
+                                grid.decimalSeparator());
 }
 
 TEST(StatisticsScan, CountsNumbersAlone) {
