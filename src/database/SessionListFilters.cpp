@@ -1,16 +1,11 @@
 #include "database/SessionListFilters.h"
 
+#include "database/SqlTerm.h"
 #include "database/Wildcards.h"
 
 namespace pellam {
 
 namespace {
-
-std::string compare(std::string_view column, std::string_view how, std::string_view value,
-                    std::string_view tail = {}) {
-    std::string term(column);
-    return term.append(how).append("'").append(value).append(tail).append("'");
-}
 
 // A term for a value with the person's wildcards, which become SQL's.
 std::string typedTerm(std::string_view column, std::string_view value) {
@@ -20,13 +15,6 @@ std::string typedTerm(std::string_view column, std::string_view value) {
 
 std::string sessionTerm(std::string_view session) {
     return session == "*" ? "session_id <> ''" : typedTerm("session_id", session);
-}
-
-// A term for a value with SQL's wildcards.
-std::string sqlTerm(std::string_view column, std::string_view value, bool mySql) {
-    if (hasSqlWildcards(value)) return compare(column, " LIKE ", value);
-    if (mySql) return compare(column, " LIKE ", value, "%");
-    return compare(column, " = ", value);
 }
 
 std::string narrowed(std::string filter, const SessionChoice& choice, bool mySql) {

@@ -38,6 +38,22 @@ class OdbcSetup {
         addSource(name, "SQLite3", "Database=" + file + "\nStepAPI=1\nDescription=SQLite file");
     }
 
+    /// The three tables, in SQL that every engine takes.
+    static std::string tables() {
+        return R"(
+CREATE TABLE data_header(channel_count INTEGER, session_date TIMESTAMP NULL,
+  session_id VARCHAR(400), session_info VARCHAR(255), session_notes VARCHAR(255));
+CREATE TABLE data_details(address VARCHAR(255), data_alarm_max DOUBLE PRECISION,
+  data_alarm_min DOUBLE PRECISION, label VARCHAR(255), logged_index INTEGER, port_id VARCHAR(255),
+  return_index INTEGER, schedule VARCHAR(255), schedule_index INTEGER,
+  schedule_rate_in_seconds INTEGER, session_id VARCHAR(255), session_index INTEGER,
+  site_id VARCHAR(255), units VARCHAR(255), value_type INTEGER, job VARCHAR(255));
+CREATE TABLE data_data(address VARCHAR(255), data_status INTEGER, data_time TIMESTAMP NULL,
+  data_value DOUBLE PRECISION, schedule VARCHAR(255), schedule_index INTEGER, sub_time INTEGER,
+  label VARCHAR(255), job VARCHAR(255), session_id VARCHAR(255), site_id VARCHAR(255));
+)";
+    }
+
     [[nodiscard]] const ScratchFolder& folder() const { return m_folder; }
 
   private:
