@@ -57,8 +57,8 @@ bool BackgroundCall::run(std::function<void()> work, Limit limit) {
     worker->wake.notify_one();
     while (!worker->ended.wait_for(lock, kWaitStep, [&] { return !worker->busy; })) {
         lock.unlock();
-        whileWaiting();
-        if (std::chrono::steady_clock::now() >= deadline) {
+        const bool goOn = whileWaiting();
+        if (!goOn || std::chrono::steady_clock::now() >= deadline) {
             dismiss();
             m_worker.reset();
             return false;

@@ -21,8 +21,9 @@ class BackgroundCall : public LongCall {
     bool run(std::function<void()> work, Limit limit) override;
 
   protected:
-    /// Called on the caller's thread about every kWaitStep while the work runs.
-    virtual void whileWaiting() {}
+    /// Called on the caller's thread about every kWaitStep while the work runs. False stops the
+    /// waiting, as if the limit had passed.
+    virtual bool whileWaiting() { return true; }
 
   private:
     struct Worker;

@@ -1,0 +1,261 @@
+#include "database/ui/CSessionNameDlg.h"
+
+#include "base/MessageSink.h"
+#include "base/Utf8.h"
+#include "database/DataSources.h"
+#include "database/Wildcards.h"
+#include "database/ui/PickBox.h"
+#include "database/ui/WorkEvent.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDateEdit>
+#include <QDateTime>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTimeEdit>
+
+namespace pellam {
+
+namespace {
+
+QString shown(std::string_view bytes) {
+    return QString::fromStdString(toUtf8(bytes));
+}
+
+std::string foldCase(std::string_view text) {
+    return shown(text).toCaseFolded().toStdString();
+}
+
+std::string momentText(const QDateEdit* date, const QTimeEdit* time) {
+    return (date->date().toString(QStringLiteral("yyyy/MM/dd")) + u',' +
+            time->time().toString(QStringLiteral("HH:mm:ss")))
+        .toStdString();
+}
+
+} // namespace
+
+CSessionNameDlg::CSessionNameDlg(Context context, QWidget* parent)
+    : QDialog(parent),
+      m_context(std::move(context)) {
+    setWindowTitle(tr("Session Name"));
+    build();
+    connectFields();
+    OnInitDialog();
+}
+
+CSessionNameDlg::~CSessionNameDlg() = default;
+
+void CSessionNameDlg::connectFields() {
+    connect(m_dsn, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeDatabase);
+    connect(m_session, &PickBox::typed, this, &CSessionNameDlg::OnEditSession);
+    connect(m_session, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSession);
+    connect(m_site, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSite);
+    connect(m_job, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeJob);
+    connect(m_schedule, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSchedule);
+    m_session->setFill([this] { return OnDropdownSession(); });
+    m_site->setFill([this] { return OnDropdownSite(); });
+    m_job->setFill([this] { return OnDropdownJob(); });
+    m_schedule->setFill([this] { return OnDropdownSchedule(); });
+    connect(m_fromData, &QCheckBox::clicked, this, &CSessionNameDlg::OnCheck1);
+    for (auto* box : {m_dsn, m_session})
+        connect(box, &QComboBox::currentTextChanged, this, &CSessionNameDlg::showReady);
+    // The mark says that the range is that of the readings of this choice.
+    const auto unmark = [this] { m_fromData->setChecked(false); };
+    for (auto* box : {m_dsn, m_session, m_site, m_job, m_schedule})
+        connect(box, &QComboBox::currentTextChanged, this, unmark);
+    for (QDateTimeEdit* picker :
+         {static_cast<QDateTimeEdit*>(m_startDate), static_cast<QDateTimeEdit*>(m_startTime),
+          static_cast<QDateTimeEdit*>(m_endDate), static_cast<QDateTimeEdit*>(m_endTime)})
+        connect(picker, &QDateTimeEdit::dateTimeChanged, this, unmark);
+}
+
+void CSessionNameDlg::OnInitDialog() {
+    const auto zero =
+        QDateTime::fromSecsSinceEpoch(m_context.standardBias + m_context.daylightBias);
+    for (auto* date : {m_startDate, m_endDate})
+        date->setDate(zero.date());
+    for (auto* time : {m_startTime, m_endTime})
+        time->setTime(zero.time());
+    m_label->setEditText(QStringLiteral("*"));
+    OnFillDSN1();
+    m_dsn->setEditText(m_context.lastDsn());
+    m_selection.dsn = m_dsn->bytes();
+    (m_dsn->currentText().isEmpty() ? m_dsn : m_session)->setFocus();
+    showReady();
+}
+
+void CSessionNameDlg::OnFillDSN1() {
+    TextList names;
+    for (const auto& source : dataSources())
+        names.add(source.name);
+    if (names.empty()) m_status->setText(tr("No ODBC data sources are set up."));
+    m_dsn->setTexts(std::move(names));
+}
+
+// --- The lists
+
+void CSessionNameDlg::startQuestion(const QString& what) {
+    // A name that was typed counts as picked once it is used.
+    if (m_dsn->bytes() != m_selection.dsn) rememberDsn();
+    m_status->setText(what);
+    m_call.begin();
+}
+
+void CSessionNameDlg::endQuestion() {
+    m_call.end();
+    m_status->setText(m_call.stopped() ? tr("Stopped.") : QString());
+}
+
+SessionLists CSessionNameDlg::lists() {
+    return {m_selection.dsn, m_call, foldCase};
+}
+
+template <class Question>
+bool CSessionNameDlg::fill(PickBox* box, const QString& what, Question question) {
+    startQuestion(what);
+    SessionLists::List list = question(lists());
+    endQuestion();
+    box->setTexts(std::move(list.texts));
+    if (!list.failure) return true;
+    if (!m_call.stopped()) m_context.messages.show(list.failure->text);
+    return false;
+}
+
+bool CSessionNameDlg::OnDropdownSession() {
+    const auto question = [](const SessionLists& lists) { return lists.sessions(); };
+    if (!fill(m_session, tr("Reading the sessions. Esc stops."), question)) return false;
+    if (m_session->count() == 0) {
+        m_status->setText(tr("There are no sessions in this data source."));
+        return true;
+    }
+    m_session->selectFirst();
+    OnSelchangeSession();
+    return true;
+}
+
+bool CSessionNameDlg::OnDropdownSite() {
+    const auto question = [this](const SessionLists& lists) {
+        return lists.sites(m_selection.choice.session);
+    };
+    if (!fill(m_site, tr("Reading the sites. Esc stops."), question)) return false;
+    m_site->selectFirst();
+    OnSelchangeSite();
+    return true;
+}
+
+bool CSessionNameDlg::OnDropdownJob() {
+    const auto question = [this](const SessionLists& lists) {
+        return lists.jobs(m_selection.choice.session, m_selection.choice.site);
+    };
+    if (!fill(m_job, tr("Reading the jobs. Esc stops."), question)) return false;
+    m_job->selectFirst();
+    OnSelchangeJob();
+    return true;
+}
+
+bool CSessionNameDlg::OnDropdownSchedule() {
+    m_selection.choice.schedule.clear();
+    const auto question = [this](const SessionLists& lists) {
+        return lists.schedules(m_selection.choice.session, m_selection.choice.site);
+    };
+    if (!fill(m_schedule, tr("Reading the schedules. Esc stops."), question)) return false;
+    m_schedule->selectFirst();
+    return true;
+}
+
+// --- Choices
+
+void CSessionNameDlg::rememberDsn() {
+    m_selection.dsn = m_dsn->bytes();
+    m_context.saveDsn(m_dsn->currentText());
+}
+
+void CSessionNameDlg::OnSelchangeDatabase() {
+    rememberDsn();
+    OnDropdownSession();
+}
+
+void CSessionNameDlg::OnEditSession() {
+    m_selection.choice.session = toSqlWildcards(m_session->bytes());
+}
+
+void CSessionNameDlg::OnSelchangeSession() {
+    m_selection.choice.session = m_session->bytes();
+    OnDropdownSite();
+}
+
+void CSessionNameDlg::OnSelchangeSite() {
+    m_selection.choice.site = m_site->bytes();
+    OnDropdownJob();
+}
+
+void CSessionNameDlg::OnSelchangeJob() {
+    m_selection.choice.job = m_job->bytes();
+    OnDropdownSchedule();
+}
+
+void CSessionNameDlg::OnSelchangeSchedule() {
+    m_selection.choice.schedule = m_schedule->bytes();
+}
+
+// --- The range
+
+void CSessionNameDlg::OnCheck1() {
+    auto& choice = m_selection.choice;
+    choice = {.session = toSqlWildcards(m_session->bytes()),
+              .site = toSqlWildcards(m_site->bytes()),
+              .job = toSqlWildcards(m_job->bytes()),
+              .schedule = toSqlWildcards(m_schedule->bytes())};
+    startQuestion(tr("Looking for the earliest and the latest reading. Esc stops."));
+    const auto range = lists().range(choice, isMySqlDriver(firstDriverText()));
+    endQuestion();
+    setPickers(m_startDate, m_startTime, range.earliest);
+    setPickers(m_endDate, m_endTime, range.latest);
+    const bool found = !range.earliest.isNull() && !range.latest.isNull();
+    m_fromData->setChecked(found);
+    if (!found && !range.failure) m_status->setText(tr("No reading fits this choice."));
+    WorkEvent::post(parentWidget(), false);
+}
+
+void CSessionNameDlg::setPickers(QDateEdit* date, QTimeEdit* time, const CTime& moment) {
+    if (moment.isNull()) return;
+    date->setDate({moment.year, moment.month, moment.day});
+    time->setTime({moment.hour, moment.minute, moment.second});
+}
+
+// --- Closing
+
+void CSessionNameDlg::showReady() {
+    m_ok->setEnabled(!m_dsn->currentText().isEmpty() && !m_session->currentText().isEmpty());
+}
+
+void CSessionNameDlg::OnOK() {
+    if (m_call.isRunning() || !m_ok->isEnabled()) return;
+    if (m_dsn->bytes() != m_selection.dsn) rememberDsn();
+    m_selection.choice = {.session = m_session->bytes(),
+                          .site = m_site->bytes(),
+                          .job = m_job->bytes(),
+                          .schedule = m_schedule->bytes()};
+    m_selection.label = m_label->bytes();
+    m_selection.start = momentText(m_startDate, m_startTime);
+    m_selection.end = momentText(m_endDate, m_endTime);
+    QDialog::accept();
+}
+
+void CSessionNameDlg::reject() {
+    if (m_call.isRunning())
+        m_call.stop();
+    else
+        QDialog::reject();
+}
+
+void CSessionNameDlg::closeEvent(QCloseEvent* event) {
+    if (!m_call.isRunning()) return QDialog::closeEvent(event);
+    m_call.stop();
+    event->ignore();
+}
+
+} // namespace pellam

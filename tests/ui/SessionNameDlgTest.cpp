@@ -1,0 +1,309 @@
+#include "database/OdbcSetup.h"
+#include "database/ui/CSessionNameDlg.h"
+#include "database/ui/PickBox.h"
+#include "database/ui/WorkEvent.h"
+#include "views/ZoneScope.h"
+
+#include "base/MessageSink.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QCompleter>
+#include <QDateEdit>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <memory>
+
+namespace pellam {
+namespace {
+
+const char* const kTables = R"(
+CREATE TABLE data_header(channel_count INT, session_date TIMESTAMP, session_id VARCHAR(255),
+  session_info VARCHAR(255), session_notes VARCHAR(255));
+CREATE TABLE data_details(address VARCHAR(255), data_alarm_max DOUBLE, data_alarm_min DOUBLE,
+  label VARCHAR(255), logged_index INT, port_id VARCHAR(255), return_index INT,
+  schedule VARCHAR(255), schedule_index INT, schedule_rate_in_seconds INT, session_id VARCHAR(255),
+  session_index INT, site_id VARCHAR(255), units VARCHAR(255), value_type INT, job VARCHAR(255));
+CREATE TABLE data_data(address VARCHAR(255), data_status INT, data_time TIMESTAMP,
+  data_value DOUBLE, schedule VARCHAR(255), schedule_index INT, sub_time INT, label VARCHAR(255),
+  job VARCHAR(255), session_id VARCHAR(255), site_id VARCHAR(255));
+INSERT INTO data_header(session_id) VALUES ('Run1'), ('Run2'), ('Run1'), ('Ünder 5%');
+)";
+
+std::string channel(const std::string& session, const std::string& site, const std::string& job,
+                    const std::string& schedule) {
+    return "INSERT INTO data_details(session_id, site_id, job, schedule) VALUES ('" + session +
+           "','" + site + "','" + job + "','" + schedule + "');\n";
+}
+
+std::string reading(const std::string& session, const std::string& job, const std::string& time) {
+    return "INSERT INTO data_data(session_id, site_id, job, schedule, data_time) VALUES ('" +
+           session + "','AB','" + job + "','A','" + time + "');\n";
+}
+
+class Recorder : public MessageSink {
+  public:
+    void show(std::string_view text) override { texts += std::string(text) + '\n'; }
+
+    std::string texts;
+};
+
+class SessionNameDlgTest : public testing::Test {
+  protected:
+    SessionNameDlgTest() {
+        m_odbc.addSource("First", "Missing", "");
+        m_odbc.addSqlite(
+            "Site", kTables + channel("Run1", "AB", "North", "AB") +
+                        channel("Run1", "ab", "North", "A") + channel("Run1", "A", "Norther", "A") +
+                        channel("Run1", "C", "South", "B") + channel("Run2", "D", "East", "X") +
+                        reading("Run1", "North", "2024-03-31 02:30:00") +
+                        reading("Run1", "South", "2024-04-01 12:00:00") +
+                        reading("Run1", "North", "2024-05-02 03:04:05") +
+                        reading("Run10", "North", "2023-01-02 01:00:00"));
+    }
+
+    CSessionNameDlg& open() {
+        CSessionNameDlg::Context context{[this] { return m_saved; },
+                                         [this](const QString& name) { m_saved = name; },
+                                         m_messages, m_bias, 0};
+        m_dialog = std::make_unique<CSessionNameDlg>(std::move(context), &m_window);
+        m_dialog->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_dialog.get()));
+        return *m_dialog;
+    }
+
+    template <class Widget>
+    Widget* named(const char* name) {
+        for (auto* widget : m_dialog->findChildren<Widget*>())
+            if (widget->accessibleName() == QLatin1String(name)) return widget;
+        ADD_FAILURE() << name;
+        return nullptr;
+    }
+
+    PickBox* box(const char* name) { return named<PickBox>(name); }
+
+    /// Opens a list with the keyboard and closes it again: its texts, the chosen one in brackets.
+    std::string list(const char* name) {
+        auto* field = box(name);
+        field->setFocus();
+        QTest::keyClick(field, Qt::Key_F4);
+        QTest::qWait(1);
+        field->hidePopup();
+        return print(name);
+    }
+
+    std::string print(const char* name) {
+        auto* field = box(name);
+        QStringList texts;
+        for (int row = 0; row < field->count(); ++row)
+            texts += row == field->currentIndex() ? u'[' + field->itemText(row) + u']'
+                                                  : field->itemText(row);
+        return texts.join(u' ').toStdString();
+    }
+
+    void pick(const char* name, int row) {
+        auto* field = box(name);
+        field->setCurrentIndex(row);
+        Q_EMIT field->activated(row);
+    }
+
+    void type(const char* name, const char* text) {
+        auto* field = box(name);
+        field->setFocus();
+        field->lineEdit()->selectAll();
+        QTest::keyClicks(field, QLatin1String(text));
+    }
+
+    void clickRange() { QTest::keyClick(m_dialog->findChild<QCheckBox*>(), Qt::Key_Space); }
+
+    std::string range() {
+        QString text;
+        for (const auto* name : {"Start date", "Start time", "End date", "End time"})
+            text += named<QDateTimeEdit>(name)->text() + u' ';
+        return text.trimmed().toStdString();
+    }
+
+    test::OdbcSetup m_odbc;
+    QWidget m_window;
+    QString m_saved = QStringLiteral("Site");
+    int m_bias = 0;
+    Recorder m_messages;
+    std::unique_ptr<CSessionNameDlg> m_dialog;
+};
+
+TEST_F(SessionNameDlgTest, EachListIsReadAsItOpensAndFillsTheNext) {
+    open();
+    EXPECT_EQ(print("Data source"), "First Site");
+    EXPECT_EQ(box("Data source")->currentText(), u"Site");
+    EXPECT_EQ(print("Session"), "") << "only when it opens";
+    EXPECT_EQ(list("Session"), "[Run1] Run2 Run1 Ünder 5%");
+    EXPECT_EQ(print("Site"), "[AB] C *") << "ab and A are the beginnings of one listed";
+    EXPECT_EQ(print("Job"), "[North] *") << "site_id = 'AB'";
+    EXPECT_EQ(print("Schedule"), "[*] AB") << "always first";
+
+    pick("Session", 1);
+    EXPECT_EQ(print("Site") + " | " + print("Job") + " | " + print("Schedule"),
+              "[D] * | [East] * | [*] X");
+    pick("Site", 1);
+    EXPECT_EQ(print("Job") + " | " + print("Schedule"), "[East] * | [*]")
+        << "no schedule is at the site '*'";
+    EXPECT_EQ(m_messages.texts, "");
+}
+
+TEST_F(SessionNameDlgTest, TypedSessions) {
+    open();
+    list("Session");
+    type("Session", "Run1");
+    EXPECT_EQ(list("Site"), "[AB] C *");
+    type("Session", "Run*");
+    EXPECT_EQ(list("Site"), "[*]") << "compared as Run%";
+    EXPECT_EQ(print("Job"), "[*]");
+    EXPECT_EQ(list("Schedule"), "[*]");
+    EXPECT_EQ(m_messages.texts, "");
+}
+
+TEST_F(SessionNameDlgTest, WhatIsTypedIsLookedUpAnywhereInTheList) {
+    open();
+    list("Session");
+    type("Session", "UN");
+    auto* completer = box("Session")->lineEdit()->completer();
+    EXPECT_EQ(completer->completionModel()->rowCount(), 3);
+    EXPECT_TRUE(completer->popup()->isVisible());
+    completer->popup()->hide();
+    box("Session")->lineEdit()->setText(QStringLiteral("x"));
+    Q_EMIT completer->activated(QStringLiteral("Run2"));
+    EXPECT_EQ(print("Session"), "Run1 [Run2] Run1 Ünder 5%");
+    EXPECT_EQ(print("Site"), "[D] *") << "as if picked from the list";
+    type("Session", "Run?");
+    EXPECT_EQ(completer->completionModel()->rowCount(), 0);
+}
+
+TEST_F(SessionNameDlgTest, TheRangeIsThatOfTheReadings) {
+    open();
+    EXPECT_EQ(range(), "1970/01/01 00:00:00 1970/01/01 00:00:00");
+    type("Session", "Run1");
+    type("Site", "*");
+    type("Job", "North");
+    type("Schedule", "A");
+    clickRange();
+    EXPECT_EQ(range(), "2023/01/02 01:00:00 2024/05/02 03:04:05")
+        << "the earliest of all sessions that begin with Run1";
+    EXPECT_TRUE(m_dialog->findChild<QCheckBox*>()->isChecked());
+    type("Job", "?outh");
+    EXPECT_FALSE(m_dialog->findChild<QCheckBox*>()->isChecked()) << "the range of another choice";
+    clickRange();
+    EXPECT_EQ(range(), "2024/04/01 12:00:00 2024/04/01 12:00:00");
+    type("Job", "none");
+    clickRange();
+    EXPECT_EQ(range(), "2024/04/01 12:00:00 2024/04/01 12:00:00");
+    EXPECT_FALSE(m_dialog->findChild<QCheckBox*>()->isChecked());
+}
+
+TEST_F(SessionNameDlgTest, WithMySqlAsTheFirstDataSourceExactTextsAreBeginnings) {
+    test::OdbcSetup odbc;
+    odbc.addSource("Another", "MySQL 8", "");
+    odbc.addSqlite("Site", kTables + reading("Run1", "North", "2024-03-31 02:30:00") +
+                               reading("Run1", "Northern", "2024-05-02 03:04:05"));
+    open();
+    type("Session", "Run1");
+    type("Site", "*");
+    type("Job", "North");
+    type("Schedule", "*");
+    clickRange();
+    EXPECT_EQ(range(), "2024/03/31 02:30:00 2024/05/02 03:04:05");
+}
+
+TEST_F(SessionNameDlgTest, PickersStartAtTimeZeroAndTakeHoursThatTheZoneSkips) {
+    struct Row {
+        const char* zone;
+        int bias; ///< standard and daylight bias together, seconds
+        const char* start;
+    };
+
+    for (const auto& row : {Row{"UTC", 0, "1970/01/01 00:00:00"},
+                            Row{"America/New_York", 18000, "1970/01/01 00:00:00"},
+                            Row{"America/New_York", 14400, "1969/12/31 23:00:00"},
+                            Row{"Europe/Berlin", -3600, "1970/01/01 00:00:00"}}) {
+        const ZoneScope zone(row.zone);
+        m_bias = row.bias;
+        open();
+        EXPECT_EQ(range(), std::string(row.start) + ' ' + row.start) << row.zone;
+        type("Session", "Run1");
+        type("Site", "AB");
+        type("Job", "*");
+        type("Schedule", "*");
+        clickRange();
+        EXPECT_EQ(range(), "2023/01/02 01:00:00 2024/05/02 03:04:05") << row.zone;
+    }
+}
+
+TEST_F(SessionNameDlgTest, OkGivesTheTextsAsTheyStand) {
+    auto& dialog = open();
+    list("Session");
+    pick("Session", 3);
+    type("Site", "N?");
+    type("Job", "O'Hara%");
+    type("Schedule", "*");
+    clickRange();
+    named<QDateEdit>("Start date")->setDate({2024, 3, 31});
+    named<QTimeEdit>("Start time")->setTime({2, 30, 15});
+    EXPECT_EQ(m_messages.texts, "") << "a quote that breaks the query is not told of";
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    const auto& got = dialog.selection();
+    EXPECT_EQ(got.dsn + '|' + got.choice.session + '|' + got.choice.site + '|' + got.choice.job +
+                  '|' + got.choice.schedule + '|' + got.label + '|' + got.start + '|' + got.end,
+              "Site|Ünder 5%|N?|O'Hara%|*|*|2024/03/31,02:30:15|1970/01/01,00:00:00");
+}
+
+TEST_F(SessionNameDlgTest, TheDataSourcePickedIsRememberedAtOnceAndItsFailureShown) {
+    auto& dialog = open();
+    EXPECT_TRUE(box("Session")->hasFocus());
+    auto* ok = dialog.findChild<QPushButton*>();
+    EXPECT_FALSE(ok->isEnabled());
+    pick("Data source", 0);
+    EXPECT_EQ(m_saved, u"First");
+    EXPECT_NE(m_messages.texts.find("[unixODBC]"), std::string::npos) << m_messages.texts;
+    m_messages.texts.clear();
+    clickRange();
+    EXPECT_EQ(m_messages.texts, "");
+    pick("Data source", 1);
+    EXPECT_EQ(m_saved, u"Site");
+    EXPECT_EQ(print("Session"), "[Run1] Run2 Run1 Ünder 5%");
+    EXPECT_TRUE(ok->isEnabled());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
+TEST_F(SessionNameDlgTest, WhileADatabaseIsSlowTheDialogIsPaintedAndEscapeStops) {
+    // Counts for many seconds before it finds its one row.
+    m_odbc.addSqlite("Slow", "CREATE VIEW data_header AS WITH RECURSIVE c(x) AS (SELECT 1 UNION "
+                             "ALL SELECT x + 1 FROM c WHERE x < 20000000) SELECT 'late' AS "
+                             "session_id FROM c WHERE x = 20000000;");
+    m_saved = QStringLiteral("Slow");
+    auto& dialog = open();
+    int paints = 0;
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, [&] {
+        dialog.update();
+        EXPECT_TRUE(named<QLabel>("Status")->text().startsWith(u"Reading the sessions."));
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible()) << "closing stops the question first";
+        if (++paints == 5) QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    clock.start(10);
+    box("Session")->showPopup();
+    clock.stop();
+    EXPECT_GE(paints, 1);
+    EXPECT_EQ(named<QLabel>("Status")->text(), u"Stopped.");
+    EXPECT_EQ(m_messages.texts, "");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(box("Session")->view()->isVisible());
+}
+
+} // namespace
+} // namespace pellam
