@@ -42,7 +42,7 @@ function(pellam_library name)
 endfunction()
 
 # pellam_test(NAME [QT] LIBS ...): one test executable of this folder's sources, registered with CTest
-# case by case. A Qt test brings a main() that makes the application object.
+# case by case. A Qt test has an application object.
 function(pellam_test name)
   cmake_parse_arguments(ARG "QT" "" "LIBS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
@@ -55,6 +55,7 @@ function(pellam_test name)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS})
   pellam_compile_options(${name})
   if(ARG_QT)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/QtTestMain.cpp)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE GTest::gtest Qt6::Test)
     target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <QtTest> <QtWidgets>)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BinaryFileWriter.h"
+#include "RecordingSinks.h"
 #include "ScratchFolder.h"
 #include "logger/CDumpDBD.h"
 
@@ -10,28 +11,6 @@
 #include <string>
 
 namespace pellam::test {
-
-struct RecordedMessages : MessageSink {
-    void show(std::string_view text) override { texts.append(text).append("\n"); }
-
-    std::string texts;
-};
-
-struct CountedProgress : ProgressSink {
-    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override { ++open; }
-
-    void addString(std::string_view) override {}
-
-    void setPosition(std::int64_t) override {}
-
-    bool aborted() override { return ++asked > abortAfter; }
-
-    void finish() override { --open; }
-
-    int open = 0;
-    int asked = 0;
-    int abortAfter = 1 << 30;
-};
 
 /// 2008/02/25 13:45:10.000250 in microseconds since 1989.
 inline constexpr std::uint64_t kNoon = 604'331'110'000'250;

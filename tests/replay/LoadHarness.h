@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RecordingSinks.h"
 #include "replay/SessionLoader.h"
 
 #include <gtest/gtest.h>
@@ -12,33 +13,6 @@
 #include <vector>
 
 namespace pellam::test {
-
-struct RecordedMessages : MessageSink {
-    void show(std::string_view text) override { texts.append(text).append("\n"); }
-
-    std::string texts;
-};
-
-struct CountedProgress : ProgressSink {
-    void start(std::string_view title, std::string_view, std::int64_t, std::int64_t) override {
-        started.append(title).append("\n");
-        ++open;
-    }
-
-    void addString(std::string_view text) override { lastText = text; }
-
-    void setPosition(std::int64_t) override {}
-
-    bool aborted() override { return ++asked > abortAfter; }
-
-    void finish() override { --open; }
-
-    std::string started;
-    std::string lastText;
-    int open = 0;
-    int asked = 0;
-    int abortAfter = 1 << 30;
-};
 
 struct TableChooser : ChannelChooser {
     std::vector<std::string> choose(const std::vector<std::string>& labels) override {

@@ -1,6 +1,7 @@
 #include "GridText.h"
 #include "ZoneScope.h"
 
+#include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
@@ -11,13 +12,7 @@ namespace pellam {
 
 namespace {
 
-struct Messages : MessageSink {
-    void show(std::string_view text) override { shown += std::string(text) + '\n'; }
-
-    std::string shown;
-};
-
-struct Progress : ProgressSink {
+struct Progress : SilentProgress {
     void start(std::string_view title, std::string_view line, std::int64_t first,
                std::int64_t last) override {
         log += std::string(title) + '|' + std::string(line) + '|' + std::to_string(first) + ".." +
@@ -25,10 +20,6 @@ struct Progress : ProgressSink {
     }
 
     void addString(std::string_view text) override { log += '|' + std::string(text); }
-
-    void setPosition(std::int64_t) override {}
-
-    bool aborted() override { return false; }
 
     void finish() override { log += "|done\n"; }
 
@@ -64,7 +55,7 @@ class CTrendViewTest : public testing::Test {
     ZoneScope m_zone{"UTC"};
     GridData m_grid;
     InternationalSettings m_international;
-    Messages m_messages;
+    test::RecordedMessages m_messages;
     Progress m_progress;
     QWidget m_other;
     CTrendView m_view{{.grid = m_grid,

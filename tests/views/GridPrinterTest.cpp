@@ -1,6 +1,6 @@
 #include "views/GridPrinter.h"
 #include "GridText.h"
-#include "base/ProgressSink.h"
+#include "base/SilentSinks.h"
 #include "views/HeadingText.h"
 
 #include <QBuffer>
@@ -13,17 +13,10 @@
 namespace pellam {
 namespace {
 
-class StoppingSink : public ProgressSink {
-  public:
-    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
-
-    void addString(std::string_view) override {}
-
+struct StoppingSink : SilentProgress {
     void setPosition(std::int64_t) override { ++m_positions; }
 
     bool aborted() override { return m_positions > m_patience; }
-
-    void finish() override {}
 
     int m_positions = 0;
     int m_patience = 1 << 30;

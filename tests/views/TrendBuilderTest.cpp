@@ -2,7 +2,7 @@
 #include "ZoneScope.h"
 
 #include "base/InternationalSettings.h"
-#include "base/ProgressSink.h"
+#include "base/SilentSinks.h"
 #include "grid/DecimalCell.h"
 #include "trend/TrendOperations.h"
 #include "views/TrendBuilder.h"
@@ -17,16 +17,10 @@ namespace pellam {
 
 namespace {
 
-struct RecordedProgress : ProgressSink {
-    void start(std::string_view, std::string_view, std::int64_t, std::int64_t) override {}
-
+struct RecordedProgress : SilentProgress {
     void addString(std::string_view text) override { lines += std::string(text) + '|'; }
 
-    void setPosition(std::int64_t) override {}
-
     bool aborted() override { return abort; }
-
-    void finish() override {}
 
     std::string lines;
     bool abort = false;
