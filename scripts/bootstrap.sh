@@ -10,6 +10,8 @@ packages=(
     clang clang-format clang-tidy libclang-rt-14-dev
     # window toolkit
     qt6-base-dev qt6-svg-dev libgl-dev
+    # files that another program writes where they are dropped
+    libxcb1-dev
     # sessions in databases: the ODBC manager, a driver each, and the servers of the tests
     unixodbc-dev libsqliteodbc odbc-postgresql odbc-mariadb sqlite3 postgresql mariadb-server
     # tests and benchmarks

@@ -39,11 +39,18 @@ bool CLumasetApp::eventFilter(QObject* watched, QEvent* event) {
 
 void CLumasetApp::chooseSaveFolder() {
     if (!GetProfileString(profile::kSection, profile::kSaveFolder).isEmpty()) return;
+    const auto folder = saveFolder();
+    if (!folder.isEmpty()) WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
+}
+
+QString CLumasetApp::saveFolder() const {
+    const auto stored = GetProfileString(profile::kSection, profile::kSaveFolder);
+    if (!stored.isEmpty()) return stored;
     const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (documents.isEmpty()) return;
+    if (documents.isEmpty()) return {};
     const auto folder = documents + QStringLiteral("/Korvane/Pellam");
     QDir().mkpath(folder);
-    WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
+    return folder;
 }
 
 void CLumasetApp::OnMyHelp() {

@@ -47,6 +47,10 @@ class CLumasetApp : public QObject {
 
     [[nodiscard]] SettingsStore& settings() const { return m_settings; }
 
+    /// The folder for converted and dropped files: the stored one, or where none is stored, that of
+    /// a first start, which is made.
+    [[nodiscard]] QString saveFolder() const;
+
     /// How this user writes numbers, dates and lists: the "[intl]" settings over the locale's.
     [[nodiscard]] InternationalSettings international() const;
 

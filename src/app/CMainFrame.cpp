@@ -14,6 +14,7 @@
 #include "app/RecentFiles.h"
 #include "app/SettingsAnswers.h"
 #include "database/ui/CConnectionStatus.h"
+#include "export/ui/CMyDropTarget.h"
 #include "logger/TaggedDownload.h"
 #include "replay/AxisGrouping.h"
 #include "ui/IconSet.h"
@@ -49,7 +50,6 @@ CMainFrame::CMainFrame(CLumasetApp& app)
       m_answers(std::make_unique<SettingsAnswers>(app.settings())),
       m_memory(std::make_unique<MessageMemory>(*m_answers)) {
     setWindowTitle(QStringLiteral("Pellam"));
-    setAcceptDrops(true);
     m_actions = new FrameActions(this);
     m_actions->buildMenus();
     m_toolbar = m_actions->buildToolbar();
@@ -62,6 +62,7 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     connectTrendCommands();
     connectPages();
     connectTrend();
+    connectDrops();
     restoreWindow();
     ViewSidebar();
     OnViewDatagrid();
@@ -112,8 +113,7 @@ void CMainFrame::createHelpers() {
              [this] { return m_app.GetProfileString(profile::kSection, profile::kSaveFolder); },
          .openPreferences = [this] { OnFilePreferences(); },
          .loadedFile = [this] { return m_file; }});
-    connect(m_export, &FrameExport::notice, statusBar(),
-            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+    connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
 }
 
 void CMainFrame::connectCommands() {
@@ -195,21 +195,33 @@ void CMainFrame::goToRow(qint64 row) {
     auto& grid = m_gridView->grid();
     const int column = qMax(0, grid.currentIndex().column());
     grid.selectArea({column, column, row + 1, row + 1});
-    statusBar()->showMessage(tr("Row %L1 on the grid").arg(row + 1), kNoticeTime);
+    remark(tr("Row %L1 on the grid").arg(row + 1));
 }
 
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
-    connect(m_gridView, &CGridView::notice, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
-    connect(m_gridView, &CGridView::fileDropped, this, &CMainFrame::openLater);
-    connect(m_trendView, &CTrendView::fileDropped, this, &CMainFrame::openLater);
+    connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::pageActivated);
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &CMainFrame::OnIdleUpdateCmdUI);
+}
+
+void CMainFrame::connectDrops() {
+    for (auto* target :
+         {new CMyDropTarget(this), &m_gridView->dropTarget(), &m_trendView->dropTarget()}) {
+        target->setContext(
+            {.messages = m_messages,
+             .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+             .saveFolder = [this] { return m_app.saveFolder(); },
+             .ready =
+                 [this] { return !m_loader->isBusy() && !QApplication::activeModalWidget(); }});
+        connect(target, &CMyDropTarget::fileDropped, this,
+                [this](const QString& path) { OnDropFiles({path}); });
+        connect(target, &CMyDropTarget::notice, this, &CMainFrame::remark);
+    }
 }
 
 void CMainFrame::restoreWindow() {
@@ -283,6 +295,10 @@ void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome) {
     OnIdleUpdateCmdUI();
 }
 
+void CMainFrame::remark(const QString& text) {
+    statusBar()->showMessage(text, kNoticeTime);
+}
+
 void CMainFrame::openLater(const QString& path) {
     QTimer::singleShot(0, this, [this, path] { OnLoadSessionFromFile(path); });
 }
@@ -337,7 +353,7 @@ void CMainFrame::OnFilePreferences() {
 
 void CMainFrame::OnClearXMessage() {
     m_memory->clear();
-    statusBar()->showMessage(tr("All questions will be asked again"), kNoticeTime);
+    remark(tr("All questions will be asked again"));
 }
 
 // --- Pages and view
@@ -436,22 +452,6 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     }
     m_app.WriteProfileBinary(profile::kSection, profile::kWindow, saveGeometry());
     event->accept();
-}
-
-void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-    const auto urls = event->mimeData()->urls();
-    if (m_loader->isBusy() || urls.isEmpty() || !urls.first().isLocalFile()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void CMainFrame::dropEvent(QDropEvent* event) {
-    QStringList paths;
-    for (const auto& url : event->mimeData()->urls())
-        paths += url.toLocalFile();
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    OnDropFiles(paths);
 }
 
 } // namespace pellam

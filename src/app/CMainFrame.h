@@ -121,8 +121,6 @@ class CMainFrame : public QMainWindow {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     static constexpr int kNoticeTime = 6000; ///< milliseconds that a remark stays
@@ -134,12 +132,14 @@ class CMainFrame : public QMainWindow {
     void connectTrendCommands();
     void connectPages();
     void connectTrend();
+    void connectDrops();
     [[nodiscard]] bool chartInFront() const;
     void pageActivated(int page);
     void chartRebuilt();
     void goToRow(qint64 row);
     void restoreWindow();
     void toggleToolbar();
+    void remark(const QString& text);
     void openLater(const QString& path);
     void showLoaded(const QString& path, const LoadOutcome& outcome);
 

@@ -34,7 +34,9 @@ LoadOutcome BinaryLoader::load(const std::string& path) {
     {
         CDumpDBD dumper({settings, m_context.messages, m_context.progress},
                         CDumpDBD::Purpose::Loading);
-        dumper.dumpFile({path}, text, CDumpDBD::DumpData | CDumpDBD::WriteHeader);
+        const unsigned contents = CDumpDBD::DumpData | CDumpDBD::WriteHeader;
+        // Text of this name from before belongs to another file.
+        if (dumper.dumpFile({path}, text, contents) != CDumpDBD::kDone) return outcome;
         outcome.aborted = dumper.aborted();
     }
     if (outcome.aborted) return outcome;

@@ -13,8 +13,9 @@ class BinaryLoader {
   public:
     explicit BinaryLoader(const LoadContext& context) : m_context(context) {}
 
-    /// Without a save folder nothing is loaded, after a message. A conversion that was stopped
-    /// loads nothing either; one that failed leaves it to the loader to find what is there.
+    /// Without a save folder nothing is loaded, after a message; nor when the file can't be read,
+    /// the text not be written, or the conversion was stopped. Of a damaged file what came before
+    /// the damage is loaded.
     LoadOutcome load(const std::string& path);
 
   private:

@@ -1,5 +1,6 @@
 #include "views/CGridView.h"
 
+#include "export/ui/CMyDropTarget.h"
 #include "views/FindBar.h"
 #include "views/GoToDialog.h"
 #include "views/GridClipboard.h"
@@ -10,9 +11,7 @@
 #include "views/MyCug.h"
 #include "views/SelectionStatistics.h"
 
-#include <QDragEnterEvent>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPrinter>
 #include <QVBoxLayout>
 
@@ -28,7 +27,8 @@ CGridView::CGridView(GridData& grid, QWidget* parent)
       m_statistics(new SelectionStatistics(grid, this)),
       m_finder(new GridFinder(grid, this)),
       m_findBar(new FindBar(this)),
-      m_blank(new QWidget(this)) {
+      m_blank(new QWidget(this)),
+      m_dropTarget(new CMyDropTarget(this)) {
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
     box->setSpacing(0);
@@ -40,7 +40,6 @@ CGridView::CGridView(GridData& grid, QWidget* parent)
     m_blank->setBackgroundRole(QPalette::Base);
     m_cug->setFrameShape(QFrame::NoFrame);
     setFocusProxy(m_cug);
-    setAcceptDrops(true);
     connectGrid();
     connectSearch();
 }
@@ -242,22 +241,6 @@ void CGridView::goToDamaged(bool forward) {
     goToRow(rows[place]);
     const QString remark = tr("Damaged line %L1 of %L2").arg(place + 1).arg(rows.size());
     Q_EMIT notice(wrapped ? remark + tr(", went on from the other end of the data") : remark);
-}
-
-void CGridView::dragEnterEvent(QDragEnterEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty() && urls.first().isLocalFile()) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
-}
-
-void CGridView::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    Q_EMIT fileDropped(urls.first().toLocalFile());
 }
 
 } // namespace pellam

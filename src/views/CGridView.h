@@ -12,6 +12,7 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class CMyDropTarget;
 class FindBar;
 class GridFinder;
 class GridModel;
@@ -32,6 +33,9 @@ class CGridView : public QWidget {
     [[nodiscard]] MyCug& grid() const { return *m_cug; }
 
     [[nodiscard]] QUndoStack& undoStack() const;
+
+    /// Takes files that are dropped on the page.
+    [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
 
     /// Call before the store is emptied and filled: stops painting, protects the grid, switches the
     /// moving of columns off and forgets what could be undone.
@@ -86,14 +90,8 @@ class CGridView : public QWidget {
     void changedMark(bool changed);
     /// The current cell is in another data row, counted from 1; 0 on the axis row.
     void currentRowChanged(qint64 row);
-    /// A file was dropped on the page: the first one of the drop.
-    void fileDropped(const QString& path);
     /// A short remark for the status bar, such as that a search went on from the top.
     void notice(const QString& text);
-
-  protected:
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     void connectGrid();
@@ -111,6 +109,7 @@ class CGridView : public QWidget {
     FindBar* m_findBar;
     QWidget*
         m_blank; ///< covers the grid while its old cells are gone and the new ones not yet there
+    CMyDropTarget* m_dropTarget;
     QString m_fileName;
 };
 

@@ -3,6 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
+#include "export/ui/CMyDropTarget.h"
 #include "replay/CMyTime.h"
 #include "trend/CTrend.h"
 #include "views/AutoScale.h"
@@ -15,11 +16,9 @@
 #include "views/TrendPrinting.h"
 #include "views/TrendSetUp.h"
 
-#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QMimeData>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -50,7 +49,8 @@ CTrendView::CTrendView(const Context& context, QWidget* parent)
     : QWidget(parent),
       m_context(context),
       m_trend(new CTrend),
-      m_message(new QLabel(this)) {
+      m_message(new QLabel(this)),
+      m_dropTarget(new CMyDropTarget(this)) {
     OnInitialUpdate();
     connectTrend();
 }
@@ -60,7 +60,6 @@ CTrendView::~CTrendView() = default;
 void CTrendView::OnInitialUpdate() {
     m_trend->Create(this);
     setUpTrend(*m_trend);
-    setAcceptDrops(true);
     setFocusProxy(m_trend);
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignCenter);
@@ -260,21 +259,6 @@ void CTrendView::SizeToFit() {
 void CTrendView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     SizeToFit();
-}
-
-void CTrendView::dragEnterEvent(QDragEnterEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void CTrendView::dropEvent(QDropEvent* event) {
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (urls.isEmpty() || !urls.first().isLocalFile()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    Q_EMIT fileDropped(urls.first().toLocalFile());
 }
 
 } // namespace pellam

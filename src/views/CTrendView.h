@@ -15,6 +15,7 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class CMyDropTarget;
 class CTrend;
 class MessageSink;
 class ProgressSink;
@@ -37,6 +38,9 @@ class CTrendView : public QWidget {
     ~CTrendView() override;
 
     [[nodiscard]] CTrend& trend() const { return *m_trend; }
+
+    /// Takes files that are dropped on the page.
+    [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
 
     /// The page in front has changed from one to another. When this page comes to the front and the
     /// grid's mark is set, the chart is built anew and the mark is taken away.
@@ -86,8 +90,6 @@ class CTrendView : public QWidget {
     void exportImage();
 
   Q_SIGNALS:
-    /// A file was dropped on the page: the first one of the drop.
-    void fileDropped(const QString& path);
     /// The chart was built anew and the grid's mark was taken away.
     void rebuilt();
     /// A moment was chosen on the chart: the data row nearest to it, counted from 0.
@@ -97,8 +99,6 @@ class CTrendView : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
 
   private:
     void OnInitialUpdate();
@@ -112,6 +112,7 @@ class CTrendView : public QWidget {
     Context m_context;
     CTrend* m_trend;
     QLabel* m_message;
+    CMyDropTarget* m_dropTarget;
     TrendRows m_rows;
     QString m_fileName;
     qint64 m_currentRow = 0;

@@ -4,6 +4,8 @@
 #include "app/RecentFiles.h"
 #include "ui/FolderEdit.h"
 #include "ui/TabPages.h"
+#include "views/CGridView.h"
+#include "views/CTrendView.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -94,20 +96,57 @@ TEST_F(FrameLoadTest, ABinaryFileAsksForTheSaveFolderThatItIsConvertedInto) {
     EXPECT_TRUE(read(path(QStringLiteral("gauge.csv"))).startsWith("Datetime,A.Level(m),"));
 }
 
-TEST_F(FrameLoadTest, OfSeveralDroppedFilesTheFirstIsOpened) {
-    auto& frame = start();
-    QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(csv(QStringLiteral("one.csv"))),
-                   QUrl::fromLocalFile(csv(QStringLiteral("two.csv"))),
-                   QUrl::fromLocalFile(csv(QStringLiteral("three.csv")))});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&frame, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&frame, &drop);
+/// Drops on a widget and lets the window load what was dropped; whether the drop was taken.
+static bool drop(QWidget& target, const QMimeData& data) {
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    if (enter.isAccepted()) QApplication::sendEvent(&target, &drop);
     QTest::qWait(20);
-    EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | one.csv");
-    EXPECT_EQ(frame.recentFiles().paths().size(), 1);
+    return enter.isAccepted() && drop.isAccepted();
+}
+
+template <class Page>
+static QWidget* pageOf(CMainFrame& frame) {
+    return frame.findChild<Page*>();
+}
+
+TEST_F(FrameLoadTest, OfSeveralFilesDroppedAnywhereTheFirstIsOpened) {
+    auto& frame = start();
+    for (QWidget* target :
+         {static_cast<QWidget*>(&frame), pageOf<CGridView>(frame), pageOf<CTrendView>(frame)}) {
+        const auto name = QString::fromLatin1(target->metaObject()->className()).section(u':', -1);
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(csv(name + QStringLiteral(".csv"))),
+                       QUrl::fromLocalFile(csv(QStringLiteral("two.csv")))});
+        EXPECT_TRUE(drop(*target, files));
+        EXPECT_EQ(status(),
+                  "Rows: 2 | Channels: 2 | Bad lines: 0 | " + name.toStdString() + ".csv");
+    }
+    EXPECT_EQ(frame.recentFiles().paths().size(), 3);
+}
+
+TEST_F(FrameLoadTest, ADroppedVirtualFileIsKeptInTheSaveFolderOrThatOfAFirstStart) {
+    auto& frame = start();
+    QMimeData file;
+    file.setData(QStringLiteral("FileGroupDescriptor"),
+                 QByteArray("\1\0\0\0", 4) + QByteArray(72, '\0') +
+                     QByteArray("tank.dbd").leftJustified(260, '\0'));
+    file.setData(QStringLiteral("FileContents"),
+                 read(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd")));
+    m_settings->WriteProfileString("Default", "SaveDir", "");
+    {
+        // Its conversion asks for the folder that is not set.
+        DialogScript dialogs;
+        dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); })
+            .then<CPreferences>([](CPreferences& preferences) { preferences.reject(); });
+        EXPECT_TRUE(drop(*pageOf<CTrendView>(frame), file));
+    }
+    EXPECT_TRUE(QFile::exists(path(QStringLiteral("Documents/Korvane/Pellam/tank.dbd"))));
+    m_settings->WriteProfileString("Default", "SaveDir", m_home.path().toStdString());
+    EXPECT_TRUE(drop(*pageOf<CGridView>(frame), file));
+    EXPECT_EQ(status(), "Rows: 300 | Channels: 5 | Bad lines: 0 | tank.dbd");
+    EXPECT_TRUE(QFile::exists(path(QStringLiteral("tank.dbd"))));
 }
 
 TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {

@@ -17,13 +17,16 @@ class BinaryLoaderTest : public LoadTest {
     }
 
     LoadOutcome loadBinary(const std::string& name, const std::string& contents) {
+        std::ofstream(m_folder / name, std::ios::binary) << contents;
+        return loadBinary(name);
+    }
+
+    LoadOutcome loadBinary(const std::string& name) {
         messages.texts.clear();
-        const std::string path = m_folder / name;
-        std::ofstream(path, std::ios::binary) << contents;
         LoadContext context{*grid, international, corrections, messages, progress, chooser};
         context.saveFolder = [this] { return saveFolder; };
         context.askSaveFolder = [this] { saveFolder = answer; };
-        return SessionLoader(context).load(path);
+        return SessionLoader(context).load(m_folder / name);
     }
 
     std::string row(Row index) const {
@@ -100,6 +103,17 @@ TEST_F(BinaryLoaderTest, DamageShowsInTheRows) {
     EXPECT_FALSE(loadBinary("other.dbd", "no binary data").loaded);
     EXPECT_EQ(messages.texts, "Can not read DTDT section\nAttention: There is nothing in " +
                                   (m_folder / "other.csv").string() + "\n");
+}
+
+TEST_F(BinaryLoaderTest, AFailedConversionNeverShowsAnEarlierFilesText) {
+    const std::string old = "Datetime,A.Old(m)\n2008/11/10 11:20:00.000000,1.00000\n";
+    std::ofstream(m_folder / "gone.csv") << old;
+    EXPECT_FALSE(loadBinary("gone.dbd").loaded);
+    EXPECT_EQ(messages.texts, "Can not open " + (m_folder / "gone.dbd").string() + " for read\n");
+    EXPECT_EQ(grid->rowCount(), 0);
+    std::filesystem::create_directory(m_folder / "held.csv");
+    EXPECT_FALSE(loadBinary("held.dbd", bytes).loaded);
+    EXPECT_EQ(messages.texts, "Can not open " + (m_folder / "held.csv").string() + " for write\n");
 }
 
 TEST_F(BinaryLoaderTest, AnAbortedConversionLoadsNothing) {

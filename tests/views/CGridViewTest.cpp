@@ -5,10 +5,8 @@
 #include "views/MyCug.h"
 
 #include <QApplication>
-#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -123,20 +121,6 @@ TEST_F(CGridViewTest, GoesToATime) {
     });
     m_view.goTo();
     EXPECT_EQ(current(), "1,3");
-}
-
-TEST_F(CGridViewTest, TakesTheFirstOfSeveralDroppedFiles) {
-    QSignalSpy dropped(&m_view, &CGridView::fileDropped);
-    QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/a b.dlr")),
-                  QUrl::fromLocalFile(QStringLiteral("/data/c.dlr"))});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
-    QApplication::sendEvent(&m_view, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
-    QApplication::sendEvent(&m_view, &drop);
-    ASSERT_EQ(dropped.count(), 1);
-    EXPECT_EQ(dropped.first().first().toString(), QStringLiteral("/data/a b.dlr"));
 }
 
 } // namespace

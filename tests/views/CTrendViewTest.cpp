@@ -185,17 +185,4 @@ TEST_F(CTrendViewTest, RowsAndMomentsAreLinked) {
     EXPECT_EQ(chosen.first().first().toLongLong(), 1);
 }
 
-TEST_F(CTrendViewTest, TakesADroppedFile) {
-    QSignalSpy dropped(&m_view, &CTrendView::fileDropped);
-    QMimeData mime;
-    mime.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/a.dlr"))});
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
-    QApplication::sendEvent(&m_view, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &mime, Qt::LeftButton, {});
-    QApplication::sendEvent(&m_view, &drop);
-    ASSERT_EQ(dropped.count(), 1);
-    EXPECT_EQ(dropped.first().first().toString(), QStringLiteral("/data/a.dlr"));
-}
-
 } // namespace pellam
