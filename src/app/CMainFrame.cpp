@@ -7,6 +7,7 @@
 #include "app/FrameExport.h"
 #include "app/FrameLoader.h"
 #include "app/FramePrinting.h"
+#include "app/FrameSessions.h"
 #include "app/FrameSidebar.h"
 #include "app/FrameStatusBar.h"
 #include "app/PreviewPane.h"
@@ -102,6 +103,8 @@ void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
     m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
                                 m_messages, [this] { OnFilePreferences(); }});
+    m_sessions =
+        new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
     m_export = new FrameExport(
         {.window = this,
          .grid = m_data,
@@ -118,6 +121,7 @@ void CMainFrame::createHelpers() {
 
 void CMainFrame::connectCommands() {
     m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
+    m_actions->on(Command::OpenDatabase, [this] { OnLoadFromDatabase(); });
     m_actions->on(Command::Export, [this] { ExportData(); });
     m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
     m_actions->on(Command::Print, [this] {
@@ -285,11 +289,23 @@ LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
     return outcome;
 }
 
-void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome) {
+void CMainFrame::OnLoadFromDatabase() {
+    if (m_loader->isBusy()) return;
+    OnViewDatagrid();
+    if (const auto selection = m_sessions->ask()) {
+        const auto outcome = m_sessions->load(*selection);
+        showLoaded(m_sessions->exportPath(*selection), outcome, FrameSessions::title(*selection));
+    }
+    Grid()->clearSelection();
+    if (m_closeWhenLoaded) close();
+}
+
+void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
+                            const QString& session) {
     m_file = outcome.loaded ? path : QString();
     m_trendView->setFileName(m_gridView->fileName());
-    m_status->showLoad(outcome);
-    const auto name = QFileInfo(path).fileName();
+    m_status->showLoad(outcome, session);
+    const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
     setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));
     m_gridView->setFocus();
     OnIdleUpdateCmdUI();

@@ -22,6 +22,7 @@ class FrameActions;
 class FrameExport;
 class FrameLoader;
 class FramePrinting;
+class FrameSessions;
 class FrameSidebar;
 class FrameStatusBar;
 class MessageMemory;
@@ -82,6 +83,8 @@ class CMainFrame : public QMainWindow {
     [[nodiscard]] int GetDTOffset() const { return TimeCorrections::dtOffset; }
 
     void OnLoadLoadreplayfile();
+    /// Asks for a session stored in a database and loads it; cancelled, the data stays.
+    void OnLoadFromDatabase();
     void OnFilePreferences();
     void OnEditSelectAll();
     void OnEditClearAll();
@@ -141,7 +144,7 @@ class CMainFrame : public QMainWindow {
     void toggleToolbar();
     void remark(const QString& text);
     void openLater(const QString& path);
-    void showLoaded(const QString& path, const LoadOutcome& outcome);
+    void showLoaded(const QString& path, const LoadOutcome& outcome, const QString& session = {});
 
     CLumasetApp& m_app;
     InternationalSettings m_international;
@@ -155,6 +158,7 @@ class CMainFrame : public QMainWindow {
     FrameSidebar* m_sidebar = nullptr;
     FrameStatusBar* m_status = nullptr;
     FrameLoader* m_loader = nullptr;
+    FrameSessions* m_sessions = nullptr;
     FrameExport* m_export = nullptr;
     FramePrinting* m_printing = nullptr;
     RecentFiles* m_recent = nullptr;
@@ -165,7 +169,8 @@ class CMainFrame : public QMainWindow {
     CTrendView* m_trendView = nullptr;
     PreviewPane* m_preview = nullptr;
 
-    QString m_file;         ///< path of the file on the grid; empty when none
+    /// Path of the file on the grid, of a session where an export of it would be; empty when none.
+    QString m_file;
     int m_sidebarWidth = 0; ///< as stored; 0 is hidden
     bool m_toolbarShown = true;
     bool m_clipboardText = false;

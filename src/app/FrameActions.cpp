@@ -32,7 +32,7 @@ using enum Command;
 const Entry kEntries[] = {
     {Open, "&Open...", "Ctrl+O", IconName::Open, "Open a historical data file"},
     {OpenDatabase, "Open &Database Session...", "", IconName::Database,
-     "Sessions cannot be opened from a database in this version"},
+     "Open a session that is stored in a database"},
     {Export, "&Export...", "Ctrl+E", IconName::Export, "Write the checked channels to a CSV or text file"},
     {ViewSpreadsheet, "View with External &Spreadsheet...", "", IconName::Spreadsheet,
      "Export a CSV file and open it with your spreadsheet program"},
@@ -104,8 +104,6 @@ void FrameActions::setEnabled(std::initializer_list<Command> commands, bool enab
 
 void FrameActions::showState(const FrameState& state) {
     const bool onGrid = state.gridPage && !state.preview;
-    // There is no database layer yet.
-    setEnabled({OpenDatabase}, false);
     setEnabled({Export, ViewSpreadsheet, SelectAllChannels, DeselectAllChannels},
                state.hasData && !state.preview);
     const bool printable = state.gridPage ? state.hasData : state.hasChart;

@@ -67,23 +67,31 @@ QString FrameLoader::askForFile() {
 }
 
 LoadOutcome FrameLoader::load(const QString& path) {
+    return onPage(QFileInfo(path).fileName(), [&] { return read(path); });
+}
+
+LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOutcome()>& work) {
     if (isBusy()) return {};
     const QScopedValueRollback busy(m_loading, true);
     auto& page = m_context.page;
+    page.beginLoad();
+    auto outcome = work();
+    page.setFileName(outcome.loaded ? name : QString());
+    page.endLoad(outcome.largeFile, false);
+    return outcome;
+}
+
+LoadOutcome FrameLoader::read(const QString& path) {
     DialogChooser chooser(m_context.window);
     const auto saveFolder = [this] {
         return QFile::encodeName(
                    m_context.app.GetProfileString(profile::kSection, profile::kSaveFolder))
             .toStdString();
     };
-    SessionLoader loader({page.data(), m_context.international, m_context.corrections,
+    SessionLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
                           m_context.messages, progress(), chooser, false, saveFolder,
                           m_context.openPreferences});
-    page.beginLoad();
-    auto outcome = loader.load(QFile::encodeName(path).toStdString());
-    page.setFileName(outcome.loaded ? QFileInfo(path).fileName() : QString());
-    page.endLoad(outcome.largeFile, false);
-    return outcome;
+    return loader.load(QFile::encodeName(path).toStdString());
 }
 
 CConnectionStatus& FrameLoader::progress() {

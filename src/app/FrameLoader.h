@@ -44,6 +44,11 @@ class FrameLoader : public QObject {
     /// and the outcome is an empty one.
     LoadOutcome load(const QString& path);
 
+    /// Runs `work`, which fills the store, with the page stopped before and shown after it; the
+    /// page gets `name`. Refused as load() is. For `work`, read() loads a file.
+    LoadOutcome onPage(const QString& name, const std::function<LoadOutcome()>& work);
+    LoadOutcome read(const QString& path);
+
     /// The progress window, shared by all long operations of the main window.
     CConnectionStatus& progress();
     /// True while a load or another long operation runs.

@@ -40,10 +40,11 @@ void FrameStatusBar::set(QLabel* field, const QString& text) {
     field->setVisible(!text.isEmpty());
 }
 
-void FrameStatusBar::showLoad(const LoadOutcome& outcome) {
+void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session) {
     const QLocale locale;
     const bool loaded = outcome.loaded;
-    const auto path = QFile::decodeName(outcome.path.c_str());
+    const auto path = session.isEmpty() ? QFile::decodeName(outcome.path.c_str()) : session;
+    const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
     set(m_stopped, !outcome.aborted ? QString()
                    : loaded         ? tr("Load stopped: the file goes on")
                                     : tr("Load stopped"));
@@ -55,9 +56,7 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome) {
     auto font = m_damaged->font();
     font.setBold(outcome.damagedLines > 0);
     m_damaged->setFont(font);
-    set(m_file,
-        loaded ? m_file->fontMetrics().elidedText(QFileInfo(path).fileName(), Qt::ElideMiddle, 320)
-               : QString());
+    set(m_file, loaded ? m_file->fontMetrics().elidedText(name, Qt::ElideMiddle, 320) : QString());
     m_file->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
 }
 

@@ -18,7 +18,8 @@ class FrameStatusBar : public QObject {
     explicit FrameStatusBar(QStatusBar* bar);
 
     /// Shows the facts of what is on the grid; an outcome that loaded nothing empties the fields.
-    void showLoad(const LoadOutcome& outcome);
+    /// A session from a database is shown by its name instead of a file's.
+    void showLoad(const LoadOutcome& outcome, const QString& session = {});
     /// Shows figures of the selected cells; empty text for none.
     void showSelection(const QString& figures);
 

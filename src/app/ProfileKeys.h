@@ -9,6 +9,7 @@ inline const QString kSection = QStringLiteral("Default");
 inline const QString kSaveFolder = QStringLiteral("SaveDir");
 inline const QString kReplayFolder = QStringLiteral("ReplayDir");
 inline const QString kLastReplay = QStringLiteral("MRUReplayDir");
+inline const QString kLastDsn = QStringLiteral("LastDSN");
 inline const QString kSidebarWidth = QStringLiteral("SideBarWidth");
 inline const QString kToolbar = QStringLiteral("ToolBar");    ///< 0 hidden, 1 shown
 inline const QString kWindow = QStringLiteral("WindowPlace"); ///< binary: size and place

@@ -107,22 +107,22 @@ static std::string enabled(CMainFrame& frame) {
 TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     QApplication::clipboard()->clear();
     auto& frame = start();
-    EXPECT_EQ(enabled(frame), "Ofst") << "empty window";
+    EXPECT_EQ(enabled(frame), "Odfst") << "empty window";
     frame.OnLoadSessionFromFile(csv());
-    EXPECT_EQ(enabled(frame), "OESPvfXCHADFNGst") << "grid with data";
+    EXPECT_EQ(enabled(frame), "OdESPvfXCHADFNGst") << "grid with data";
     QApplication::clipboard()->setText(QStringLiteral("1"));
     QTest::qWait(10);
-    EXPECT_EQ(enabled(frame), "OESPvfXCHVADFNGst") << "text on the clipboard";
+    EXPECT_EQ(enabled(frame), "OdESPvfXCHVADFNGst") << "text on the clipboard";
     give(Command::TrendChart);
-    EXPECT_EQ(enabled(frame), "OESPvfCADstx") << "trend page";
+    EXPECT_EQ(enabled(frame), "OdESPvfCADstx") << "trend page";
     give(Command::DataGrid);
     frame.OnSetPreviewMode(true);
-    EXPECT_EQ(enabled(frame), "OPf") << "print preview";
+    EXPECT_EQ(enabled(frame), "OdPf") << "print preview";
     frame.OnSetPreviewMode(false);
     DialogScript dialogs;
     dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); });
     frame.OnLoadSessionFromFile(path(QStringLiteral("missing.csv")));
-    EXPECT_EQ(enabled(frame), "OfVst") << "after a load that failed";
+    EXPECT_EQ(enabled(frame), "OdfVst") << "after a load that failed";
 }
 
 TEST_F(FrameMenuTest, CheckMarksFollowTheWindow) {

@@ -59,6 +59,9 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     /// differs from the one before in its numbers only takes that one's place.
     [[nodiscard]] const std::string& LogText() const { return m_log; }
 
+    /// Handles events when they are due, for an operation that has nothing to report.
+    void handleEvents() { pumpIfDue(); }
+
     /// True between start() and finish().
     [[nodiscard]] bool isRunning() const { return m_running; }
 

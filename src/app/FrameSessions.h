@@ -1,0 +1,54 @@
+#pragma once
+
+#include "database/ui/CSessionNameDlg.h"
+#include "replay/LoadOutcome.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QWidget;
+
+namespace pellam {
+
+class CGridView;
+class CLumasetApp;
+class FrameLoader;
+class MessageSink;
+struct TimeCorrections;
+
+/// Brings sessions from databases onto the grid page: the dialog, and the load by way of a
+/// temporary replay file.
+class FrameSessions : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Context {
+        QWidget* window;
+        CLumasetApp& app;
+        CGridView& page;
+        FrameLoader& loader;
+        const TimeCorrections& corrections;
+        MessageSink& messages;
+    };
+
+    explicit FrameSessions(const Context& context);
+
+    /// Shows the session dialog; nothing when it was cancelled.
+    [[nodiscard]] std::optional<SessionSelection> ask();
+
+    /// Empties the grid and loads the session into it. Nothing happens while another load runs.
+    LoadOutcome load(const SessionSelection& selection);
+
+    /// What a session is called on the screen.
+    [[nodiscard]] static QString title(const SessionSelection& selection);
+    /// A file of the session's name in the save folder, as exports propose it.
+    [[nodiscard]] QString exportPath(const SessionSelection& selection) const;
+
+  private:
+    LoadOutcome fetch(const SessionSelection& selection);
+
+    Context m_context;
+};
+
+} // namespace pellam

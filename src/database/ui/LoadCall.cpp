@@ -1,0 +1,12 @@
+#include "database/ui/LoadCall.h"
+
+#include "database/ui/CConnectionStatus.h"
+
+namespace pellam {
+
+bool LoadCall::whileWaiting() {
+    m_progress.handleEvents();
+    return !m_progress.Aborted();
+}
+
+} // namespace pellam
