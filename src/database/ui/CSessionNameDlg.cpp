@@ -79,7 +79,10 @@ void CSessionNameDlg::OnInitDialog() {
         date->setDate(zero.date());
     for (auto* time : {m_startTime, m_endTime})
         time->setTime(zero.time());
-    m_label->setEditText(QStringLiteral("*"));
+    TextList all;
+    all.add("*");
+    m_label->setTexts(std::move(all));
+    m_label->selectFirst();
     OnFillDSN1();
     m_dsn->setEditText(m_context.lastDsn());
     m_selection.dsn = m_dsn->bytes();

@@ -84,8 +84,8 @@ class CSessionNameDlg : public QDialog {
 
   private:
     void build();
-    QWidget* buildFields();
-    QWidget* buildRange();
+    void buildFields(QFormLayout* form);
+    void buildRange(QFormLayout* form);
     QWidget* buildFoot();
     PickBox* addField(QFormLayout* form, const QString& label, const QString& name);
     void connectFields();

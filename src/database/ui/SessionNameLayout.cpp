@@ -5,7 +5,6 @@
 #include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimeEdit>
@@ -29,7 +28,6 @@ Picker* addPicker(QHBoxLayout* row, const QString& format, const QString& name) 
 
 QLabel* hint(const QString& text) {
     auto* label = new QLabel(text);
-    label->setWordWrap(true);
     label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
@@ -38,9 +36,12 @@ QLabel* hint(const QString& text) {
 
 void CSessionNameDlg::build() {
     auto* column = new QVBoxLayout(this);
-    column->setSpacing(12);
-    column->addWidget(buildFields());
-    column->addWidget(buildRange());
+    column->setSpacing(14);
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    buildFields(form);
+    buildRange(form);
+    column->addLayout(form);
     column->addStretch(1);
     column->addWidget(buildFoot());
 }
@@ -52,25 +53,18 @@ PickBox* CSessionNameDlg::addField(QFormLayout* form, const QString& label, cons
     return box;
 }
 
-QWidget* CSessionNameDlg::buildFields() {
-    auto* fields = new QWidget;
-    auto* form = new QFormLayout(fields);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+void CSessionNameDlg::buildFields(QFormLayout* form) {
     m_dsn = addField(form, tr("&Data source:"), tr("Data source"));
-    form->addItem(new QSpacerItem(0, 6));
+    form->addItem(new QSpacerItem(0, 4));
     m_session = addField(form, tr("&Session:"), tr("Session"));
     m_site = addField(form, tr("S&ite:"), tr("Site"));
     m_job = addField(form, tr("&Job:"), tr("Job"));
     m_schedule = addField(form, tr("S&chedule:"), tr("Schedule"));
     m_label = addField(form, tr("&Label:"), tr("Label"));
     form->addRow(QString(), hint(tr("* stands for any text, ? for one character.")));
-    return fields;
 }
 
-QWidget* CSessionNameDlg::buildRange() {
-    auto* group = new QGroupBox(tr("Time range"));
-    auto* form = new QFormLayout(group);
+void CSessionNameDlg::buildRange(QFormLayout* form) {
     const auto date = QStringLiteral("yyyy/MM/dd");
     const auto time = QStringLiteral("HH:mm:ss");
     auto* start = new QHBoxLayout;
@@ -91,7 +85,6 @@ QWidget* CSessionNameDlg::buildRange() {
     m_fromData = new QCheckBox(tr("&From the first to the last reading"));
     form->addRow(QString(), m_fromData);
     form->addRow(QString(), hint(tr("A start or end before 1989 sets no limit.")));
-    return group;
 }
 
 QWidget* CSessionNameDlg::buildFoot() {
