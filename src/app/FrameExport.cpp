@@ -6,13 +6,11 @@
 #include "export/GridWriter.h"
 #include "ui/MessageMemory.h"
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
-#include <QUrl>
 
 namespace pellam {
 
@@ -38,7 +36,14 @@ std::string nativePath(const QString& path) {
 
 FrameExport::FrameExport(ExportContext context)
     : QObject(context.window),
-      m_context(std::move(context)) {}
+      m_context(std::move(context)) {
+    connect(&m_opener, &DesktopOpener::failed, this, [this](const QString& path) {
+        const auto text =
+            tr("Warning: No program could open %1.\nChoose a program for CSV files in "
+               "the settings of your desktop.");
+        m_context.messages.show(text.arg(QDir::toNativeSeparators(path)).toStdString());
+    });
+}
 
 void FrameExport::exportData() {
     if (m_context.saveFolder().isEmpty()) m_context.openPreferences();
@@ -91,10 +96,7 @@ void FrameExport::viewInSpreadsheet() {
     const auto path = askForFile({.filters = {csvFilter()},
                                   .folder = loaded.absolutePath(),
                                   .name = loaded.completeBaseName()});
-    if (!path || !writeCsv(*path)) return;
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(*path)))
-        m_context.messages.show(
-            tr("Warning: No program was found to open %1").arg(*path).toStdString());
+    if (path && writeCsv(*path)) m_opener.open(*path);
 }
 
 std::optional<QString> FrameExport::askForFile(const Question& question) {

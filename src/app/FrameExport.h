@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/DesktopOpener.h"
+
 #include <QObject>
 
 #include <functional>
@@ -66,6 +68,7 @@ class FrameExport : public QObject {
     bool finish(const QString& path, const Failure& failure);
 
     ExportContext m_context;
+    DesktopOpener m_opener;
 };
 
 } // namespace pellam

@@ -63,4 +63,9 @@ class LineReader {
     bool m_atEnd = false;
 };
 
+/// A line without its line end: without all characters of `ends` that it ends in.
+inline std::string_view withoutLineEnd(std::string_view line, std::string_view ends = "\r\n") {
+    return line.substr(0, line.find_last_not_of(ends) + 1);
+}
+
 } // namespace pellam

@@ -16,10 +16,6 @@ namespace {
 constexpr std::size_t kHeadLines = 7;
 using Head = std::array<std::string, kHeadLines>;
 
-std::string_view withoutLineEnd(std::string_view line) {
-    return line.substr(0, line.find_last_not_of("\r\n") + 1);
-}
-
 std::string withoutTag(std::string text, const std::string& tag) {
     for (const std::string& part : {'<' + tag + '>', "</" + tag + '>'}) {
         for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos;)

@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 7> kHeadings = {
 AlarmRows::AlarmRows(const LoadContext& context)
     : m_context(context),
       m_filler(context.grid),
-      m_clock(context.corrections),
+      m_timeHead(context.corrections, '.'),
       m_colour(context.greyRows ? CellColour::Grey : CellColour::Black) {}
 
 void AlarmRows::DisplayAlarmLabels(GridData& grid) {
@@ -35,14 +35,10 @@ void AlarmRows::DisplayAlarmDetails(std::string_view line) {
                         quotes ? FieldScanner::Quotes::Group : FieldScanner::Quotes::Plain);
     std::string_view field;
     std::string_view job;
-    if (!fields.next(field) || !fields.next(field) || !fields.next(field)) return;
-    if (!field.empty() && field[0] == '"') {
-        job = field;
-        if (!fields.next(field)) return;
-    }
-    std::string time;
+    std::string_view time;
     std::string_view status;
-    if (!readTime(fields, field, time) || !fields.next(status)) return;
+    if (!fields.next(field) || !fields.next(field) || !m_timeHead.read(fields, job, time)) return;
+    if (!fields.next(status)) return;
     if (status.empty() || status[0] == '3' || status[0] == '4') return;
 
     // Alarms of one second each keep a row of their own: none may overwrite another.
@@ -58,24 +54,6 @@ void AlarmRows::DisplayAlarmDetails(std::string_view line) {
         setWithoutQuotes(6, field.substr(0, field.find(';', quoted ? field.rfind('"') : 0)));
     }
     m_previousLine.assign(line);
-}
-
-bool AlarmRows::readTime(FieldScanner& fields, std::string_view field, std::string& time) {
-    if (field.find('/') == std::string_view::npos) {
-        LoggerClock::Buffer buffer;
-        time = m_clock.dateTime(field, '.', buffer);
-        return true;
-    }
-    std::string_view clock;
-    std::string_view fraction;
-    if (!fields.next(clock) || !fields.next(fraction)) return false;
-    time.assign(field).append(" ").append(clock);
-    if (fraction.find('.') != std::string_view::npos) {
-        const std::size_t zero = fraction.find("0.");
-        if (zero == 0) fraction.remove_prefix(1);
-        time.append(fraction);
-    }
-    return true;
 }
 
 void AlarmRows::set(int column, std::string_view text) {

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "base/FieldScanner.h"
 #include "grid/RowFiller.h"
-#include "replay/LoggerClock.h"
 #include "replay/SessionLoader.h"
+#include "replay/TimeHead.h"
 
 #include <string>
 #include <string_view>
@@ -26,13 +25,12 @@ class AlarmRows {
     [[nodiscard]] Row rows() const { return m_rows; }
 
   private:
-    bool readTime(FieldScanner& fields, std::string_view field, std::string& time);
     void set(int column, std::string_view text);
     void setWithoutQuotes(int column, std::string_view text);
 
     const LoadContext& m_context;
     RowFiller m_filler;
-    LoggerClock m_clock;
+    TimeHead m_timeHead;
     CellColour m_colour;
     std::string m_previousLine;
     Row m_rows = 0;

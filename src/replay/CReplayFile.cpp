@@ -15,10 +15,6 @@ bool contains(std::string_view line, std::string_view part) {
     return line.find(part) != std::string_view::npos;
 }
 
-std::string_view withoutLineEnd(std::string_view line) {
-    return line.substr(0, line.find_last_not_of("\r\n") + 1);
-}
-
 // What follows the first comma; an empty view when there is none.
 bool skipField(std::string_view& text) {
     const std::size_t comma = text.find(',');

@@ -17,12 +17,6 @@ namespace {
 constexpr Row kReportRows = 500;
 constexpr int kSampledLines = 100;
 
-std::string_view withoutLineEnd(std::string_view line) {
-    if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
-    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    return line;
-}
-
 bool isTimeStamp(std::string_view text) {
     Cell cell;
     return TimeCell::pack(text, cell);

@@ -34,13 +34,6 @@ bool isTimeOfDay(std::string_view text) {
     return colons == 1 || colons == 2;
 }
 
-char* append(char* out, const char* limit, std::string_view text) {
-    const auto room = static_cast<std::size_t>(limit - out);
-    const std::size_t count = std::min(room, text.size());
-    if (count > 0) std::memcpy(out, text.data(), count);
-    return out + count;
-}
-
 std::size_t leadingNumber(std::string_view text) {
     std::size_t number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
@@ -54,7 +47,7 @@ ReadingRows::ReadingRows(const LoadContext& context, const ColumnMap& columns, M
       m_columns(columns),
       m_mode(mode),
       m_filler(context.grid),
-      m_clock(context.corrections) {}
+      m_timeHead(context.corrections, context.grid.decimalSeparator()) {}
 
 void ReadingRows::DisplayDetails(std::string_view line, bool ok) {
     if (line.empty()) return;
@@ -69,8 +62,7 @@ void ReadingRows::DisplayDetails(std::string_view line, bool ok) {
                         quotes ? FieldScanner::Quotes::Group : FieldScanner::Quotes::Plain);
     std::string_view field;
     std::string_view time;
-    LoggerClock::Buffer buffer;
-    if (!fields.next(field) || !readTime(fields, time, buffer)) return;
+    if (!fields.next(field) || !m_timeHead.read(fields, field, time)) return;
 
     std::string_view status;
     if (!fields.next(status) || status.empty() || status[0] == '3' || status[0] == '4') return;
@@ -84,43 +76,6 @@ void ReadingRows::DisplayDetails(std::string_view line, bool ok) {
     enterRow(time, columns.subspan(std::min(number, columns.size())), ok);
     if (hasOffset) placeValues(fields, columns, number);
     m_previousLine.assign(line);
-}
-
-bool ReadingRows::readTime(FieldScanner& fields, std::string_view& time,
-                           LoggerClock::Buffer& buffer) {
-    std::string_view field;
-    if (!fields.next(field)) return false;
-    if (!field.empty() && field[0] == '"' && !fields.next(field)) return false;
-    if (field.find('/') == std::string_view::npos) {
-        time = m_clock.dateTime(field, m_context.grid.decimalSeparator(), buffer);
-        return true;
-    }
-    std::string_view clock;
-    std::string_view fraction;
-    if (!fields.next(clock) || !fields.next(fraction)) return false;
-    time = dateForm(field, clock, fraction, buffer);
-    return true;
-}
-
-std::string_view ReadingRows::dateForm(std::string_view date, std::string_view time,
-                                       std::string_view fraction,
-                                       LoggerClock::Buffer& buffer) const {
-    const char* const limit = buffer.data() + buffer.size();
-    char* out = append(buffer.data(), limit, date);
-    out = append(out, limit, " ");
-    out = append(out, limit, time);
-    if (fraction.find('.') != std::string_view::npos) {
-        const char separator = m_context.grid.decimalSeparator();
-        const std::size_t zero = fraction.find("0.");
-        if (zero == std::string_view::npos) {
-            out = append(out, limit, fraction);
-        } else {
-            out = append(out, limit, fraction.substr(0, zero));
-            out = append(out, limit, {&separator, 1});
-            out = append(out, limit, fraction.substr(zero + 2));
-        }
-    }
-    return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 
 // Lines of one time share a row, but a second reading of a channel at that time never overwrites
@@ -221,12 +176,12 @@ Cell ReadingRows::numberCell(std::string_view value, int index) {
     case ColumnKind::Date:
         if (value.find('/') != std::string_view::npos) break;
         if (const auto days = parseDecimal(value, '.'))
-            return column.pack(m_clock.date(*days, buffer));
+            return column.pack(m_timeHead.clock().date(*days, buffer));
         break;
     case ColumnKind::Time:
         if (value.find(':') != std::string_view::npos) break;
         if (const auto seconds = parseDecimal(value, '.')) {
-            return column.pack(m_clock.timeOfDay(*seconds, buffer));
+            return column.pack(m_timeHead.clock().timeOfDay(*seconds, buffer));
         }
         break;
     case ColumnKind::Numeric:

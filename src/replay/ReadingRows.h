@@ -3,8 +3,8 @@
 #include "base/FieldScanner.h"
 #include "grid/RowFiller.h"
 #include "replay/ColumnMap.h"
-#include "replay/LoggerClock.h"
 #include "replay/SessionLoader.h"
+#include "replay/TimeHead.h"
 
 #include <string>
 #include <string_view>
@@ -30,9 +30,6 @@ class ReadingRows {
     [[nodiscard]] std::int64_t damagedLines() const { return m_damagedLines; }
 
   private:
-    bool readTime(FieldScanner& fields, std::string_view& time, LoggerClock::Buffer& buffer);
-    std::string_view dateForm(std::string_view date, std::string_view time,
-                              std::string_view fraction, LoggerClock::Buffer& buffer) const;
     [[nodiscard]] bool sharesRow(std::string_view time, std::span<const int> columns);
     void enterRow(std::string_view time, std::span<const int> columns, bool ok);
     void placeValues(FieldScanner& fields, std::span<const int> columns, std::size_t number);
@@ -46,7 +43,7 @@ class ReadingRows {
     const ColumnMap& m_columns;
     Mode m_mode;
     RowFiller m_filler;
-    LoggerClock m_clock;
+    TimeHead m_timeHead;
     std::string m_previousLine;
     std::string m_previousTime;
     Row m_rows = 0;

@@ -129,22 +129,19 @@ void ReplayLoader::readAlarms(CReplayFile& file, LoadOutcome& outcome) const {
     LineReader& reader = file.reader();
     std::string_view line;
     while (reader.next(line)) {
-        rows.DisplayAlarmDetails(withoutPrefix(withoutLineEnd(line)));
+        rows.DisplayAlarmDetails(withoutPrefix(withoutBlanks(line)));
         if (!counter.line(rows.rows(), bar.at(rows.rows(), reader.bytesRead()))) break;
     }
     m_context.grid.setRowCount(rows.rows());
     outcome.aborted = counter.aborted();
 }
 
-std::string_view ReplayLoader::withoutLineEnd(std::string_view line) {
-    while (!line.empty() && (line.back() == '\n' || line.back() == '\r' || line.back() == ' ')) {
-        line.remove_suffix(1);
-    }
-    return line;
+std::string_view ReplayLoader::withoutBlanks(std::string_view line) {
+    return withoutLineEnd(line, "\r\n ");
 }
 
 std::string_view ReplayLoader::trimmed(std::string_view line) {
-    line = withoutLineEnd(line);
+    line = withoutBlanks(line);
     if (!line.empty() && line.back() == ':') line.remove_suffix(1);
     return line;
 }

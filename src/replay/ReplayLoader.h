@@ -21,7 +21,7 @@ class ReplayLoader {
     LoadOutcome ReadReplayFile(const std::string& path);
 
     /// A line without its line end and trailing blanks.
-    static std::string_view withoutLineEnd(std::string_view line);
+    static std::string_view withoutBlanks(std::string_view line);
     /// A data line as its row is made from: also without one trailing ':'.
     static std::string_view trimmed(std::string_view line);
     /// The line behind its prefix in square brackets, if it has one.

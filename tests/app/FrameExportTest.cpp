@@ -1,7 +1,6 @@
 #include "FrameFixture.h"
 
 #include <QCheckBox>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QLineEdit>
 
@@ -127,19 +126,56 @@ TEST_F(FrameExportTest, AFolderThatIsNotThereIsReported) {
     frame().ExportCSV(path(QStringLiteral("no/such/x.csv")));
 }
 
-/// Stands in for the desktop that opens files.
-class Desktop : public QObject {
-    Q_OBJECT
+/// Stands in for the desktop's program that opens files: notes them and ends with a status.
+class Desktop {
   public:
-    Desktop() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
+    explicit Desktop(int status = 0) {
+        QFile script(m_folder.filePath(QStringLiteral("xdg-open")));
+        EXPECT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"$0.log\"\nexit " +
+                     QByteArray::number(status) + "\n");
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", m_folder.path().toUtf8() + ':' + m_path);
+    }
 
-    ~Desktop() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    ~Desktop() { qputenv("PATH", m_path); }
 
-    QStringList opened;
-  public Q_SLOTS:
+    /// The files opened so far, a line each, once there are `count`.
+    std::string opened(int count) {
+        QFile log(m_folder.filePath(QStringLiteral("xdg-open.log")));
+        QByteArray lines;
+        (void)QTest::qWaitFor([&] {
+            lines = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+            log.close();
+            return lines.count('\n') >= count;
+        });
+        return lines.toStdString();
+    }
 
-    void open(const QUrl& url) { opened += url.toLocalFile(); }
+  private:
+    QTemporaryDir m_folder;
+    QByteArray m_path = qgetenv("PATH");
 };
+
+TEST_F(FrameExportTest, AFileThatNoProgramOpensIsSaid) {
+    start(csv());
+    Desktop desktop(3);
+    const auto out = path(QStringLiteral("a b.csv"));
+    std::string message;
+    {
+        DialogScript dialogs;
+        dialogs.then<QFileDialog>(save(out)).then<QMessageBox>([&](QMessageBox& box) {
+            message = box.text().toStdString();
+            box.accept();
+        });
+        give(Command::ViewSpreadsheet);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !message.empty(); }));
+    }
+    EXPECT_EQ(desktop.opened(1), out.toStdString() + '\n');
+    EXPECT_EQ(message, "Warning: No program could open " + out.toStdString() +
+                           ".\nChoose a program for CSV files in the settings of your desktop.");
+    EXPECT_EQ(text(out), kCsv);
+}
 
 TEST_F(FrameExportTest, ASpreadsheetGetsUpTo65536RowsWithoutAQuestion) {
     startWithRows(65536);
@@ -148,7 +184,7 @@ TEST_F(FrameExportTest, ASpreadsheetGetsUpTo65536RowsWithoutAQuestion) {
     DialogScript dialogs;
     dialogs.then<QFileDialog>(save(out));
     give(Command::ViewSpreadsheet);
-    EXPECT_EQ(desktop.opened, QStringList{out});
+    EXPECT_EQ(desktop.opened(1), out.toStdString() + '\n');
     EXPECT_EQ(read(out).count('\n'), 65537);
 }
 
@@ -165,7 +201,7 @@ TEST_F(FrameExportTest, MoreRowsThanASpreadsheetTakesAreAskedFor) {
         });
         give(Command::ViewSpreadsheet);
     }
-    EXPECT_TRUE(desktop.opened.isEmpty());
+    EXPECT_EQ(desktop.opened(0), "");
     {
         DialogScript dialogs;
         dialogs
@@ -179,9 +215,8 @@ TEST_F(FrameExportTest, MoreRowsThanASpreadsheetTakesAreAskedFor) {
     DialogScript dialogs;
     dialogs.then<QFileDialog>(save(path(QStringLiteral("sheet.csv"))));
     give(Command::ViewSpreadsheet);
-    EXPECT_EQ(desktop.opened.size(), 1) << "a kept Yes asks no more, a No was not kept";
+    EXPECT_EQ(desktop.opened(1), path(QStringLiteral("sheet.csv")).toStdString() + '\n')
+        << "a kept Yes asks no more, a No was not kept";
 }
 
 } // namespace pellam
-
-#include "FrameExportTest.moc"
