@@ -67,38 +67,57 @@ BatchCommand::BatchCommand(const CommandLine& line)
       m_settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings),
       m_international(m_settings.international(InternationalSettings::fromLocale())),
       m_grid(m_international.decimalSeparator),
-      m_chooser(line.channels) {}
+      m_chooser(line.channels),
+      m_corrections(TimeCorrections::fromZone(std::time(nullptr))) {}
 
 int BatchCommand::run() {
     bool done = m_line.convert.empty() || convert();
     done = (m_line.dump.empty() || dump()) && done;
+    if (m_line.database.list) done = report(writeOut(m_session.list())) && done;
+    if (!m_line.database.session.empty() && !fetchSession()) return kFailed;
     if (m_line.hasOutput()) {
         if (!load()) return kFailed;
-        for (const std::string& path : m_line.exports)
-            done = report(write(path)) && done;
-        for (const std::string& path : m_line.prints)
-            done = report(print(path)) && done;
-        if (!m_line.charts.empty()) done = drawCharts() && done;
-        if (m_line.info) done = writeInfo() && done;
+        done = makeOutputs() && done;
     }
     return done && !m_messages.failed() && !m_progress.aborted() ? kDone : kFailed;
 }
 
+bool BatchCommand::makeOutputs() {
+    bool done = true;
+    for (const std::string& path : m_line.exports)
+        done = report(write(path)) && done;
+    for (const std::string& path : m_line.prints)
+        done = report(print(path)) && done;
+    if (!m_line.charts.empty()) done = drawCharts() && done;
+    if (m_line.info) done = writeInfo() && done;
+    return done;
+}
+
+bool BatchCommand::fetchSession() {
+    if (!m_session.fetch()) return false;
+    bool kept = true;
+    for (const std::string& path : m_line.database.replays)
+        kept = report(m_session.keep(path)) && kept;
+    return kept || m_line.hasOutput();
+}
+
 bool BatchCommand::load() {
-    const TimeCorrections corrections = TimeCorrections::fromZone(std::time(nullptr));
+    const bool stored = !m_line.database.session.empty();
+    const std::string& source = stored ? m_line.database.session : m_line.file;
     const auto saveFolder = [this] {
         return m_settings.GetProfileString(profile::kSection.toStdString(),
                                            profile::kSaveFolder.toStdString());
     };
-    SessionLoader loader({m_grid, m_international, corrections, m_messages, m_progress, m_chooser,
+    SessionLoader loader({m_grid, m_international, m_corrections, m_messages, m_progress, m_chooser,
                           false, saveFolder});
-    m_outcome = loader.load(m_line.file);
+    m_outcome = loader.load(stored ? m_session.path() : m_line.file);
+    m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
     if (m_outcome.aborted) {
-        m_messages.show(Failure{Failure::Kind::Aborted, m_line.file, -1, {}}.text());
+        m_messages.show(Failure{Failure::Kind::Aborted, source, -1, {}}.text());
         return false;
     }
     if (!m_outcome.loaded) {
-        if (!m_messages.spoke()) m_messages.show("Nothing was loaded from " + m_line.file + '.');
+        if (!m_messages.spoke()) m_messages.show("Nothing was loaded from " + source + '.');
         return false;
     }
     const bool channels = m_outcome.kind != LoadOutcome::Kind::Alarm;
@@ -123,7 +142,8 @@ void BatchCommand::keepChosenColumns() {
 }
 
 bool BatchCommand::writeInfo() {
-    return report(writeOut(fileInfoText(m_outcome, m_grid)));
+    return report(
+        writeOut(fileInfoText(m_outcome, m_grid, {m_line.database.dsn, m_line.database.session})));
 }
 
 bool BatchCommand::report(const Failure& failure) {
@@ -147,11 +167,11 @@ Failure BatchCommand::write(const std::string& path) {
 
 Failure BatchCommand::print(const std::string& path) {
     if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
-    return printToPdf(m_grid, fileNameOf(m_outcome.path), path, m_progress);
+    return printToPdf(m_grid, m_title, path, m_progress);
 }
 
 bool BatchCommand::drawCharts() {
-    ChartOutput chart(m_grid, m_international, m_progress, fileNameOf(m_outcome.path));
+    ChartOutput chart(m_grid, m_international, m_progress, m_title);
     if (m_progress.aborted()) {
         return report({Failure::Kind::Aborted, m_line.charts.front(), -1, {}});
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/BatchSession.h"
 #include "app/CommandLine.h"
 #include "app/PatternChooser.h"
 #include "app/TerminalMessages.h"
@@ -8,6 +9,7 @@
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
 #include "replay/LoadOutcome.h"
+#include "replay/TimeCorrections.h"
 #include "settings/SettingsStore.h"
 
 #include <string>
@@ -28,6 +30,8 @@ class BatchCommand {
     int run();
 
   private:
+    bool makeOutputs();
+    bool fetchSession();
     bool load();
     void keepChosenColumns();
     bool writeInfo();
@@ -46,7 +50,10 @@ class BatchCommand {
     TerminalProgress m_progress;
     TerminalMessages m_messages{m_progress};
     PatternChooser m_chooser;
+    TimeCorrections m_corrections;
+    BatchSession m_session{m_line.database, m_corrections, m_messages, m_progress};
     LoadOutcome m_outcome;
+    std::string m_title; ///< of the file or session, on paper and over the chart
 };
 
 /// Does everything that needs no window, --help, --version and wrong usage included; for command

@@ -1,5 +1,6 @@
 #include "app/CommandLine.h"
 
+#include "database/SessionTime.h"
 #include "logger/CDumpDBD.h"
 
 #include <algorithm>
@@ -84,6 +85,7 @@ class Parser {
         if (name == "--print") return takeOutput(name, m_line.prints, {".pdf"});
         if (name == "--chart") return takeOutput(name, m_line.charts, {".png", ".svg", ".pdf"});
         if (name == "--size") return takeSize(name);
+        if (takeSessionOption(name)) return;
         if (isToolkitOption(name)) return (void)takeValue(name);
         fail(argument, "is no option of this program");
     }
@@ -91,6 +93,29 @@ class Parser {
     void takeFlag(std::string_view name, bool& flag) {
         if (m_hasValue) return fail(name, "takes no value");
         flag = true;
+    }
+
+    bool takeSessionOption(std::string_view name) {
+        SessionOptions& database = m_line.database;
+        if (name == "--dsn") return takeOnce(name, database.dsn), true;
+        if (name == "--list-sessions") return takeFlag(name, database.list), true;
+        if (name == "--dump-replay") return takeOutput(name, database.replays, {".dlr"}), true;
+        const std::pair<std::string_view, std::string*> texts[] = {
+            {"--session", &database.session}, {"--site", &database.site},
+            {"--job", &database.job},         {"--schedule", &database.schedule},
+            {"--label", &database.label},     {"--from", &database.from},
+            {"--to", &database.to},
+        };
+        for (const auto& [option, text] : texts) {
+            if (name != option) continue;
+            takeOnce(name, *text);
+            const bool time = text == &database.from || text == &database.to;
+            if (time && !text->empty() && !sessionTime(*text))
+                fail(name, "needs a date and time such as 2024/03/31,09:30:00, not " + *text);
+            if (name != "--session") m_sessionOption = option;
+            return true;
+        }
+        return false;
     }
 
     void takeDumpOption(std::string_view name, CDumpDBD::Option option) {
@@ -148,8 +173,28 @@ class Parser {
         }
     }
 
+    void checkSession() {
+        const SessionOptions& database = m_line.database;
+        const bool wanted = m_line.hasOutput() || !database.replays.empty();
+        if (database.dsn.empty()) {
+            if (!database.session.empty()) fail("--session", "needs --dsn beside it");
+            if (database.list) fail("--list-sessions", "needs --dsn beside it");
+        } else if (!m_line.file.empty()) {
+            fail(m_line.file, "has no use beside --dsn");
+        } else if (database.session.empty() && !database.list) {
+            fail("--dsn", "needs --session or --list-sessions beside it");
+        } else if (!database.session.empty() && !wanted) {
+            fail("--session",
+                 "needs --export, --info, --print, --chart or --dump-replay beside it");
+        }
+        if (!database.session.empty()) return;
+        if (!database.replays.empty()) fail("--dump-replay", "needs --dsn and --session beside it");
+        if (!m_sessionOption.empty()) fail(m_sessionOption, "needs --session beside it");
+    }
+
     void checkTogether() {
-        if (m_line.hasOutput() && m_line.file.empty()) {
+        checkSession();
+        if (m_line.hasOutput() && m_line.file.empty() && m_line.database.session.empty()) {
             fail(m_line.info               ? "--info"
                  : !m_line.exports.empty() ? "--export"
                  : !m_line.prints.empty()  ? "--print"
@@ -175,9 +220,10 @@ class Parser {
     int m_next = 1;
     bool m_onlyFiles = false;
     bool m_hasSize = false;
-    std::string_view m_dumpOption; ///< the last of those that go with --dump
-    bool m_hasValue = false;       ///< the option came as --option=value
-    std::string_view m_value;      ///< value of the option at hand
+    std::string_view m_sessionOption; ///< the last of those that go with --session
+    std::string_view m_dumpOption;    ///< the last of those that go with --dump
+    bool m_hasValue = false;          ///< the option came as --option=value
+    std::string_view m_value;         ///< value of the option at hand
 };
 
 } // namespace
@@ -191,7 +237,8 @@ bool CommandLine::hasOutput() const {
 }
 
 bool CommandLine::wantsWindow() const {
-    return error.empty() && !help && !version && !hasOutput() && convert.empty() && dump.empty();
+    return error.empty() && !help && !version && !hasOutput() && convert.empty() && dump.empty() &&
+           database.dsn.empty();
 }
 
 std::string CommandLine::usage() {
@@ -219,11 +266,20 @@ Without a window; messages go to standard error, nothing is asked:
                                '*' stands for any characters, '?' for one
   --convert DOWNLOAD.txt       convert a tagged text download to a .csv file
                                beside it
+  --dsn NAME --session S       a session stored in an ODBC database instead of
+                               FILE; '*' and '?' are wildcards here and in:
+  --site T  --job J  --schedule C  --label L
+                               take only what fits these (default: all)
+  --from, --to 'yyyy/MM/dd,HH:mm:ss'
+                               take only this range of times
+  --dump-replay OUT.dlr        keep the session as a replay file
+  --list-sessions              print the names of the sessions of --dsn
   --dump OUT.txt               write a binary data file (.dbd) as text, all of
                                it or what these choose:
   --data  --alarms  --header   its readings, its alarms, its heading line
   --index                      number the alarms and tell of empty parts
-Several of these may be given in one call; FILE is loaded once.
+Several of these may be given in one call; FILE or the session is
+loaded once.
 
 Exit status: 0 done; 1 a failure was reported, or nothing could be loaded or
 written; 2 wrong usage.

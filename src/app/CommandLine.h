@@ -5,6 +5,21 @@
 
 namespace pellam {
 
+/// A session of a database instead of a file, and which of its readings. Texts are empty where
+/// nothing was given.
+struct SessionOptions {
+    std::string dsn;     ///< the ODBC data source
+    std::string session; ///< '*' and '?' are wildcards in this and the next four
+    std::string site;
+    std::string job;
+    std::string schedule;
+    std::string label;
+    std::string from; ///< "yyyy/MM/dd,HH:mm:ss"
+    std::string to;
+    bool list = false;                ///< print the sessions
+    std::vector<std::string> replays; ///< files to keep the replay text in, ".dlr"
+};
+
 /// What the person asked for when the program was started.
 struct CommandLine {
     std::string error; ///< why the usage is wrong, one sentence; empty when it is right
@@ -22,6 +37,7 @@ struct CommandLine {
     std::vector<std::string> charts;  ///< files to draw the chart to, ".png", ".svg" or ".pdf"
     int chartWidth = 1280;            ///< of a chart, pixels (96 to the inch)
     int chartHeight = 720;
+    SessionOptions database;
 
     /// Reads the arguments; the first is the program's name. Arguments behind a wrong one, behind
     /// --help and behind --version are not looked at.
@@ -29,7 +45,7 @@ struct CommandLine {
 
     /// Whether a window is to open: nothing is asked for that is done without one.
     [[nodiscard]] bool wantsWindow() const;
-    /// Whether something is asked for that needs the file's content.
+    /// Whether something is asked for that needs the content of the file or session on the grid.
     [[nodiscard]] bool hasOutput() const;
 
     /// One line: how the program is called.

@@ -40,9 +40,15 @@ class Facts {
 
 } // namespace
 
-std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid) {
+std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
+                         const StoredSession& stored) {
     Facts facts;
-    facts.add("file", outcome.path);
+    if (stored.dsn.empty()) {
+        facts.add("file", outcome.path);
+    } else {
+        facts.add("data source", stored.dsn);
+        facts.add("session", stored.session);
+    }
     facts.add("size", outcome.fileSize);
     facts.add("kind", nameOf(outcome.kind));
     facts.add("crypt state", outcome.cryptState);

@@ -52,7 +52,9 @@ void TerminalProgress::start(std::string_view, std::string_view firstLine, std::
 }
 
 void TerminalProgress::addString(std::string_view text) {
-    if (m_terminal) m_text = text;
+    if (!m_terminal) return;
+    m_text = text;
+    setPosition(m_position);
 }
 
 void TerminalProgress::setPosition(std::int64_t position) {

@@ -40,6 +40,13 @@ std::string print(const CommandLine& line) {
     if (!line.convert.empty()) add("convert:" + line.convert);
     if (!line.dump.empty()) add("dump:" + line.dump + '@' + std::to_string(line.dumpOptions));
     if (!line.channels.empty()) add("channels:" + line.channels);
+    const SessionOptions& from = line.database;
+    for (const std::string& given : {from.dsn, from.session, from.site, from.job, from.schedule,
+                                     from.label, from.from, from.to})
+        if (!given.empty()) add("db:" + given);
+    if (from.list) add("list");
+    for (const std::string& path : from.replays)
+        add("replay:" + path);
     if (!line.settings.empty()) add("settings:" + line.settings);
     if (!line.file.empty()) add("file:" + line.file);
     return text;
@@ -75,6 +82,12 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"dump", "--dump o.txt a.dbd", "dump:o.txt@0 file:a.dbd"},
         Case{"dump_of_parts", "--index --alarms --dump=o --header --data a", "dump:o@15 file:a"},
         Case{"dump_and_convert", "--dump o a --convert d.txt", "convert:d.txt dump:o@0 file:a"},
+        Case{"session",
+             "--dsn D --session=S* --site T --job J --schedule C --label L --from "
+             "2024/03/01,10:00:00 --to 2024/03/02,10:00:00 --info --dump-replay a.dlr",
+             "info db:D db:S* db:T db:J db:C db:L db:2024/03/01,10:00:00 db:2024/03/02,10:00:00 "
+             "replay:a.dlr"},
+        Case{"list_of_sessions", "--dsn D --list-sessions", "db:D list"},
         Case{"dashes_end_options", "--info -- --info", "info file:--info"},
         Case{"single_dash_is_a_file", "-", "window file:-"},
         Case{"help_wins_over_what_follows", "-h --nonsense", "help"},
@@ -114,6 +127,23 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"size_with_words", "--chart a.png --size 640x480px x",
              "--size needs width and height such as 1280x720, each from 100 to 10000, not "
              "640x480px"},
+        Case{"session_without_dsn", "--session S --info", "--session needs --dsn beside it"},
+        Case{"list_without_dsn", "--list-sessions", "--list-sessions needs --dsn beside it"},
+        Case{"dsn_alone", "--dsn D", "--dsn needs --session or --list-sessions beside it"},
+        Case{"session_without_output", "--dsn D --session S",
+             "--session needs --export, --info, --print, --chart or --dump-replay beside it"},
+        Case{"dsn_and_file", "--dsn D --session S --info a.csv", "a.csv has no use beside --dsn"},
+        Case{"session_of_a_file", "--site T --info a.csv", "--site needs --session beside it"},
+        Case{"replay_of_a_file", "--dump-replay a.dlr a.csv",
+             "--dump-replay needs --dsn and --session beside it"},
+        Case{"replay_extension", "--dump-replay a.txt",
+             "--dump-replay needs a file name that ends in .dlr, not a.txt"},
+        Case{"no_time", "--dsn D --session S --info --from 2024/03/01",
+             "--from needs a date and time such as 2024/03/31,09:30:00, not 2024/03/01"},
+        Case{"no_day", "--dsn D --session S --info --to 2023/02/29,10:00:00",
+             "--to needs a date and time such as 2024/03/31,09:30:00, not 2023/02/29,10:00:00"},
+        Case{"binary_dump_of_a_session", "--dsn D --session S --dump o.txt --info",
+             "--dump needs a FILE to convert"},
         Case{"dump_without_file", "--dump o.txt", "--dump needs a FILE to convert"},
         Case{"part_without_dump", "--info --alarms x", "--alarms needs --dump beside it"},
         Case{"file_beside_convert", "--convert a.txt x", "x has no use beside --convert alone"}),
@@ -121,9 +151,12 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(CommandLineHelp, NamesEveryOption) {
     const std::string help = CommandLine::helpText();
-    for (const char* option : {"--help", "--version", "--settings", "--export", "--info", "--print",
-                               "--channels", "--convert", "--chart", "--size", "--dump", "--index",
-                               "--data", "--alarms", "--header"}) {
+    for (const char* option :
+         {"--help",  "--version",  "--settings", "--export",      "--info",
+          "--print", "--channels", "--convert",  "--chart",       "--size",
+          "--dump",  "--index",    "--data",     "--alarms",      "--header",
+          "--dsn",   "--session",  "--site",     "--job",         "--schedule",
+          "--label", "--from",     "--to",       "--dump-replay", "--list-sessions"}) {
         EXPECT_NE(help.find(option), std::string::npos) << option;
     }
 }
