@@ -1,0 +1,126 @@
+#include "FrameFixture.h"
+
+#include "app/RecentFiles.h"
+#include "database/SessionRows.h"
+#include "database/ui/CSessionNameDlg.h"
+#include "database/ui/PickBox.h"
+#include "database/ui/WorkEvent.h"
+#include "ui/TabPages.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+
+namespace pellam {
+
+class FrameSessionsTest : public FrameFixture {
+  protected:
+    FrameSessionsTest() {
+        test::SessionRows rows;
+        rows.channels("Site 7/2008.5",
+                      "A|0|60|Temp|degC|1|North|Dip\nB|0|60|Wind|m/s|1|East|Dip\n");
+        rows.readings("Site 7/2008.5", "0|2024-03-31 02:30:00|5|A|0|Temp|12.6|0|North|Dip\n"
+                                       "0|2024-03-31 02:31:00|0|B|0|Wind|3|0|East|Dip\n");
+        m_odbc.addSqlite(
+            "Site", rows.sql() + "INSERT INTO data_header(session_id) VALUES ('Site 7/2008.5');");
+    }
+
+    /// Chooses all of a session and gives OK.
+    static std::function<void(CSessionNameDlg&)>
+    choose(const QString& session, const QString& dsn = QStringLiteral("Site")) {
+        return [=](CSessionNameDlg& dialog) {
+            for (auto* box : dialog.findChildren<PickBox*>()) {
+                const auto name = box->accessibleName();
+                box->setEditText(name == u"Data source" ? dsn
+                                 : name == u"Session"   ? session
+                                                        : QStringLiteral("*"));
+            }
+            dialog.accept();
+        };
+    }
+
+    /// The texts on the grid, one row a line.
+    std::string grid() {
+        std::string text;
+        CellBuffer buffer;
+        auto& data = frame().data();
+        for (int column = 0; column <= data.channelCount(); ++column)
+            text += std::string(data.column(column).label()) + '|';
+        for (Row row = 0; row < data.rowCount(); ++row) {
+            text += '\n';
+            for (int column = 0; column <= data.channelCount(); ++column)
+                text += std::string(data.text(column, row, buffer)) + '|';
+        }
+        return text;
+    }
+
+    test::OdbcSetup m_odbc;
+};
+
+TEST_F(FrameSessionsTest, ASessionIsLoadedAndGoesByItsName) {
+    auto& frame = start();
+    frame.OnViewTrendchart();
+    DialogScript dialogs;
+    dialogs.then<CSessionNameDlg>(choose(QStringLiteral("Site 7/2008.5")))
+        .then<QFileDialog>([](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"Site 7_2008.5");
+            dialog.reject();
+        });
+    give(Command::OpenDatabase);
+    EXPECT_EQ(grid(), "Time|A.Temp(degC)|B.Wind(m/s)|\n"
+                      "2024/03/31 02:30:00.5|13||\n"
+                      "2024/03/31 02:31:00.000000||3|");
+    EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | Site 7/2008.5");
+    EXPECT_EQ(frame.windowTitle(), u"Site 7/2008.5 - Pellam");
+    EXPECT_EQ(frame.pages().activePage(), CMainFrame::kGridPage);
+    EXPECT_TRUE(frame.recentFiles().paths().isEmpty());
+    EXPECT_EQ(setting("LastDSN"), "Site");
+    EXPECT_EQ(setting("MRUReplayDir"), "");
+    give(Command::Export);
+}
+
+TEST_F(FrameSessionsTest, CancellingKeepsTheDataAndOkEmptiesTheGrid) {
+    auto& frame = start(csv());
+    const auto before = grid();
+    DialogScript dialogs;
+    QString message;
+    dialogs.then<CSessionNameDlg>([](CSessionNameDlg& dialog) { dialog.reject(); })
+        .then<CSessionNameDlg>(choose(QStringLiteral("None")))
+        .then<QMessageBox>([&](QMessageBox& box) {
+            message = box.text();
+            box.accept();
+        });
+    give(Command::OpenDatabase);
+    EXPECT_EQ(grid(), before);
+    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam");
+    give(Command::OpenDatabase);
+    EXPECT_EQ(message, u"Warning: No records were found matching the supplied criteria");
+    EXPECT_EQ(frame.data().rowCount(), 0);
+    EXPECT_EQ(frame.windowTitle(), u"Pellam");
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
+    // The channels take many seconds to be found.
+    m_odbc.addSqlite("Slow",
+                     test::SessionRows().channels("late", "A|0|60|Temp|degC|1|North|Dip\n").sql() +
+                         "ALTER TABLE data_details RENAME TO stored; CREATE VIEW data_details AS "
+                         "WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM c WHERE x < "
+                         "20000000) SELECT * FROM stored WHERE (SELECT max(x) FROM c) > 0;");
+    auto& frame = start(csv());
+    DialogScript dialogs;
+    dialogs.then<CSessionNameDlg>(choose(QStringLiteral("late"), QStringLiteral("Slow")));
+    QTimer closing;
+    QObject::connect(&closing, &QTimer::timeout, [&] {
+        if (QApplication::activeModalWidget()) return;
+        frame.close();
+        EXPECT_TRUE(frame.isVisible());
+        closing.stop();
+    });
+    closing.start(400);
+    give(Command::OpenDatabase);
+    QTest::qWait(10);
+    EXPECT_FALSE(frame.isVisible());
+    EXPECT_EQ(frame.data().rowCount(), 0);
+}
+
+} // namespace pellam
