@@ -14,8 +14,9 @@ std::string nativeName(std::string_view name, std::string_view quote) {
     const bool plain = !name.empty() && !(name[0] >= '0' && name[0] <= '9') &&
                        std::all_of(name.begin(), name.end(), isPlainCharacter);
     if (plain) return std::string(name);
-    if (quote.empty()) return "[" + std::string(name) + "]";
-    return std::string(quote).append(name).append(quote);
+    const std::string_view open = quote.empty() ? "[" : quote;
+    const std::string_view close = quote.empty() ? "]" : quote;
+    return std::string(open).append(name).append(close);
 }
 
 // The first double quote that is not inside a text in single quotes.

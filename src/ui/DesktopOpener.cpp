@@ -21,10 +21,13 @@ void DesktopOpener::open(const QString& path) {
     connect(process, &QProcess::finished, this, [this, path](int code, QProcess::ExitStatus how) {
         if (code != 0 || how != QProcess::NormalExit) Q_EMIT failed(path);
     });
-    connect(process, &QProcess::errorOccurred, this, [this, path](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) Q_EMIT failed(path);
-    });
     connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    connect(process, &QProcess::errorOccurred, this,
+            [this, path, process](QProcess::ProcessError error) {
+                if (error != QProcess::FailedToStart) return;
+                process->deleteLater();
+                Q_EMIT failed(path);
+            });
     process->setProcessChannelMode(QProcess::ForwardedChannels);
     process->setStandardInputFile(QProcess::nullDevice());
     process->setChildProcessModifier([] { ::setsid(); });
