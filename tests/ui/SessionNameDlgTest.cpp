@@ -290,7 +290,7 @@ TEST_F(SessionNameDlgTest, WhileADatabaseIsSlowTheDialogIsPaintedAndEscapeStops)
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, [&] {
         dialog.update();
-        EXPECT_TRUE(named<QLabel>("Status")->text().startsWith(u"Reading the sessions."));
+        EXPECT_TRUE(named<QLabel>("Status")->text().startsWith(u"Reading the sessions..."));
         dialog.close();
         EXPECT_TRUE(dialog.isVisible()) << "closing stops the question first";
         if (++paints == 5) QTest::keyClick(&dialog, Qt::Key_Escape);

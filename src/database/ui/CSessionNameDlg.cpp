@@ -129,7 +129,7 @@ bool CSessionNameDlg::fill(PickBox* box, const QString& what, Question question)
 
 bool CSessionNameDlg::OnDropdownSession() {
     const auto question = [](const SessionLists& lists) { return lists.sessions(); };
-    if (!fill(m_session, tr("Reading the sessions. Esc stops."), question)) return false;
+    if (!fill(m_session, tr("Reading the sessions..."), question)) return false;
     if (m_session->count() == 0) {
         m_status->setText(tr("There are no sessions in this data source."));
         return true;
@@ -143,7 +143,7 @@ bool CSessionNameDlg::OnDropdownSite() {
     const auto question = [this](const SessionLists& lists) {
         return lists.sites(m_selection.choice.session);
     };
-    if (!fill(m_site, tr("Reading the sites. Esc stops."), question)) return false;
+    if (!fill(m_site, tr("Reading the sites..."), question)) return false;
     m_site->selectFirst();
     OnSelchangeSite();
     return true;
@@ -153,7 +153,7 @@ bool CSessionNameDlg::OnDropdownJob() {
     const auto question = [this](const SessionLists& lists) {
         return lists.jobs(m_selection.choice.session, m_selection.choice.site);
     };
-    if (!fill(m_job, tr("Reading the jobs. Esc stops."), question)) return false;
+    if (!fill(m_job, tr("Reading the jobs..."), question)) return false;
     m_job->selectFirst();
     OnSelchangeJob();
     return true;
@@ -164,7 +164,7 @@ bool CSessionNameDlg::OnDropdownSchedule() {
     const auto question = [this](const SessionLists& lists) {
         return lists.schedules(m_selection.choice.session, m_selection.choice.site);
     };
-    if (!fill(m_schedule, tr("Reading the schedules. Esc stops."), question)) return false;
+    if (!fill(m_schedule, tr("Reading the schedules..."), question)) return false;
     m_schedule->selectFirst();
     return true;
 }
@@ -212,7 +212,7 @@ void CSessionNameDlg::OnCheck1() {
               .site = toSqlWildcards(m_site->bytes()),
               .job = toSqlWildcards(m_job->bytes()),
               .schedule = toSqlWildcards(m_schedule->bytes())};
-    startQuestion(tr("Looking for the earliest and the latest reading. Esc stops."));
+    startQuestion(tr("Looking for the first and the last reading..."));
     const auto range = lists().range(choice, isMySqlDriver(firstDriverText()));
     endQuestion();
     setPickers(m_startDate, m_startTime, range.earliest);

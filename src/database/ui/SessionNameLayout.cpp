@@ -98,6 +98,10 @@ QWidget* CSessionNameDlg::buildFoot() {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     m_ok = buttons->button(QDialogButtonBox::Ok);
     m_ok->setDefault(true);
+    auto* cancel = buttons->button(QDialogButtonBox::Cancel);
+    // Stopping a question leaves the keyboard where it was.
+    cancel->setFocusPolicy(Qt::TabFocus);
+    m_call.setStopButton(cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &CSessionNameDlg::OnOK);
     connect(buttons, &QDialogButtonBox::rejected, this, &CSessionNameDlg::reject);
     row->addWidget(m_status, 1);

@@ -58,7 +58,8 @@ bool WindowCall::eventFilter(QObject* watched, QEvent* event) {
         event->ignore();
         return true;
     }
-    return isInput(event->type());
+    // What comes to a window goes on to its widgets, and through here again.
+    return isInput(event->type()) && watched != m_stopButton && !watched->isWindowType();
 }
 
 } // namespace pellam

@@ -7,11 +7,14 @@
 namespace pellam {
 
 /// Waits for a database under a dialog: all windows stay painted, what a person does meanwhile is
-/// dropped, and Escape or closing a window stops the waiting.
+/// dropped; Escape, closing a window or the stop button stop the waiting.
 class WindowCall : public QObject, public BackgroundCall {
     Q_OBJECT
 
   public:
+    /// A button that takes clicks while a question runs; it calls stop().
+    void setStopButton(QObject* button) { m_stopButton = button; }
+
     /// A question of several calls begins: nothing has been stopped yet.
     void begin();
     /// The question has ended.
@@ -36,6 +39,7 @@ class WindowCall : public QObject, public BackgroundCall {
 
     void paint();
 
+    QObject* m_stopButton = nullptr;
     qint64 m_lastPaint = 0; ///< milliseconds of the steady clock
     bool m_running = false;
     bool m_stopped = false;
