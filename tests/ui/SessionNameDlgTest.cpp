@@ -1,10 +1,9 @@
-#include "database/OdbcSetup.h"
+#include "RecordingSinks.h"
+#include "database/SessionRows.h"
 #include "database/ui/CSessionNameDlg.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
 #include "views/ZoneScope.h"
-
-#include "base/MessageSink.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -21,49 +20,22 @@
 namespace pellam {
 namespace {
 
-const char* const kTables = R"(
-CREATE TABLE data_header(channel_count INT, session_date TIMESTAMP, session_id VARCHAR(255),
-  session_info VARCHAR(255), session_notes VARCHAR(255));
-CREATE TABLE data_details(address VARCHAR(255), data_alarm_max DOUBLE, data_alarm_min DOUBLE,
-  label VARCHAR(255), logged_index INT, port_id VARCHAR(255), return_index INT,
-  schedule VARCHAR(255), schedule_index INT, schedule_rate_in_seconds INT, session_id VARCHAR(255),
-  session_index INT, site_id VARCHAR(255), units VARCHAR(255), value_type INT, job VARCHAR(255));
-CREATE TABLE data_data(address VARCHAR(255), data_status INT, data_time TIMESTAMP,
-  data_value DOUBLE, schedule VARCHAR(255), schedule_index INT, sub_time INT, label VARCHAR(255),
-  job VARCHAR(255), session_id VARCHAR(255), site_id VARCHAR(255));
-INSERT INTO data_header(session_id) VALUES ('Run1'), ('Run2'), ('Run1'), ('Ünder 5%');
-)";
-
-std::string channel(const std::string& session, const std::string& site, const std::string& job,
-                    const std::string& schedule) {
-    return "INSERT INTO data_details(session_id, site_id, job, schedule) VALUES ('" + session +
-           "','" + site + "','" + job + "','" + schedule + "');\n";
-}
-
-std::string reading(const std::string& session, const std::string& job, const std::string& time) {
-    return "INSERT INTO data_data(session_id, site_id, job, schedule, data_time) VALUES ('" +
-           session + "','AB','" + job + "','A','" + time + "');\n";
-}
-
-class Recorder : public MessageSink {
-  public:
-    void show(std::string_view text) override { texts += std::string(text) + '\n'; }
-
-    std::string texts;
-};
-
 class SessionNameDlgTest : public testing::Test {
   protected:
     SessionNameDlgTest() {
         m_odbc.addSource("First", "Missing", "");
-        m_odbc.addSqlite(
-            "Site", kTables + channel("Run1", "AB", "North", "AB") +
-                        channel("Run1", "ab", "North", "A") + channel("Run1", "A", "Norther", "A") +
-                        channel("Run1", "C", "South", "B") + channel("Run2", "D", "East", "X") +
-                        reading("Run1", "North", "2024-03-31 02:30:00") +
-                        reading("Run1", "South", "2024-04-01 12:00:00") +
-                        reading("Run1", "North", "2024-05-02 03:04:05") +
-                        reading("Run10", "North", "2023-01-02 01:00:00"));
+        test::SessionRows rows;
+        rows.channels("Run1", "AB|0|60|||1|AB|North\n"
+                              "A|0|60|||1|ab|North\n"
+                              "A|0|60|||1|A|Norther\n"
+                              "B|0|60|||1|C|South\n");
+        rows.channels("Run2", "X|0|60|||1|D|East\n");
+        rows.readings("Run1", "0|2024-03-31 02:30:00|0|A|0|L|1|0|AB|North\n"
+                              "0|2024-04-01 12:00:00|0|A|0|L|1|0|AB|South\n"
+                              "0|2024-05-02 03:04:05|0|A|0|L|1|0|AB|North\n");
+        rows.readings("Run10", "0|2023-01-02 01:00:00|0|A|0|L|1|0|AB|North\n");
+        m_odbc.addSqlite("Site", rows.sql() + "INSERT INTO data_header(session_id) VALUES "
+                                              "('Run1'), ('Run2'), ('Run1'), ('Ünder 5%');");
     }
 
     CSessionNameDlg& open() {
@@ -131,7 +103,7 @@ class SessionNameDlgTest : public testing::Test {
     QWidget m_window;
     QString m_saved = QStringLiteral("Site");
     int m_bias = 0;
-    Recorder m_messages;
+    test::RecordedMessages m_messages;
     std::unique_ptr<CSessionNameDlg> m_dialog;
 };
 
@@ -206,8 +178,10 @@ TEST_F(SessionNameDlgTest, TheRangeIsThatOfTheReadings) {
 TEST_F(SessionNameDlgTest, WithMySqlAsTheFirstDataSourceExactTextsAreBeginnings) {
     test::OdbcSetup odbc;
     odbc.addSource("Another", "MySQL 8", "");
-    odbc.addSqlite("Site", kTables + reading("Run1", "North", "2024-03-31 02:30:00") +
-                               reading("Run1", "Northern", "2024-05-02 03:04:05"));
+    test::SessionRows rows;
+    rows.readings("Run1", "0|2024-03-31 02:30:00|0|A|0|L|1|0|AB|North\n"
+                          "0|2024-05-02 03:04:05|0|A|0|L|1|0|AB|Northern\n");
+    odbc.addSqlite("Site", rows.sql());
     open();
     type("Session", "Run1");
     type("Site", "*");
