@@ -1,5 +1,6 @@
 #include "trend/AxisPainter.h"
 
+#include "trend/PixelRects.h"
 #include "trend/TextMeasure.h"
 #include "trend/TrendChart.h"
 
@@ -27,25 +28,33 @@ QList<qreal> dashPattern(CurveDash dash) {
 } // namespace
 
 AxisPainter::AxisPainter(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
-                         const TrendTheme& theme, double pixels)
+                         const TrendTheme& theme, PixelRects* rects)
     : m_painter(painter),
       m_chart(chart),
       m_layout(layout),
       m_theme(theme),
       m_font(TextMeasure::of(layout.font)),
-      m_pixels(pixels),
-      m_hair(pixels > 0 ? std::max(1.0, std::floor(pixels)) / pixels : 0.7),
+      m_rects(rects),
+      m_pixels(rects ? rects->ratio() : 0),
+      m_hair(rects ? std::max(1.0, std::floor(m_pixels)) / m_pixels : 0.7),
       m_tick(std::round(m_font.height() * 0.4)) {}
+
+void AxisPainter::fill(const QRectF& rect, const QColor& colour) {
+    if (m_rects)
+        m_rects->fill(rect, colour.rgb());
+    else
+        m_painter.fillRect(rect, colour);
+}
 
 // Filled and not stroked: a rectangle on whole pixels is crisp.
 void AxisPainter::horizontal(double y, double left, double right, const QColor& colour) {
     if (m_pixels > 0) y = std::floor(y * m_pixels + 1e-6) / m_pixels;
-    m_painter.fillRect(QRectF(left, y, right - left, m_hair), colour);
+    fill(QRectF(left, y, right - left, m_hair), colour);
 }
 
 void AxisPainter::vertical(double x, double top, double bottom, const QColor& colour) {
     if (m_pixels > 0) x = std::floor(x * m_pixels + 1e-6) / m_pixels;
-    m_painter.fillRect(QRectF(x, top, m_hair, bottom - top), colour);
+    fill(QRectF(x, top, m_hair, bottom - top), colour);
 }
 
 void AxisPainter::text(const QRectF& rect, const QString& text, const QColor& colour) {
@@ -67,25 +76,47 @@ QColor AxisPainter::scaleColour(int axis) const {
 
 void AxisPainter::drawBehind() {
     const QRectF& plot = m_layout.plot;
-    const QSizeF& size = m_layout.size;
-    // No pixel twice: on a large window, filling is what a redraw costs most for.
-    m_painter.fillRect(QRectF(0, 0, size.width(), plot.top()), m_theme.background);
-    m_painter.fillRect(QRectF(0, plot.bottom(), size.width(), size.height() - plot.bottom()),
-                       m_theme.background);
-    m_painter.fillRect(QRectF(0, plot.top(), plot.left(), plot.height()), m_theme.background);
-    m_painter.fillRect(QRectF(plot.right(), plot.top(), size.width() - plot.right(), plot.height()),
-                       m_theme.background);
-    m_painter.fillRect(plot, m_theme.plot);
+    const double height = m_layout.size.height();
+    if (m_rects) {
+        // One row of each kind, and the others after it: on a large window, putting colour behind
+        // everything is what a redraw costs most for.
+        const double row = 1 / m_pixels;
+        const int first = m_rects->rowAt(plot.top());
+        const int end = m_rects->rowAt(plot.bottom());
+        drawBackground(0, row, false);
+        drawBackground(first * row, (first + 1) * row, true);
+        drawTimeGrid(first * row, (first + 1) * row);
+        drawBackground(end * row, (end + 1) * row, false);
+        m_rects->repeatRow(0, first);
+        m_rects->repeatRow(first, end);
+        m_rects->repeatRow(end, m_rects->rowAt(height) + 1);
+    } else {
+        drawBackground(0, plot.top(), false);
+        drawBackground(plot.top(), plot.bottom(), true);
+        drawBackground(plot.bottom(), height, false);
+        drawTimeGrid(plot.top(), plot.bottom());
+    }
     drawGrid();
+}
+
+// Between two heights, which are inside the drawing area or not.
+void AxisPainter::drawBackground(double top, double bottom, bool inside) {
+    const QRectF& plot = m_layout.plot;
+    fill(QRectF(0, top, m_layout.size.width(), bottom - top), m_theme.background);
+    if (inside) fill(QRectF(plot.left(), top, plot.width(), bottom - top), m_theme.plot);
+}
+
+void AxisPainter::drawTimeGrid(double top, double bottom) {
+    const QRectF& plot = m_layout.plot;
+    for (const AxisTick& tick : m_layout.timeMarks.ticks) {
+        const double x = m_layout.timeMap.toPixel(tick.value);
+        const bool inside = x > plot.left() + 1 && x < plot.right() - 1;
+        if (tick.major && inside) vertical(x, top, bottom, m_theme.grid);
+    }
 }
 
 void AxisPainter::drawGrid() {
     const QRectF& plot = m_layout.plot;
-    const auto inside = [&](double x) { return x > plot.left() + 1 && x < plot.right() - 1; };
-    for (const AxisTick& tick : m_layout.timeMarks.ticks) {
-        const double x = m_layout.timeMap.toPixel(tick.value);
-        if (tick.major && inside(x)) vertical(x, plot.top(), plot.bottom(), m_theme.grid);
-    }
     for (std::size_t i = 0; i < m_layout.scales.size(); ++i) {
         const ScaleBand& band = m_layout.scales[i];
         const auto overlaps = [&](const ScaleBand& other) {
@@ -103,8 +134,8 @@ void AxisPainter::drawGrid() {
                 horizontal(y, plot.left(), plot.right(), m_theme.minorGrid);
         }
         if (band.band.top() > plot.top() + 1)
-            m_painter.fillRect(QRectF(plot.left(), band.band.top() - m_tick, plot.width(), m_tick),
-                               m_theme.background);
+            fill(QRectF(plot.left(), band.band.top() - m_tick, plot.width(), m_tick),
+                 m_theme.background);
     }
 }
 
@@ -155,23 +186,19 @@ void AxisPainter::drawClockChanges() {
         const double width = m_font.width(change.label);
         const double left = x + width + 8 > plot.right() ? x - width - 6 : x + 6;
         const QRectF rect(left, plot.top() + 2, width, m_font.height());
-        boxAround(rect.adjusted(-2, 0, 2, 0), m_theme.plot);
+        fill(rect.adjusted(-2, 0, 2, 0), m_theme.plot);
         text(rect, change.label, m_theme.clockChange);
     }
 }
 
-void AxisPainter::boxAround(const QRectF& rect, const QColor& fill) {
-    m_painter.fillRect(rect, fill);
-}
-
 // Corners are cut by a pixel: rounded ones cost more than all labels together.
-void AxisPainter::drawButton(const QRectF& rect, const QColor& frame, const QColor& fill) {
+void AxisPainter::drawButton(const QRectF& rect, const QColor& frame, const QColor& face) {
     const QRectF inner = rect.adjusted(m_hair, m_hair, -m_hair, -m_hair);
-    m_painter.fillRect(inner, fill);
-    m_painter.fillRect(QRectF(inner.left(), rect.top(), inner.width(), m_hair), frame);
-    m_painter.fillRect(QRectF(inner.left(), inner.bottom(), inner.width(), m_hair), frame);
-    m_painter.fillRect(QRectF(rect.left(), inner.top(), m_hair, inner.height()), frame);
-    m_painter.fillRect(QRectF(inner.right(), inner.top(), m_hair, inner.height()), frame);
+    fill(inner, face);
+    fill(QRectF(inner.left(), rect.top(), inner.width(), m_hair), frame);
+    fill(QRectF(inner.left(), inner.bottom(), inner.width(), m_hair), frame);
+    fill(QRectF(rect.left(), inner.top(), m_hair, inner.height()), frame);
+    fill(QRectF(inner.right(), inner.top(), m_hair, inner.height()), frame);
 }
 
 void AxisPainter::drawLegendItem(const LegendItem& item) {
@@ -188,9 +215,9 @@ void AxisPainter::drawLegendItem(const LegendItem& item) {
     QRectF bar(item.swatch.left() + 1, middle - 1.5, item.swatch.width() - 2, 3);
     if (m_pixels > 0) bar.moveTop(std::round(bar.top() * m_pixels) / m_pixels);
     if (style.visible && colourContrast(colour, behind) < 1.7)
-        m_painter.fillRect(bar.adjusted(0, -1, 0, 1), colourOfContrast(colour, behind, 3));
+        fill(bar.adjusted(0, -1, 0, 1), colourOfContrast(colour, behind, 3));
     if (style.dash == CurveDash::Solid) {
-        m_painter.fillRect(bar, colour);
+        fill(bar, colour);
     } else {
         QPen pen(colour, 3, Qt::SolidLine, Qt::FlatCap);
         pen.setDashPattern(dashPattern(style.dash));

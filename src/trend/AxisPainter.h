@@ -9,14 +9,16 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class PixelRects;
 class TextMeasure;
 
 /// Draws everything of a chart but its curves.
 class AxisPainter {
   public:
-    /// `pixels`: the target's pixels per logical pixel, on which lines are put; 0 = it has none.
+    /// `rects`: those of the image that the painter draws to, on whose pixels lines are put; null
+    /// for a target without pixels.
     AxisPainter(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
-                const TrendTheme& theme, double pixels);
+                const TrendTheme& theme, PixelRects* rects);
 
     /// Backgrounds and grid lines.
     void drawBehind();
@@ -24,18 +26,20 @@ class AxisPainter {
     void drawFront();
 
   private:
+    void drawBackground(double top, double bottom, bool inside);
+    void drawTimeGrid(double top, double bottom);
     void drawGrid();
     void drawScale(const ScaleBand& band);
     void drawTimeAxis();
     void drawClockChanges();
     void drawLegend();
     void drawLegendItem(const LegendItem& item);
-    void drawButton(const QRectF& rect, const QColor& frame, const QColor& fill);
+    void drawButton(const QRectF& rect, const QColor& frame, const QColor& face);
     void drawTexts();
     void horizontal(double y, double left, double right, const QColor& colour);
     void vertical(double x, double top, double bottom, const QColor& colour);
     void text(const QRectF& rect, const QString& text, const QColor& colour);
-    void boxAround(const QRectF& rect, const QColor& fill);
+    void fill(const QRectF& rect, const QColor& colour);
     QColor scaleColour(int axis) const;
 
     QPainter& m_painter;
@@ -43,9 +47,10 @@ class AxisPainter {
     const TrendLayout& m_layout;
     const TrendTheme& m_theme;
     TextMeasure& m_font;
-    double m_pixels;
-    double m_hair; ///< width of a thin line
-    double m_tick; ///< length of a major mark
+    PixelRects* m_rects;
+    double m_pixels; ///< of the target, per logical pixel; 0 = it has none
+    double m_hair;   ///< width of a thin line
+    double m_tick;   ///< length of a major mark
 };
 
 } // namespace pellam

@@ -1,5 +1,7 @@
 #include "trend/ColumnRaster.h"
 
+#include "trend/ColumnInk.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,79 +11,20 @@ namespace {
 // Lines steeper than this look smooth without their slant being worked out.
 constexpr float steepest = 16;
 
-QRgb blended(QRgb under, QRgb over, unsigned coverage) {
-    const unsigned rest = 256 - coverage;
-    const unsigned redBlue =
-        ((over & 0xff00ffu) * coverage + (under & 0xff00ffu) * rest) >> 8 & 0xff00ffu;
-    const unsigned green = ((over & 0xff00u) * coverage + (under & 0xff00u) * rest) >> 8 & 0xff00u;
-    return 0xff000000u | redBlue | green;
-}
-
-class Column {
-  public:
-    Column(QRgb* pixels, qsizetype stride, const QRect& clip, QRgb colour)
-        : m_pixels(pixels),
-          m_stride(stride),
-          m_top(clip.top()),
-          m_bottom(clip.bottom() + 1),
-          m_colour(colour) {}
-
-    // Full ink from top to bottom, its ends in part.
-    void box(float top, float bottom) {
-        top = std::max(top, static_cast<float>(m_top));
-        bottom = std::min(bottom, static_cast<float>(m_bottom));
-        if (!(top < bottom)) return;
-        const int first = static_cast<int>(top);
-        const int last = static_cast<int>(bottom);
-        if (first == last) return blendRow(first, bottom - top);
-        blendRow(first, static_cast<float>(first + 1) - top);
-        QRgb* pixel = m_pixels + (first + 1) * m_stride;
-        for (int y = first + 1; y < last; ++y, pixel += m_stride)
-            *pixel = m_colour;
-        if (last < m_bottom) blendRow(last, bottom - static_cast<float>(last));
-    }
-
-    // A straight line that falls or rises over the whole column, kept within limits: ink fades with
-    // the distance from the line, square to it.
-    void slant(float top, float bottom, float halfWidth, float least, float most) {
-        const float slope = bottom - top;
-        const float square = 1 / std::sqrt(1 + slope * slope);
-        const float middle = (top + bottom) / 2;
-        const float reach = (halfWidth + 0.5f) / square;
-        const float from = std::max({middle - reach, least, static_cast<float>(m_top)});
-        const float to = std::min({middle + reach, most, static_cast<float>(m_bottom)});
-        if (!(from < to)) return;
-        const int last = std::min(m_bottom - 1, static_cast<int>(to));
-        QRgb* pixel = m_pixels + static_cast<int>(from) * m_stride;
-        for (int y = static_cast<int>(from); y <= last; ++y, pixel += m_stride) {
-            const float away = std::abs(static_cast<float>(y) + 0.5f - middle) * square;
-            blend(*pixel, halfWidth + 0.5f - away);
-        }
-    }
-
-  private:
-    void blendRow(int y, float coverage) { blend(m_pixels[y * m_stride], coverage); }
-
-    void blend(QRgb& pixel, float coverage) const {
-        const int part = static_cast<int>(coverage * 256);
-        if (part >= 256)
-            pixel = m_colour;
-        else if (part > 0)
-            pixel = blended(pixel, m_colour, static_cast<unsigned>(part));
-    }
-
-    QRgb* m_pixels;
-    qsizetype m_stride;
-    int m_top;
-    int m_bottom;
-    QRgb m_colour;
-};
-
 bool isSlant(const ColumnSpan& span) {
     const float height = span.bottom - span.top;
     if (height <= 1) return true;
     if (height > steepest || !span.entersLeft || !span.leavesRight) return false;
     return std::abs(span.enter - span.exit) >= height - 0.01f;
+}
+
+// Whether a column and its neighbours show one straight line and no more.
+bool isInsideLine(const std::vector<ColumnSpan>& spans, std::size_t column) {
+    if (column == 0 || column + 1 >= spans.size()) return false;
+    const ColumnSpan& before = spans[column - 1];
+    const ColumnSpan& after = spans[column + 1];
+    return spans[column].samples + before.samples + after.samples == 0 && before.entersLeft &&
+           after.leavesRight;
 }
 
 // How far a slant may bleed: to what its neighbours cover.
@@ -115,6 +58,87 @@ bool isDot(const std::vector<ColumnSpan>& spans, std::size_t column) {
            (column + 1 == spans.size() || spans[column + 1].empty);
 }
 
+class CurveFill {
+  public:
+    CurveFill(QImage& image, const QRect& clip, const QRect& area,
+              const std::vector<ColumnSpan>& spans, const ColumnPen& pen)
+        : m_pixels(reinterpret_cast<QRgb*>(image.bits())),
+          m_stride(image.bytesPerLine() / 4),
+          m_clip(clip),
+          m_left(area.left()),
+          m_spans(spans),
+          m_colour(pen.colour.rgb() | 0xff000000u),
+          m_half(static_cast<float>(pen.width / 2)),
+          m_side(static_cast<int>(pen.width / 2)),
+          m_line(m_half) {}
+
+    void fill(std::size_t index) {
+        const ColumnSpan& span = m_spans[index];
+        ColumnInk column = columnAt(m_left + static_cast<int>(index));
+        const float middle = (span.top + span.bottom) / 2;
+        if (isSlant(span)) {
+            m_line.setSlope(span.bottom - span.top);
+            if (isInsideLine(m_spans, index)) return column.slant(m_line, middle);
+            if (isDot(m_spans, index)) return dot(index);
+            float least = 0;
+            float most = 0;
+            reach(m_spans, index, least, most);
+            column.slant(m_line, middle, least - m_half, most + m_half);
+        } else if (isDot(m_spans, index)) {
+            dot(index);
+        } else {
+            column.box(span.top - m_half, span.bottom + m_half);
+            for (int side = 1; side <= m_side; ++side) {
+                widen(index, -side);
+                widen(index, side);
+            }
+        }
+    }
+
+    void fetchAhead(std::size_t index) const {
+        const std::size_t later = index + ahead;
+        // A flat line stays in the rows that were asked for.
+        if (m_spans[index].samples == 0 && index % 4 != 0) return;
+        if (later >= m_spans.size() || m_left + static_cast<int>(later) > m_clip.right()) return;
+        fetch(m_pixels + m_left + later, m_stride, m_clip, m_spans[later]);
+    }
+
+  private:
+    ColumnInk columnAt(int x) const { return {m_pixels + x, m_stride, m_clip, m_colour}; }
+
+    // A wide pen reaches into the columns beside a steep line: there, what their own ink leaves.
+    void widen(std::size_t index, int side) const {
+        const int x = m_left + static_cast<int>(index) + side;
+        if (x < m_clip.left() || x > m_clip.right()) return;
+        const float top = m_spans[index].top - m_half;
+        const float bottom = m_spans[index].bottom + m_half;
+        const auto place = static_cast<std::size_t>(x - m_left);
+        if (place >= m_spans.size() || m_spans[place].empty) return; // gaps stay whole
+        if (isSlant(m_spans[place])) return columnAt(x).box(top, bottom);
+        columnAt(x).box(top, std::min(bottom, m_spans[place].top));
+        columnAt(x).box(std::max(top, m_spans[place].bottom), bottom);
+    }
+
+    void dot(std::size_t index) const {
+        const ColumnSpan& span = m_spans[index];
+        const int x = m_left + static_cast<int>(index);
+        const int wide = std::max(1, static_cast<int>(2 * m_half));
+        const int end = std::min(m_clip.right(), x + wide);
+        for (int at = std::max(m_clip.left(), x - wide); at <= end; ++at)
+            columnAt(at).box(span.top - 2 * m_half, span.bottom + 2 * m_half);
+    }
+
+    QRgb* m_pixels;
+    qsizetype m_stride;
+    const QRect& m_clip;
+    int m_left;
+    const std::vector<ColumnSpan>& m_spans;
+    QRgb m_colour;
+    float m_half;
+    int m_side; ///< columns beside its own that the pen reaches into
+    SlantInk m_line;
+};
+
 } // namespace
 
 bool ColumnRaster::leftOut(const ColumnSpan& span, int column, const ColumnPen& pen) {
@@ -137,32 +161,12 @@ void ColumnRaster::fill(QImage& image, const QRect& area, const std::vector<Colu
                         const ColumnPen& pen) {
     const QRect clip = area & image.rect();
     if (clip.isEmpty()) return;
-    auto* pixels = reinterpret_cast<QRgb*>(image.bits());
-    const qsizetype stride = image.bytesPerLine() / 4;
-    const QRgb colour = pen.colour.rgb() | 0xff000000u;
-    const auto half = static_cast<float>(pen.width / 2);
+    CurveFill curve(image, clip, area, spans, pen);
     for (int x = clip.left(); x <= clip.right(); ++x) {
         const auto index = static_cast<std::size_t>(x - area.left());
         if (index >= spans.size()) break;
-        const ColumnSpan& span = spans[index];
-        if (index + ahead < spans.size() && x + int(ahead) <= clip.right())
-            fetch(pixels + x + ahead, stride, clip, spans[index + ahead]);
-        if (span.empty || leftOut(span, x - area.left(), pen)) continue;
-        Column column(pixels + x, stride, clip, colour);
-        if (isDot(spans, index)) {
-            const int wide = std::max(1, static_cast<int>(pen.width));
-            for (int dot = std::max(clip.left(), x - wide); dot <= std::min(clip.right(), x + wide);
-                 ++dot)
-                Column(pixels + dot, stride, clip, colour)
-                    .box(span.top - 2 * half, span.bottom + 2 * half);
-        } else if (isSlant(span)) {
-            float least = 0;
-            float most = 0;
-            reach(spans, index, least, most);
-            column.slant(span.top, span.bottom, half, least - half, most + half);
-        } else {
-            column.box(span.top - half, span.bottom + half);
-        }
+        curve.fetchAhead(index);
+        if (!spans[index].empty && !leftOut(spans[index], x - area.left(), pen)) curve.fill(index);
     }
 }
 

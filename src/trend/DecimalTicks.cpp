@@ -21,6 +21,24 @@ RoundStep roundStep(double min, double max, int labels) {
     return {10 * power, 1};
 }
 
+// The power of ten of a number's first digit.
+int powerOf(double value) {
+    return static_cast<int>(std::floor(std::log10(value) + 1e-9));
+}
+
+QString textAt(double value, double step, int stepPower) {
+    if (std::abs(value) < step * 1e-6) value = 0;
+    const double largest = std::max(std::abs(value), step);
+    const int decimals = std::max(0, -stepPower);
+    if (largest < 1e7 && decimals <= 6) return QString::number(value, 'f', decimals);
+    if (value == 0.0) return QStringLiteral("0");
+    const int digits = powerOf(std::abs(value)) - stepPower;
+    QString text = QString::number(value, 'e', std::clamp(digits, 0, 15));
+    // 1.50e+07 is read as 1.5e7
+    const qsizetype exponent = text.indexOf(u'e');
+    return text.left(exponent) + u'e' + QString::number(text.mid(exponent + 1).toInt());
+}
+
 } // namespace
 
 double DecimalTicks::step(double min, double max, int labels) {
@@ -28,17 +46,7 @@ double DecimalTicks::step(double min, double max, int labels) {
 }
 
 QString DecimalTicks::text(double value, double step) {
-    if (std::abs(value) < step * 1e-6) value = 0;
-    const double largest = std::max(std::abs(value), step);
-    const int stepPower = static_cast<int>(std::floor(std::log10(step) + 1e-9));
-    const int decimals = std::max(0, -stepPower);
-    if (largest < 1e7 && decimals <= 6) return QString::number(value, 'f', decimals);
-    if (value == 0.0) return QStringLiteral("0");
-    const int digits = static_cast<int>(std::floor(std::log10(std::abs(value)) + 1e-9)) - stepPower;
-    QString text = QString::number(value, 'e', std::clamp(digits, 0, 15));
-    // 1.50e+07 is read as 1.5e7
-    const qsizetype exponent = text.indexOf(u'e');
-    return text.left(exponent) + u'e' + QString::number(text.mid(exponent + 1).toInt());
+    return textAt(value, step, powerOf(step));
 }
 
 std::vector<AxisTick> DecimalTicks::find(double min, double max, int labels) {
@@ -51,11 +59,12 @@ std::vector<AxisTick> DecimalTicks::find(double min, double max, int labels) {
     const double first = std::ceil((min - slack) / minor);
     const double last = std::floor((max + slack) / minor);
     if (!(last - first < mostTicks)) return ticks;
+    const int power = powerOf(round.step);
     for (double index = first; index <= last; ++index) {
         AxisTick tick;
         tick.major = std::fmod(index, divisions) == 0.0;
         tick.value = tick.major ? index / divisions * round.step : index * minor;
-        if (tick.major) tick.label = text(tick.value, round.step);
+        if (tick.major) tick.label = textAt(tick.value, round.step, power);
         ticks.push_back(std::move(tick));
     }
     return ticks;

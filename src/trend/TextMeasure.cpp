@@ -7,7 +7,7 @@ namespace pellam {
 namespace {
 
 constexpr std::size_t mostFonts = 8;
-constexpr qsizetype mostTexts = 2000;
+constexpr std::size_t mostTexts = 2000;
 
 } // namespace
 
@@ -24,14 +24,14 @@ TextMeasure& TextMeasure::of(const QFont& font) {
 
 TextMeasure::Entry& TextMeasure::entry(const QString& text) {
     const auto found = m_entries.find(text);
-    if (found != m_entries.end()) return found.value();
+    if (found != m_entries.end()) return found->second;
     if (m_entries.size() >= mostTexts) m_entries.clear();
     Entry made;
     made.width = m_metrics.horizontalAdvance(text);
     made.text = QStaticText(text);
     made.text.setTextFormat(Qt::PlainText);
     made.text.setPerformanceHint(QStaticText::AggressiveCaching);
-    return m_entries.insert(text, made).value();
+    return m_entries.emplace(text, std::move(made)).first->second;
 }
 
 double TextMeasure::width(const QString& text) {

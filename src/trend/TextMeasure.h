@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QFontMetricsF>
-#include <QHash>
 #include <QStaticText>
+#include <unordered_map>
 
 QT_BEGIN_NAMESPACE
 class QPainter;
@@ -36,11 +36,21 @@ class TextMeasure {
         QStaticText text;
     };
 
+    // Over short texts, Qt's own takes longer than the search.
+    struct Hash {
+        std::size_t operator()(const QString& text) const {
+            std::size_t sum = 0;
+            for (const QChar& character : text)
+                sum = sum * 0x9e3779b97f4a7c15u + character.unicode();
+            return sum ^ sum >> 32;
+        }
+    };
+
     Entry& entry(const QString& text);
 
     QFont m_font;
     QFontMetricsF m_metrics;
-    QHash<QString, Entry> m_entries;
+    std::unordered_map<QString, Entry, Hash> m_entries;
 };
 
 } // namespace pellam

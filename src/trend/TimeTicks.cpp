@@ -196,6 +196,7 @@ QString TimeTicks::spanText(double seconds, int digits) {
 QString TimeTicks::sampleLabel(double span, int labels) {
     LocalTime widest{2000, 1, 28, 20, 0, 0, 0};
     const CalendarStep step = calendarStep(span, labels);
+    if (step.isClock() || step.unit == CalendarUnit::Year) return label(widest, step);
     QString result;
     for (widest.month = 1; widest.month <= 12; ++widest.month) {
         const QString text = label(widest, step);

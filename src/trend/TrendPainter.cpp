@@ -3,6 +3,7 @@
 #include "trend/AxisPainter.h"
 #include "trend/ColumnRaster.h"
 #include "trend/CurveLines.h"
+#include "trend/PixelRects.h"
 #include "trend/SymbolPainter.h"
 
 #include <QPainter>
@@ -146,22 +147,20 @@ void TrendPainter::draw(QImage& image, const TrendChart& chart, const TrendLayou
         image.format() != QImage::Format_ARGB32_Premultiplied)
         image.convertTo(QImage::Format_ARGB32_Premultiplied);
     const TrendTheme colours = theme.with(chart.state);
-    const double ratio = image.devicePixelRatio();
-    {
-        QPainter painter(&image);
-        AxisPainter(painter, chart, layout, colours, ratio).drawBehind();
-    }
-    ImageCurves(image, chart, layout, colours).draw(); // into the memory that no painter holds now
+    PixelRects rects(image); // before the painter: both write to the same memory in turn
     QPainter painter(&image);
+    AxisPainter axes(painter, chart, layout, colours, &rects);
+    axes.drawBehind();
+    ImageCurves(image, chart, layout, colours).draw();
     drawSymbols(painter, chart, layout, colours);
-    AxisPainter(painter, chart, layout, colours, ratio).drawFront();
+    axes.drawFront();
 }
 
 void TrendPainter::draw(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
                         const TrendTheme& theme, double columns) const {
     const TrendTheme colours = theme.with(chart.state);
     painter.save();
-    AxisPainter axes(painter, chart, layout, colours, 0);
+    AxisPainter axes(painter, chart, layout, colours, nullptr);
     // Hair lines may be thinner than the device's pixels.
     painter.setRenderHint(QPainter::Antialiasing);
     axes.drawBehind();

@@ -96,6 +96,27 @@ TEST(TrendPainter, InksEachColumnFromItsLeastToItsLargestValue) {
     }
 }
 
+TEST(TrendPainter, DrawsLinesAsWideAsTheyAreSteep) {
+    for (const double ratio : {1.0, 2.0, 3.0}) {
+        TrendChart chart = noiseChart(1, 2);
+        const auto draw = [&](double first, double last) {
+            chart.curves[0].setPoints(TrendTimes::create({100, 200}), {first, last});
+            chart.state.timeMin = 0;
+            chart.state.timeMax = 60000;
+            const TrendLayout layout = TrendPainter().layout(chart, QSizeF(700, 500));
+            return std::pair(painted(chart, layout, ratio), layout.plot);
+        };
+        const QRgb colour = chart.curves[0].style().colour.rgb();
+        const auto [image, plot] = draw(-9, 49); // a line of about one pixel from bottom to top
+        const int y = static_cast<int>(plot.center().y() * ratio);
+        int wide = 0;
+        for (int x = static_cast<int>((plot.left() + 1) * ratio); x < plot.right() * ratio; ++x)
+            wide += image.pixel(x, y) == colour;
+        EXPECT_NEAR(wide, 1.5 * ratio + 1, 1.6) << ratio;
+        EXPECT_GE(wide, ratio) << ratio;
+    }
+}
+
 TEST(TrendPainter, KeepsCurvesInTheirStrips) {
     TrendChart chart = noiseChart(1, 5000);
     chart.scale(1)->position = {0, 0, 1, 50, true};
