@@ -1,5 +1,7 @@
 #include "ChartData.h"
 
+#include "trend/LargePages.h"
+
 #include <cmath>
 #include <cstdint>
 
@@ -22,14 +24,18 @@ class Noise {
 
 TrendChart waveChart(std::size_t curves, std::size_t points) {
     const std::size_t rows = points / curves;
-    std::vector<double> seconds(rows);
+    std::vector<double> seconds;
+    reserveLarge(seconds, rows);
+    seconds.resize(rows);
     for (std::size_t i = 0; i < rows; ++i)
         seconds[i] = 1.7e9 + static_cast<double>(i) / 10;
     const auto times = TrendTimes::create(std::move(seconds));
     TrendChart chart;
     Noise noise;
     for (std::size_t k = 0; k < curves; ++k) {
-        std::vector<double> values(rows);
+        std::vector<double> values;
+        reserveLarge(values, rows);
+        values.resize(rows);
         const double waves = 2 + static_cast<double>(k % 5);
         for (std::size_t i = 0; i < rows; ++i) {
             const double part = static_cast<double>(i) / static_cast<double>(rows);

@@ -99,7 +99,9 @@ std::vector<QCPAxis*> valueAxes(QCustomPlot& plot, std::size_t count) {
 void redrawQCustomPlot(benchmark::State& state) {
     const TrendChart chart = chartOf(state);
     QCustomPlot plot;
+    // A widget that is not shown is told of no size: without this it draws 640 x 480 pixels.
     plot.resize(size);
+    plot.setViewport(QRect(QPoint(), size));
     plot.legend->setVisible(true);
     const auto axes = valueAxes(plot, std::min<std::size_t>(6, chart.curves.size()));
     plot.xAxis->setTicker(QSharedPointer<QCPAxisTickerDateTime>::create());

@@ -1,5 +1,7 @@
 #include "trend/MinMaxPyramid.h"
 
+#include "trend/LargePages.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -66,7 +68,7 @@ void MinMaxPyramid::extend(const double* values, std::size_t count) {
     if (count == 0) return;
     if (m_levels.empty()) m_levels.emplace_back();
     const std::size_t blocks = blocksOf(count, branching);
-    if (m_levels[0].empty()) m_levels[0].reserve(blocks);
+    if (m_levels[0].empty()) reserveLarge(m_levels[0], blocks);
     m_levels[0].resize(blocks);
     for (std::size_t i = firstChanged; i < blocks; ++i) {
         const std::size_t first = i * branching;

@@ -14,7 +14,7 @@ struct ValueRange {
     bool empty() const { return !(min <= max); }
 };
 
-/// Minima and maxima of a row of samples over blocks of 16, 256, 4096, … samples, so that the
+/// Minima and maxima of a row of samples over blocks of 16, 64, 256, … samples, so that the
 /// extremes of any stretch are found in a time that hardly depends on its length. NaN samples are
 /// no value. Does not keep the samples: every question hands in the array that the pyramid was
 /// built from.

@@ -3,6 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/ProgressSink.h"
 #include "grid/DecimalCell.h"
+#include "trend/LargePages.h"
 
 #include <algorithm>
 
@@ -56,6 +57,7 @@ void TrendBuilder::chooseCurves() {
 }
 
 void TrendBuilder::readTimes() {
+    reserveLarge(m_table.times, static_cast<std::size_t>(m_rows));
     m_table.times.resize(static_cast<std::size_t>(m_rows));
     const std::span<double> all(m_table.times);
     for (Row row = 0; row < m_rows; row += kBlock) {
@@ -114,11 +116,8 @@ void TrendBuilder::giveSlots() {
 
 void TrendBuilder::readValues() {
     for (auto& curve : m_table.curves) {
-        if (m_slots.empty()) {
-            curve.values.reserve(static_cast<std::size_t>(m_rows));
-        } else {
-            curve.values.assign(m_table.times.size(), RowTimes::kNone);
-        }
+        reserveLarge(curve.values, m_table.times.size());
+        if (!m_slots.empty()) curve.values.assign(m_table.times.size(), RowTimes::kNone);
     }
     m_firstFree.assign(m_table.curves.size(), 0);
     for (Row row = 0; row < m_rows && reportAndGoOn(row); row += kBlock) {
