@@ -17,6 +17,12 @@ std::uint64_t packedDay(Cell cell) {
     return cell.payload() >> 41;
 }
 
+// What TimeScanner::fraction() gives for the same digits.
+std::uint32_t microseconds(Cell cell, const TimeCell::Fields& fields) {
+    if (cell.kind() != Cell::Kind::TimeSlash) return fields.microseconds();
+    return fields.fractionDigits < 2 ? 0 : fields.fraction;
+}
+
 } // namespace
 
 RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings) : m_grid(grid) {
@@ -62,9 +68,14 @@ double RowTimes::momentOfFields(Cell cell) {
     const TimeCell::Fields fields = TimeCell::fields(cell);
     const bool sameDay = packedDay(cell) == m_packedDay;
     if (!sameDay || fields.hour > 23 || fields.minute > 59 || fields.second > 59) {
-        TimeFields plain{
-            fields.year,   fields.month,          fields.day, fields.hour, fields.minute,
-            fields.second, fields.microseconds(), {}};
+        TimeFields plain{fields.year,
+                         fields.month,
+                         fields.day,
+                         fields.hour,
+                         fields.minute,
+                         fields.second,
+                         microseconds(cell, fields),
+                         {}};
         const auto stamp = plain.stamp();
         if (!stamp) return unreadable();
         m_packedDay = packedDay(cell);
@@ -72,7 +83,7 @@ double RowTimes::momentOfFields(Cell cell) {
     }
     const std::int64_t seconds =
         m_dayStart + fields.hour * 3600 + fields.minute * 60 + fields.second;
-    return place({seconds, fields.microseconds(), false});
+    return place({seconds, microseconds(cell, fields), false});
 }
 
 double RowTimes::momentOfText(Cell cell) {

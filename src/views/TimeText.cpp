@@ -1,8 +1,11 @@
 #include "views/TimeText.h"
 
+#include "replay/CMyTime.h"
+
 #include <algorithm>
 #include <cctype>
 #include <chrono>
+#include <string>
 
 namespace pellam {
 
@@ -37,6 +40,7 @@ bool takeDate(TimeScanner& scanner, TimeFields& fields) {
     const char separator = compact ? '-' : scanner.oneOf("/-.");
     const auto month = scanner.number(compact ? 2 : 1, 2);
     if (!year || !separator || !month) return false;
+    if (separator != '/') scanner.useDecimalPlaces();
     if (!compact && scanner.oneOf("/-.") != separator) return false;
     const auto day = scanner.number(compact ? 2 : 1, 2);
     if (!day) return false;
@@ -120,12 +124,17 @@ bool TimeScanner::blanks() {
 }
 
 std::uint32_t TimeScanner::fraction() {
-    std::uint32_t value = 0;
-    std::size_t taken = 0;
     const std::size_t digits = digitsAhead();
-    for (; taken < 6; ++taken)
-        value = value * 10 + (taken < digits ? static_cast<std::uint32_t>(m_rest[taken] - '0') : 0);
+    const std::string_view taken = m_rest.substr(0, digits);
     m_rest.remove_prefix(digits);
+    if (!m_decimalPlaces) {
+        CMyTime offset;
+        offset.SetDateTimeOffset("0." + std::string(taken));
+        return offset.GetMicroSecond();
+    }
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 6; ++i)
+        value = value * 10 + (i < digits ? static_cast<std::uint32_t>(taken[i] - '0') : 0);
     return value;
 }
 

@@ -9,7 +9,7 @@ namespace pellam {
 /// A moment as a text names it.
 struct TimeStamp {
     std::int64_t seconds = 0;       ///< since 1970-01-01 00:00:00, local unless `utc`
-    std::uint32_t microseconds = 0; ///< 0 to 999999; further digits of the fraction are dropped
+    std::uint32_t microseconds = 0; ///< 1000000 and more are kept as they are
     bool utc = false;               ///< the text named its offset from UTC
 };
 
@@ -45,17 +45,24 @@ class TimeScanner {
     bool blanks();
     /// Takes "H:mm", "H:mm:ss" and a fraction behind '.' or ','.
     bool timeOfDay(TimeFields& fields);
-    /// Takes the digits of a fraction.
+    /// Takes the digits of a fraction; its microseconds.
     std::uint32_t fraction();
+
+    /// From here on a fraction's digits count as decimal places, of which six are used. Without
+    /// this they are a number of microseconds, as CMyTime::SetDateTimeOffset() reads them.
+    void useDecimalPlaces() { m_decimalPlaces = true; }
 
     [[nodiscard]] std::size_t digitsAhead() const;
 
   private:
     std::string_view m_rest;
+    bool m_decimalPlaces = false;
 };
 
-/// A time in a form that puts the year first: "2008/02/25 12:00:00.25", "2008-2-5T12:30",
+/// A time in a form that puts the year first: "2008/02/25 12:00:00.000488", "2008-2-5T12:30",
 /// ISO 8601 with its offset ("2008-02-25T12:00:00+01:00", "20080225T120000Z"), or a date alone.
+/// Behind a date with slashes a fraction counts microseconds, otherwise it is decimal places, as
+/// ISO 8601 has them.
 std::optional<TimeStamp> parseYearFirst(std::string_view text);
 
 } // namespace pellam
