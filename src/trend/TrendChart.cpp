@@ -38,6 +38,11 @@ const TrendScale* TrendChart::scale(int axis) const {
     return const_cast<TrendChart*>(this)->scale(axis);
 }
 
+int TrendChart::enabledScales() const {
+    return static_cast<int>(std::count_if(state.scales.begin(), state.scales.end(),
+                                          [](const TrendScale& scale) { return scale.enabled; }));
+}
+
 bool TrendChart::drawn(const TrendCurve& curve) const {
     const TrendScale* on = scale(curve.style().relatedScale);
     return on && on->enabled && curve.style().visible && !curve.empty();

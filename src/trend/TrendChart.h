@@ -21,6 +21,8 @@ struct TrendChart {
 
     TrendScale* scale(int axis);
     const TrendScale* scale(int axis) const;
+    /// Number of Y scales that are shown.
+    int enabledScales() const;
     /// Whether a curve is to be drawn: visible, with points, on an enabled scale.
     bool drawn(const TrendCurve& curve) const;
     /// The one curve drawn on an axis (1 to 6); null when there is none or more than one.

@@ -39,6 +39,23 @@ bool TrendKeys::handles(const QKeyEvent& event) {
         return !(held & Qt::AltModifier);
     case Qt::Key_Backspace:
         return held == Qt::NoModifier || held == Qt::ShiftModifier;
+    case Qt::Key_C:
+        return held == Qt::NoModifier || held == Qt::ControlModifier;
+    case Qt::Key_X:
+        return held == (Qt::ControlModifier | Qt::ShiftModifier);
+    case Qt::Key_Delete:
+        return held == Qt::NoModifier || held == Qt::ShiftModifier;
+    case Qt::Key_1:
+    case Qt::Key_2:
+    case Qt::Key_3:
+    case Qt::Key_4:
+    case Qt::Key_5:
+    case Qt::Key_6:
+    case Qt::Key_F5:
+    case Qt::Key_F6:
+    case Qt::Key_F7:
+    case Qt::Key_G:
+    case Qt::Key_I:
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
@@ -46,7 +63,6 @@ bool TrendKeys::handles(const QKeyEvent& event) {
     case Qt::Key_Home:
     case Qt::Key_A:
     case Qt::Key_B:
-    case Qt::Key_Delete:
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -60,7 +76,8 @@ bool TrendKeys::handles(const QKeyEvent& event) {
 bool TrendKeys::press(const QKeyEvent& event) {
     if (m_trend.locked() || !handles(event)) return false;
     if (m_scene.marks.legendFocus >= 0 && pressInLegend(event)) return true;
-    return move(event) || zoom(event) || mark(event);
+    return move(event) || zoom(event) || cursor(event) || mark(event) || display(event) ||
+           request(event);
 }
 
 bool TrendKeys::release(const QKeyEvent& event) {
@@ -141,8 +158,7 @@ bool TrendKeys::zoom(const QKeyEvent& event) {
     }
 }
 
-bool TrendKeys::mark(const QKeyEvent& event) {
-    const auto& crosshair = m_scene.marks.crosshair;
+bool TrendKeys::cursor(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_A:
         m_commands.setCursor(0);
@@ -151,8 +167,55 @@ bool TrendKeys::mark(const QKeyEvent& event) {
         m_commands.setCursor(1);
         return true;
     case Qt::Key_Delete:
-        m_commands.removeCursor();
+        modifiers(event) == Qt::ShiftModifier ? m_commands.removeCursors()
+                                              : m_commands.removeCursor();
         return true;
+    default:
+        return false;
+    }
+}
+
+bool TrendKeys::display(const QKeyEvent& event) {
+    const int key = event.key();
+    if (key == Qt::Key_F6)
+        m_trend.SetLassoZoom(m_trend.GetLassoZoom() == 0 ? 1 : 0);
+    else if (key == Qt::Key_G)
+        m_trend.setBreakGaps(!m_scene.chart().state.breakGaps);
+    else if (key == Qt::Key_C && modifiers(event) == Qt::NoModifier)
+        m_commands.setCrosshairFollows(!m_commands.crosshairFollows());
+    else if (key >= Qt::Key_1 && key <= Qt::Key_6)
+        m_commands.editScale(key - Qt::Key_0);
+    else
+        return false;
+    return true;
+}
+
+// What the owner does.
+bool TrendKeys::request(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_C:
+        Q_EMIT m_trend.copyRequested();
+        return true;
+    case Qt::Key_I:
+        Q_EMIT m_trend.exportImageRequested();
+        return true;
+    case Qt::Key_X:
+        Q_EMIT m_trend.editAxisRequested();
+        return true;
+    case Qt::Key_F5:
+        Q_EMIT m_trend.autoScaleRequested();
+        return true;
+    case Qt::Key_F7:
+        if (m_scene.chart().enabledScales() > 1) Q_EMIT m_trend.stripChartRequested();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TrendKeys::mark(const QKeyEvent& event) {
+    const auto& crosshair = m_scene.marks.crosshair;
+    switch (event.key()) {
     case Qt::Key_Space:
         if (!event.isAutoRepeat()) m_interaction.setSpaceHeld(true);
         return true;

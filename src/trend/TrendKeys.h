@@ -18,9 +18,11 @@ class TrendScene;
 /// Left, Right: crosshair to the neighbouring sample; with Ctrl (or Shift): move a tenth in time.
 /// Up, Down: move a tenth in values. PageUp, PageDown: a page earlier, later. Plus, Minus: zoom
 /// time; with Ctrl: values. Home: everything. Backspace, Shift+Backspace: zoom back, forward.
-/// A, B: set a cursor; Delete removes it. Enter: choose the crosshair's time. Escape: give up a
-/// drag, else hide the crosshair. Space held: the left button moves the chart. Tab goes to the
-/// legend: there arrows move, Space or Enter switch the curve.
+/// A, B: set a cursor; Delete removes it, Shift+Delete both. C: crosshair on, off; G: lines broken
+/// at gaps or not. 1 to 6: the dialog of a scale. F5, F6, F7, Ctrl+Shift+X: auto scale, selection
+/// zoom, strip chart, axes. Ctrl+C: copy; I: export as an image. Enter: choose the crosshair's
+/// time. Escape: give up a drag, else hide the crosshair. Space held: the left button moves the
+/// chart. Tab goes to the legend: there arrows move, Space or Enter switch the curve.
 class TrendKeys {
   public:
     TrendKeys(CTrend& trend, TrendInteraction& interaction);
@@ -36,6 +38,9 @@ class TrendKeys {
     bool move(const QKeyEvent& event);
     bool zoom(const QKeyEvent& event);
     bool mark(const QKeyEvent& event);
+    bool cursor(const QKeyEvent& event);
+    bool display(const QKeyEvent& event);
+    bool request(const QKeyEvent& event);
 
     CTrend& m_trend;
     TrendScene& m_scene;

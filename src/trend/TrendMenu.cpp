@@ -6,29 +6,18 @@
 
 namespace pellam {
 
-namespace {
-
-int enabledScales(const TrendChart& chart) {
-    int count = 0;
-    for (const TrendScale& scale : chart.state.scales)
-        count += scale.enabled;
-    return count;
-}
-
-} // namespace
-
 template <typename Do>
 QAction* TrendMenu::add(const QString& text, const char* key, bool enabled, Do act) {
     // The key is only shown: the control itself reads it.
-    QAction* action = addAction(*key ? text + u'\t' + tr(key) : text);
+    QAction* action = addAction(text + u'\t' + tr(key));
     action->setEnabled(enabled);
     connect(action, &QAction::triggered, &m_trend, act);
     return action;
 }
 
 template <typename Do>
-void TrendMenu::addToggle(const QString& text, bool on, Do act) {
-    QAction* action = addAction(text);
+void TrendMenu::addToggle(const QString& text, const char* key, bool on, Do act) {
+    QAction* action = addAction(text + u'\t' + tr(key));
     action->setCheckable(true);
     action->setChecked(on);
     connect(action, &QAction::toggled, &m_trend, act);
@@ -40,23 +29,24 @@ TrendMenu::TrendMenu(CTrend& trend, std::optional<double> time, int axis)
     const TrendChart& chart = trend.chart();
     addZoom();
     addSeparator();
-    addToggle(tr("&Crosshair"), trend.commands().crosshairFollows(),
+    addToggle(tr("&Crosshair"), QT_TR_NOOP("C"), trend.commands().crosshairFollows(),
               [this](bool on) { m_trend.commands().setCrosshairFollows(on); });
     addCursors(time);
     addSeparator();
-    add(tr("S&trip Chart"), "", enabledScales(chart) > 1,
+    add(tr("S&trip Chart"), QT_TR_NOOP("F7"), chart.enabledScales() > 1,
         [this] { Q_EMIT m_trend.stripChartRequested(); });
-    addToggle(tr("&Break Lines at Gaps"), chart.state.breakGaps,
+    addToggle(tr("&Break Lines at Gaps"), QT_TR_NOOP("G"), chart.state.breakGaps,
               [this](bool on) { m_trend.setBreakGaps(on); });
     addSeparator();
     addScales(axis);
     addSeparator();
-    add(tr("C&opy"), "", true, [this] { Q_EMIT m_trend.copyRequested(); });
-    add(tr("E&xport Image..."), "", true, [this] { Q_EMIT m_trend.exportImageRequested(); });
+    add(tr("C&opy"), QT_TR_NOOP("Ctrl+C"), true, [this] { Q_EMIT m_trend.copyRequested(); });
+    add(tr("E&xport Image..."), QT_TR_NOOP("I"), true,
+        [this] { Q_EMIT m_trend.exportImageRequested(); });
 }
 
 void TrendMenu::addZoom() {
-    addToggle(tr("Selection &Zoom"), m_trend.GetLassoZoom() != 0,
+    addToggle(tr("Selection &Zoom"), QT_TR_NOOP("F6"), m_trend.GetLassoZoom() != 0,
               [this](bool on) { m_trend.SetLassoZoom(on ? 1 : 0); });
     add(tr("Zoom &Back"), QT_TR_NOOP("Backspace"), m_trend.canZoomBack(),
         [this] { m_trend.zoomBack(); });
@@ -72,17 +62,18 @@ void TrendMenu::addCursors(std::optional<double> time) {
         [this, time] { m_trend.commands().setCursor(0, time); });
     add(tr("Set C&ursor B"), QT_TR_NOOP("B"), any,
         [this, time] { m_trend.commands().setCursor(1, time); });
-    add(tr("&Remove Cursors"), "", m_trend.scene().marks.measuring(),
+    add(tr("&Remove Cursors"), QT_TR_NOOP("Shift+Delete"), m_trend.scene().marks.measuring(),
         [this] { m_trend.commands().removeCursors(); });
 }
 
 void TrendMenu::addScales(int axis) {
     const TrendScale* scale = m_trend.chart().scale(axis);
     if (scale && scale->enabled && scale->userDialogEnabled)
-        add(tr("Y Axis &%1...").arg(axis), "", true,
+        add(tr("Y Axis &%1...").arg(axis), QByteArray::number(axis).constData(), true,
             [this, axis] { m_trend.commands().editScale(axis); });
-    add(tr("Edit A&xis..."), "", true, [this] { Q_EMIT m_trend.editAxisRequested(); });
-    add(tr("Auto &Scale"), "", true, [this] { Q_EMIT m_trend.autoScaleRequested(); });
+    add(tr("Edit A&xis..."), QT_TR_NOOP("Ctrl+Shift+X"), true,
+        [this] { Q_EMIT m_trend.editAxisRequested(); });
+    add(tr("Auto &Scale"), QT_TR_NOOP("F5"), true, [this] { Q_EMIT m_trend.autoScaleRequested(); });
 }
 
 } // namespace pellam

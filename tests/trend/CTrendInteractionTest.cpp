@@ -301,5 +301,36 @@ TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
     }
 }
 
+TEST(CTrendInteraction, KeysOfMenuCommands) {
+    TrendBench bench(kRows);
+    CTrend& trend = bench.trend;
+    QStringList asked;
+    const auto note = [&](auto signal, const char* name) {
+        QObject::connect(&trend, signal, [&asked, name] { asked += QLatin1String(name); });
+    };
+    note(&CTrend::copyRequested, "copy");
+    note(&CTrend::exportImageRequested, "export");
+    note(&CTrend::editAxisRequested, "axes");
+    note(&CTrend::autoScaleRequested, "auto");
+    note(&CTrend::stripChartRequested, "strip");
+    note(&CTrend::selectionZoomChanged, "zoom");
+    note(&CTrend::breakGapsChanged, "gaps");
+    bench.key(Qt::Key_C, Qt::ControlModifier);
+    bench.key(Qt::Key_I);
+    bench.key(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    for (const int key : {Qt::Key_F5, Qt::Key_F6, Qt::Key_F7, Qt::Key_G})
+        bench.key(static_cast<Qt::Key>(key));
+    trend.SetYScEnabled(2, 0);
+    bench.key(Qt::Key_F7); // one scale can't be stacked
+    EXPECT_EQ(asked.join(u' ').toStdString(), "copy export axes auto zoom strip gaps");
+    bench.key(Qt::Key_C);
+    EXPECT_FALSE(trend.commands().crosshairFollows());
+    bench.key(Qt::Key_A);
+    bench.key(Qt::Key_B);
+    EXPECT_TRUE(bench.scene().marks.measuring());
+    bench.key(Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_FALSE(bench.scene().marks.measuring());
+}
+
 } // namespace
 } // namespace pellam
