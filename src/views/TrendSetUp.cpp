@@ -60,6 +60,20 @@ void hideEmptyScales(TrendOperations& trend) {
     }
 }
 
+/// Around a single moment, which spans no time axis, a minute is shown.
+void showLoneMoment(TrendOperations& trend) {
+    ValueRange shown;
+    for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
+        const auto range = trend.GetDataRange(curve);
+        if (!range) continue;
+        shown.min = std::min(shown.min, range->xFrom);
+        shown.max = std::max(shown.max, range->xTo);
+    }
+    if (shown.min != shown.max) return;
+    trend.SetXScActualRangeMin(shown.min - 30);
+    trend.SetXScActualRangeMax(shown.max + 30);
+}
+
 /// "Left out, sentinel values: Wind 12, Flow 3 and 4 more channels"; empty when nothing was.
 QString noteByChannel(const TrendTable& table, const QString& what, std::int64_t LeftOut::*count) {
     constexpr int kNamed = 4;
@@ -130,6 +144,7 @@ TrendRows showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
         trend.setCurvePoints(index++, times, std::move(curve.values));
     }
     hideEmptyScales(trend);
+    showLoneMoment(trend);
     return times ? TrendRows(times, std::move(table.rows)) : TrendRows();
 }
 

@@ -99,6 +99,14 @@ TEST_F(CTrendViewTest, BuildsOnceAndScales) {
     EXPECT_EQ(trend().GetDataRange(0)->yTo, 50);
 }
 
+TEST_F(CTrendViewTest, ASingleMomentStandsInAMinute) {
+    m_grid.setRowCount(1);
+    activate();
+    EXPECT_TRUE(m_view.hasChart());
+    EXPECT_EQ(trend().GetXScActualRangeMin(), 1704067800 - 30);
+    EXPECT_EQ(trend().GetXScActualRangeMax(), 1704067800 + 30);
+}
+
 TEST_F(CTrendViewTest, IsBuiltOnlyWhenItComesToTheFront) {
     m_view.OnActivateView(false, &m_other, &m_view);
     m_view.OnActivateView(true, &m_view, &m_view);
