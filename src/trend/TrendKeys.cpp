@@ -33,10 +33,11 @@ bool TrendKeys::handles(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Left:
     case Qt::Key_Right:
+        return !(held & Qt::AltModifier);
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
-        return !(held & Qt::AltModifier);
+        return !(held & Qt::ControlModifier);
     case Qt::Key_Backspace:
         return held == Qt::NoModifier || held == Qt::ShiftModifier;
     case Qt::Key_C:
@@ -141,7 +142,7 @@ bool TrendKeys::zoom(const QKeyEvent& event) {
     case Qt::Key_Equal:
     case Qt::Key_Minus:
         m_commands.zoomIn(event.key() == Qt::Key_Minus ? 1 / kCloser : kCloser,
-                          event.modifiers() & Qt::ControlModifier);
+                          event.modifiers() & Qt::AltModifier);
         return true;
     case Qt::Key_Home:
         m_commands.zoomAll();

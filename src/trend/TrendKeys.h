@@ -17,7 +17,7 @@ class TrendScene;
 ///
 /// Left, Right: crosshair to the neighbouring sample; with Ctrl (or Shift): move a tenth in time.
 /// Up, Down: move a tenth in values. PageUp, PageDown: a page earlier, later. Plus, Minus: zoom
-/// time; with Ctrl: values. Home: everything. Backspace, Shift+Backspace: zoom back, forward.
+/// time; with Alt: values. Home: everything. Backspace, Shift+Backspace: zoom back, forward.
 /// A, B: set a cursor; Delete removes it, Shift+Delete both. C: crosshair on, off; G: lines broken
 /// at gaps or not. 1 to 6: the dialog of a scale. F5, F6, F7, Ctrl+Shift+X: auto scale, selection
 /// zoom, strip chart, axes. Ctrl+C: copy; I: export as an image. Enter: choose the crosshair's

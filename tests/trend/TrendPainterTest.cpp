@@ -84,7 +84,9 @@ TEST(TrendPainter, InksEachColumnFromItsLeastToItsLargestValue) {
         for (int column = 1; column + 1 < plot.width(); ++column) {
             const double from = chart.state.timeMin + width * column;
             const ValueRange own = plainRange(curve, from, from + width);
-            const ValueRange joined = plainRange(curve, from - width, from + 2 * width);
+            // A wide pen reaches further than the line to the neighbour.
+            const ValueRange joined =
+                plainRange(curve, from - ratio * width, from + (1 + ratio) * width);
             const auto rows = ink(drawn, empty, plot.left() + column, plot);
             ASSERT_EQ(rows.first >= 0, !own.empty()) << column;
             if (own.empty()) continue;
