@@ -55,7 +55,7 @@ std::optional<FileDescriptor> firstDescriptor(const QMimeData& data) {
         const QString form = descriptorForm(data, names);
         if (form.isEmpty()) continue;
         const QByteArray group = data.data(form);
-        if (const auto descriptor = FileDescriptor::first(group, names)) return descriptor;
+        if (auto descriptor = FileDescriptor::first(group, names)) return descriptor;
     }
     return std::nullopt;
 }

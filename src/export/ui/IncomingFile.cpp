@@ -66,7 +66,7 @@ Failure IncomingFile::place(QString& path) {
         if (holder < 0) return Failure::fromErrno(Failure::Kind::Write, to.toStdString(), errno);
         ::close(holder);
         if (::rename(from.constData(), to.constData()) == 0) return {};
-        const Failure failure = Failure::fromErrno(Failure::Kind::Write, to.toStdString(), errno);
+        Failure failure = Failure::fromErrno(Failure::Kind::Write, to.toStdString(), errno);
         ::unlink(to.constData());
         return failure;
     }
