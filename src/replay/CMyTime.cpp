@@ -228,7 +228,12 @@ std::string CMyTime::Format(const char* pattern) const {
 
 std::string CMyTime::FormatLocalNoDST(const char* pattern) const {
     std::tm fields = localFields(m_seconds);
-    if (fields.tm_isdst > 0) fields = localFields(std::int64_t{m_seconds} - kSecondsPerHour);
+    if (fields.tm_isdst > 0) {
+        // The clock is set back, not the moment: in the first hour of summer that would still be
+        // winter time, another hour back.
+        const std::time_t clock = std::int64_t{m_seconds} + fields.tm_gmtoff - kSecondsPerHour;
+        gmtime_r(&clock, &fields);
+    }
     std::string text = formatFields(pattern, fields);
     if (m_microseconds != 0 && std::strstr(pattern, "%X")) {
         text += '.' + sixDigits(m_microseconds);

@@ -1,0 +1,147 @@
+// How times, values and SQL texts are read and written.
+
+#include "database/CTime.h"
+#include "database/SessionValueText.h"
+#include "database/SqlText.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+
+namespace pellam {
+namespace {
+
+std::string shown(const CTime& time) {
+    char text[48];
+    char* end = time.writeDate(text);
+    *end++ = ' ';
+    return {text, time.writeTime(end)};
+}
+
+TEST(CTime, ReadsTextsOfTimes) {
+    const struct {
+        const char* text;
+        const char* time; ///< "" for none
+    } cases[] = {
+        {"2008-02-25 10:01:02", "2008/02/25 10:01:02"},
+        {"2008-02-25T10:01:02", "2008/02/25 10:01:02"},
+        {"2008-02-25 10:01:02.250", "2008/02/25 10:01:02"},
+        {"2008-02-25 10:01:02.999999", "2008/02/25 10:01:02"},
+        {" 2008-02-25 23:59:59 \n", "2008/02/25 23:59:59"},
+        {"2008-02-25", "2008/02/25 00:00:00"},
+        {"2008-02-25 10:01", ""},
+        {"2008-02-25 10:01:02x", ""},
+        {"2008-02-25x10:01:02", ""},
+        {"2008-02-25 24:01:02", ""},
+        {"2008-13-25 10:01:02", ""},
+        {"2008-00-25 10:01:02", ""},
+        {"2008-2-25 10:01:02", ""},
+        {"1203933662", ""},
+        {"soon", ""},
+        {"", ""},
+    };
+
+    for (const auto& row : cases) {
+        const CTime time = CTime::parse(row.text);
+        EXPECT_EQ(time.isNull() ? "" : shown(time), row.time) << row.text;
+    }
+}
+
+std::string whole(double value) {
+    char text[SessionValueText::kRoom];
+    return {text, SessionValueText::writeWhole(value, text)};
+}
+
+TEST(SessionValueText, WholeNumbersAreThoseOfTheCLibrary) {
+    std::vector<double> values{0.0,
+                               -0.0,
+                               0.5,
+                               1.5,
+                               2.5,
+                               -0.5,
+                               -0.2,
+                               23.4,
+                               99999.9,
+                               1e15,
+                               1e16,
+                               1e22,
+                               4503599627370495.5,
+                               4503599627370497.5,
+                               9007199254740991.0,
+                               9007199254740993.0,
+                               1e300,
+                               -1e300,
+                               std::numeric_limits<double>::max(),
+                               std::numeric_limits<double>::denorm_min(),
+                               std::numeric_limits<double>::infinity(),
+                               -std::numeric_limits<double>::infinity(),
+                               std::nan(""),
+                               -std::nan("")};
+    std::mt19937_64 random(7);
+    std::uniform_real_distribution<double> exponent(-20, 300);
+    for (int i = 0; i < 20000; ++i) {
+        const double size = std::pow(10.0, exponent(random));
+        values.insert(values.end(),
+                      {size, -size, std::floor(size) + 0.5, static_cast<double>(i) / 4});
+    }
+    char expected[400];
+    for (const double value : values) {
+        std::snprintf(expected, sizeof expected, "%#.f", value);
+        ASSERT_EQ(whole(value), expected) << value;
+    }
+}
+
+TEST(SessionValueText, AutomationDates) {
+    const struct {
+        double days;
+        const char* text;
+    } cases[] = {
+        {0, "1899/12/30 00:00:00"},
+        {0.5, "1899/12/30 12:00:00"},
+        {39503.75, "2008/02/25 18:00:00"},
+        {25569 + 1203933662 / 86400.0, "2008/02/25 10:01:02"},
+        {45352.999999999, "2024/03/02 00:00:00"},
+        {-1.25, "1899/12/29 06:00:00"},
+        {-657434, "0100/01/01 00:00:00"},
+        {2958465.5, "9999/12/31 12:00:00"},
+        {2958466, "2958466. 2958466."},
+        {-657435, "-657435. -657435."},
+        {std::numeric_limits<double>::infinity(), "inf inf"},
+    };
+
+    for (const auto& row : cases) {
+        char text[2 * SessionValueText::kRoom];
+        char* end = SessionValueText::writeDate(row.days, text);
+        *end++ = ' ';
+        EXPECT_EQ(std::string(text, SessionValueText::writeTime(row.days, end)), row.text);
+    }
+}
+
+TEST(SqlText, NamesAndQuotesAsTheDriverTakesThem) {
+    EXPECT_EQ(withNativeNames("Min([data_time])", "\""), "Min(data_time)");
+    EXPECT_EQ(withNativeNames("[data header].[2nd]", "`"), "`data header`.`2nd`");
+    EXPECT_EQ(withNativeNames("[data header], [open", ""), "[data header], [open");
+
+    const struct {
+        const char* condition;
+        const char* single;
+    } cases[] = {
+        {"a = 'x' AND label = \"L\"", "a = 'x' AND label = 'L'"},
+        {"a = '6\" pipe'", "a = '6\" pipe'"},
+        {"a = '6\" pipe' AND label = \"L\"", "a = '6\" pipe' AND label = 'L'"},
+        {"label = \"6\" pipe\"", "label = '6\" pipe'"},
+        {"label = \"O'Brien\"", "label = 'O''Brien'"},
+        {"label = \"\"", "label = ''"},
+        {"label = \"", "label = \""},
+        {"schedule_index = 3", "schedule_index = 3"},
+    };
+
+    for (const auto& row : cases)
+        EXPECT_EQ(withSingleQuotes(row.condition), row.single);
+}
+
+} // namespace
+} // namespace pellam
