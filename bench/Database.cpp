@@ -1,6 +1,6 @@
 // A session of 1,000,000 readings from each database through ODBC: the raw block fetch of its
 // columns, the whole way into the grid, and the same rows through Qt's driver, in turns.
-//   bench_Database [ROWS [TURNS]]
+//   bench_Database [ROWS [TURNS [ENGINE]]]
 // Starts the servers itself, in the temporary folder, and ends them.
 
 #include "DatabaseServer.h"
@@ -47,6 +47,7 @@ constexpr const char* kSelect =
 struct Result {
     double rows = 0;
     double seconds = 0;
+    double cpuSeconds = 0;  ///< of this process: what the server takes is beside it
     long peakKilobytes = 0; ///< of the whole process that did it
 };
 
@@ -60,10 +61,14 @@ class Clock {
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
 
-long peakKilobytes() {
+void takeUsage(Result& result) {
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+    };
+    result.cpuSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
+    result.peakKilobytes = usage.ru_maxrss;
 }
 
 // Each measurement has a process of its own, so that its peak of memory is its own too.
@@ -76,7 +81,7 @@ Result inOwnProcess(const std::function<double()>& work) {
         const Clock clock;
         result.rows = work();
         result.seconds = clock.seconds();
-        result.peakKilobytes = peakKilobytes();
+        takeUsage(result);
         const bool written = ::write(ends[1], &result, sizeof result) == sizeof result;
         ::_exit(written ? 0 : 1);
     }
@@ -151,11 +156,10 @@ std::optional<std::string> writeSession(CSessionFromDatabase& session, const std
     return session.TempFileName();
 }
 
-double load(const std::string& source, bool intoGrid) {
+double load(const std::string& source, LongCall& call, bool intoGrid) {
     SilentMessages messages;
     SilentProgress progress;
     AllChannels chooser;
-    BackgroundCall call;
     TimeCorrections corrections;
     CSessionFromDatabase session({messages, progress, call, corrections});
     const auto path = writeSession(session, source);
@@ -212,8 +216,8 @@ std::string fillSql(const std::string& numbers, const std::string& time, long ro
 }
 
 void report(const char* engine, const char* what, const Result& result, long rows) {
-    std::printf("%-11s %-26s %9.3f s %10.0f rows/s %8.1f MB peak %s\n", engine, what,
-                result.seconds, static_cast<double>(rows) / result.seconds,
+    std::printf("%-11s %-26s %7.3f s %7.3f s cpu %9.0f rows/s %6.1f MB peak %s\n", engine, what,
+                result.seconds, result.cpuSeconds, static_cast<double>(rows) / result.seconds,
                 static_cast<double>(result.peakKilobytes) / 1024, result.rows < 0 ? "FAILED" : "");
     std::fflush(stdout);
 }
@@ -221,8 +225,14 @@ void report(const char* engine, const char* what, const Result& result, long row
 void measure(const char* engine, const std::string& source, long rows, int turns) {
     for (int turn = 0; turn < turns; ++turn) {
         report(engine, "raw block fetch", inOwnProcess([&] { return rawFetch(source); }), rows);
-        report(engine, "into replay text", inOwnProcess([&] { return load(source, false); }), rows);
-        report(engine, "into the grid", inOwnProcess([&] { return load(source, true); }), rows);
+        const auto loaded = [&](const char* what, LongCall& call, bool intoGrid) {
+            report(engine, what, inOwnProcess([&] { return load(source, call, intoGrid); }), rows);
+        };
+        InlineCall here;
+        BackgroundCall beside;
+        loaded("into replay text", beside, false);
+        loaded("into the grid", beside, true);
+        loaded("into the grid, one thread", here, true);
 #ifdef PELLAM_HAS_QTSQL
         report(engine, "Qt's ODBC driver", inOwnProcess([&] { return throughQt(source); }), rows);
 #endif
@@ -234,15 +244,19 @@ void measure(const char* engine, const std::string& source, long rows, int turns
 int main(int argc, char** argv) {
     const long rows = argc > 1 ? std::atol(argv[1]) : 1'000'000;
     const int turns = argc > 2 ? std::atoi(argv[2]) : 3;
+    const std::string only = argc > 3 ? argv[3] : "";
     OdbcSetup odbc;
     const std::string last = std::to_string(rows - 1);
-    odbc.addSqlite(
-        "SQLite", fillSql("(WITH RECURSIVE c(n) AS (SELECT 0 UNION ALL SELECT n+1 FROM c WHERE n<" +
-                              last + ") SELECT n FROM c)",
-                          "datetime(1704067200 + n / 10, 'unixepoch')", rows) +
-                      "ANALYZE;\n");
-    measure("SQLite", "SQLite", rows, turns);
-    {
+    if (only.empty() || only == "SQLite") {
+        const std::string numbers =
+            "(WITH RECURSIVE c(n) AS (SELECT 0 UNION ALL SELECT n+1 FROM c WHERE n<" + last +
+            ") SELECT n FROM c)";
+        odbc.addSqlite("SQLite",
+                       fillSql(numbers, "datetime(1704067200 + n / 10, 'unixepoch')", rows) +
+                           "ANALYZE;\n");
+        measure("SQLite", "SQLite", rows, turns);
+    }
+    if (only.empty() || only == "PostgreSQL") {
         DatabaseServer server(DatabaseServer::Engine::PostgreSql);
         server.addSource(odbc, "PostgreSQL");
         server.run(fillSql("generate_series(0," + last + ") AS c(n)",
@@ -250,10 +264,12 @@ int main(int argc, char** argv) {
                    "VACUUM ANALYZE data_data;\n");
         measure("PostgreSQL", "PostgreSQL", rows, turns);
     }
-    DatabaseServer server(DatabaseServer::Engine::MariaDb);
-    server.addSource(odbc, "MariaDB", "ForwardOnly=1\nNoCache=1");
-    server.run(fillSql("(SELECT seq AS n FROM seq_0_to_" + last + ") AS c",
-                       "timestampadd(second, n div 10, '2024-01-01')", rows) +
-               "ANALYZE TABLE data_data;\n");
-    measure("MariaDB", "MariaDB", rows, turns);
+    if (only.empty() || only == "MariaDB") {
+        DatabaseServer server(DatabaseServer::Engine::MariaDb);
+        server.addSource(odbc, "MariaDB", "OPTION=3145728");
+        server.run(fillSql("(SELECT seq AS n FROM seq_0_to_" + last + ") AS c",
+                           "timestampadd(second, n div 10, '2024-01-01')", rows) +
+                   "ANALYZE TABLE data_data;\n");
+        measure("MariaDB", "MariaDB", rows, turns);
+    }
 }

@@ -21,11 +21,14 @@ SqlFailure CDatabase::OpenEx(const std::string& connect, Options) {
     const auto attempt = std::make_shared<Attempt>();
     // The driver's own limit comes first; this one is for drivers that do not know it.
     const auto limit = std::chrono::seconds(kLoginTimeout + 5);
+    const auto start = std::chrono::steady_clock::now();
     const bool ended = m_call.run(
         [attempt, connect] {
             attempt->failure = attempt->connection->open(connect, kLoginTimeout);
         },
         limit);
+    if (!ended && std::chrono::steady_clock::now() - start < limit)
+        return SqlError{"HY008", 0, "The connection was stopped."};
     if (!ended) return SqlError{"HYT01", 0, "The database did not answer."};
     if (!attempt->failure) m_connection = attempt->connection;
     return attempt->failure;

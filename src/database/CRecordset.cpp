@@ -31,12 +31,15 @@ SqlFailure CRecordset::wait(Work work) {
     const LongCall::Limit limit = seconds > 0
                                       ? LongCall::Limit(std::chrono::seconds(seconds) + kGrace)
                                       : LongCall::Limit(kNoLimit);
+    const auto start = std::chrono::steady_clock::now();
     const bool ended = m_database.m_call.run(
         [outcome, work, statement = m_statement] { outcome->failure = work(*statement); }, limit);
     if (ended) return outcome->failure;
     // The driver is still at it: this connection is of no more use.
     m_statement.reset();
     m_database.m_connection.reset();
+    if (std::chrono::steady_clock::now() - start < limit)
+        return SqlError{"HY008", 0, "The query was stopped."};
     return SqlError{"HYT00", 0,
                     "The database did not answer within " + std::to_string(seconds) + " seconds."};
 }

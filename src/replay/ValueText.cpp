@@ -46,7 +46,9 @@ void removeGrouping(std::string& text, char group, char separator) {
 bool ValueText::startsNumber(std::string_view text) {
     if (text.empty()) return false;
     const char c = text.front();
-    return isDigit(c) || c == '+' || c == '-' || (c == '.' && text.size() > 1 && isDigit(text[1]));
+    if (isDigit(c) || c == '+' || c == '-') return true;
+    // A reading without a finite value has its place in the line too.
+    return (c == '.' && text.size() > 1 && isDigit(text[1])) || text == "inf" || text == "nan";
 }
 
 Cell ValueText::fromPoint(std::string_view text, Column& column) {

@@ -21,7 +21,8 @@ class ValueText {
     /// A text without its double quotes.
     static Cell fromQuoted(std::string_view text, Column& column);
 
-    /// Whether a value of a file is a number, a date or a time by its first character.
+    /// Whether a value of a file is a number, a date or a time: by its first character, or "inf" or
+    /// "nan".
     static bool startsNumber(std::string_view text);
 };
 

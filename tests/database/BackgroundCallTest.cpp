@@ -11,7 +11,10 @@ namespace {
 using namespace std::chrono_literals;
 
 struct CountedCall : BackgroundCall {
-    void whileWaiting() override { ++waits; }
+    bool whileWaiting() override {
+        ++waits;
+        return true;
+    }
 
     int waits = 0;
 };

@@ -1,55 +1,44 @@
-#include "database/CSessionFromDatabase.h"
-
-#include "../replay/LoadHarness.h"
+#include "OdbcSetup.h"
+#include "SessionLoad.h"
 #include "SessionRows.h"
+#include "replay/AllChannels.h"
+#include "replay/SessionLoader.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace pellam {
 namespace {
 
-using test::CountedProgress;
 using test::OdbcSetup;
-using test::RecordedMessages;
+
 using test::SessionRows;
 
-struct Loaded {
-    bool good = false;
-    std::string text;
-};
-
-std::string fileText(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-class SessionTest : public testing::Test {
+class SessionTest : public testing::Test, protected test::SessionLoad {
   protected:
-    Loaded load(SessionRequest request) {
-        request.dataSource = "Site";
-        InlineCall call;
-        CSessionFromDatabase session({messages, progress, call, corrections});
-        const bool good = session.CreateFileFromDatabaseSession(request);
-        error = session.LastError() ? session.LastError()->text : "";
-        return {good, fileText(session.TempFileName())};
-    }
+    SessionTest() : SessionLoad(m_inline) {}
+
+    void fill(const SessionRows& rows) { odbc.addSqlite("Site", rows.sql()); }
 
     OdbcSetup odbc;
-    RecordedMessages messages;
-    CountedProgress progress;
-    TimeCorrections corrections;
-    std::string error;
+
+  private:
+    InlineCall m_inline;
 };
 
+const SessionRequest kRun{"", "Run"};
+
 TEST_F(SessionTest, WritesReplayText) {
-    odbc.addSqlite("Site", SessionRows()
-                               .channels("Run", "A|0|60|Temp|C|2|S|J\n")
-                               .readings("Run", "0|2008-02-25 10:00:00|0|A|0|Temp|23.4|0|S|J\n")
-                               .sql());
-    const Loaded loaded = load({"", "Run", "", "", "", "*"});
-    EXPECT_TRUE(loaded.good);
-    EXPECT_EQ(messages.texts, "");
-    EXPECT_EQ(loaded.text, R"(Descriptor
+    fill(SessionRows()
+             .channels("Run", "A|0|60|Temp|C|2|S|J\n")
+             .readings("Run", "0|2008-02-25 10:00:00|0|A|0|Temp|23.4|0|S|J\n"));
+    EXPECT_EQ(run(kRun), R"(Descriptor
 Name "Hembric"
 Lock N
 Desc "Run"
@@ -61,6 +50,258 @@ S,0,0,10:0,1989,1,0,"",<A,"60lS",G,<"Temp","C",1,0,8,4,1>><B><C><D><E><F><G><H><
 <ALL_DATA>
 D,0,2008/02/25,10:00:00,0.000000,1:A,0,23.,$0l:
 )");
+    EXPECT_EQ(messages.texts + error, "");
+    EXPECT_EQ(progress.started + progress.range, "Loading Session - Run\n0..100");
+    EXPECT_EQ(progress.lastText, "Starting data retrieval...");
+    EXPECT_EQ(progress.open, 0);
+}
+
+TEST_F(SessionTest, StatusLine) {
+    const struct {
+        const char* name;
+        const char* channels;
+        const char* schedules; ///< what differs from a line without channels
+    } cases[] = {
+        {"value types",
+         "A|0|5|a|u|2|S|J\nA|1|5|b|u|4|S|J\nA|2|5|c|u|8|S|J\nA|3|5|d|u|16|S|J\nA|4|5|e|u|3|S|J\n",
+         "<A,\"5lS\",G,<\"a\",\"u\",1,0,8,4,1>,<\"b\",\"u\",2,0,8,4,1>,<\"c\",\"u\",3,0,8,4,1>,<"
+         "\"d\","
+         "\"u\",4,0,8,4,1>,<\"e\",\"u\",0,0,8,4,1>><B>"},
+        {"the first of two with one index", "A|7|5|first|u|2|S|J\nA|7|9|second|v|2|S|J\n",
+         "<A,\"9lS\",G,<\"first\",\"u\",1,0,8,4,1>><B>"},
+        {"by label", "A|-1|5|a|u|2|S|J\nA|-1|5|b|v|2|S|J\n",
+         "<A,\"5lS\",G,<\"a\",\"u\",1,0,8,4,1>,<\"b\",\"v\",1,0,8,4,1>><B>"},
+        {"a longer name has no entry", "AB|0|5|a|u|2|S|J\n", "<A><B,\"5lS\",G>"},
+        {"rates", "B|0|4294967295|a|u|2|S|J\n",
+         "<A><B,\"4294967295lS\",G,<\"a\",\"u\",1,0,8,4,1>>"},
+    };
+
+    for (const auto& row : cases) {
+        odbc.addSqlite(row.name, SessionRows().channels("Run", row.channels).sql());
+        EXPECT_EQ(status({row.name, "Run"}), "S,0,0,10:0,1989,1,0,\"\"," +
+                                                 std::string(row.schedules) +
+                                                 "<C><D><E><F><G><H><I><J><K><X><V>>:")
+            << row.name;
+    }
+    fill(SessionRows().channels("Run", "X|0|900|x|u|2|S|J\nV|0|60|v|w|2|S|J\nK|0|7|k|u|2|S|J\n"));
+    EXPECT_EQ(status(kRun),
+              "S,0,0,10:0,1989,1,0,\"\",<A><B><C><D><E><F><G><H><I><J>"
+              "<K,\"7lS\",G,<\"k\",\"u\",1,0,8,4,1>><X,\"900lS\",G,<\"x\",\"u\",1,0,8,4,1>>"
+              "<V,\"1S\",G,<\"v\",\"w\",1,0,8,4,1>>>:");
+}
+
+TEST_F(SessionTest, DataLines) {
+    const struct {
+        const char* name;
+        const char* readings;
+        const char* lines; ///< without "2008/02/25," and the line's ends
+    } cases[] = {
+        {"values stay until the next", "1|10:00:00|0|A|0|a|1|0\n1|10:00:01|0|A|1|b|2|7\n",
+         "D,1,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l D,1,10:00:01,0.000000,1:A,0,1.,$0l,2.,$7l"},
+        {"parts of a second",
+         "1|10:00:00|250|A|0|a|1|0\n1|10:00:00|5|A|0|a|2|0\n1|10:00:00|-1|A|0|a|3|0\n",
+         "D,1,10:00:00,0.000000,1:A,0,3.,$0l,0.,$4l D,1,10:00:00,0.5,1:A,0,2.,$0l,0.,$4l "
+         "D,1,10:00:00,0.250,1:A,0,1.,$0l,0.,$4l"},
+        {"an unknown channel", "1|10:00:00|0|A|9|z|1|0\n1|10:00:01|0|A|1|b|2|0\n",
+         "D,1,10:00:00,0.000000,1:A,0,0.,$4l,0.,$4l D,1,10:00:01,0.000000,1:A,0,0.,$4l,2.,$0l"},
+        {"a schedule without channels", "1|10:00:00|0|C|0|a|1|0\n", "D,1,10:00:00,0.000000,1:C,0"},
+        {"a longer schedule", "1|10:00:00|0|AB|1|b|5|0\n",
+         "D,1,10:00:00,0.000000,1:AB,0,0.,$4l,5.,$0l"},
+        {"the first address", "4|10:00:00|0|A|0|a|1|0\n5|10:00:00|0|A|1|b|2|0\n",
+         "D,4,10:00:00,0.000000,1:A,0,1.,$0l,2.,$0l"},
+        {"no address", "\xC3\xBE|10:00:00|0|A|0|a|1|0\n\xFE|10:00:01|0|A|0|a|1|0\n",
+         "D,0,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l D,0,10:00:01,0.000000,1:A,0,1.,$0l,0.,$4l"},
+        {"by label",
+         "1|10:00:00|0|B|-1|Lone|3|0\n1|10:00:01|0|B|5|Lone|4|0\n1|10:00:02|0|B|-1|other|5|0\n",
+         "D,1,10:00:00,0.000000,1:B,0,3.,$0l,00:00:00,$4l,1899/12/30,$4l "
+         "D,1,10:00:01,0.000000,1:B,0,4.,$0l,00:00:00,$4l,1899/12/30,$4l "
+         "D,1,10:00:02,0.000000,1:B,0,4.,$0l,00:00:00,$4l,1899/12/30,$4l"},
+        {"dates and times of day",
+         "1|10:00:00|0|B|8|-|39503.75|0\n1|10:00:00|0|B|9|-|39503.75|-1\n",
+         "D,1,10:00:00,0.000000,1:B,0,0.,$4l,18:00:00,$0l,2008/02/25,$4294967295l"},
+        {"nulls", "NULL|10:00:00|NULL|A|0|a|NULL|NULL\n",
+         "D,,10:00:00,0.000000,1:A,0,0.,$0l,0.,$4l"},
+    };
+
+    for (const auto& row : cases) {
+        std::string readings;
+        std::istringstream input(row.readings);
+        for (std::string line; std::getline(input, line);)
+            readings += line.insert(line.find('|') + 1, "2008-02-25 ") + "|S|J\n";
+        odbc.addSqlite(row.name, SessionRows()
+                                     .channels("Run", "A|0|60|a|u|2|S|J\nA|1|60|b|u|2|S|J\n"
+                                                      "B|-1|60|Lone|u|2|S|J\nB|8|60|aTime|u|2|S|J\n"
+                                                      "B|9|60|DateTime|u|2|S|J\n")
+                                     .readings("Run", readings)
+                                     .sql());
+        std::string expected;
+        std::istringstream shown(row.lines);
+        for (std::string line; std::getline(shown, line, ' ');)
+            expected += line.insert(line.find(',', 2) + 1, "2008/02/25,") + ":\n";
+        EXPECT_EQ(lines({row.name, "Run"}), expected) << row.name;
+    }
+}
+
+// As they stand in the database, also where the zone's clocks skip or repeat the hour.
+TEST_F(SessionTest, TimesAreThoseOfTheDatabaseInEveryZone) {
+    fill(SessionRows()
+             .channels("Run", "A|0|60|a|u|2|S|J\n")
+             .readings("Run", "1|2008-03-09 02:30:00|0|A|0|a|1|0|S|J\n"
+                              "1|2008-07-04T12:00:00.750|0|A|0|a|2|0|S|J\n"
+                              "1|2008-10-05 02:30:00|0|A|0|a|3|0|S|J\n"
+                              "1|2008-11-02 01:30:00|0|A|0|a|4|0|S|J\n"
+                              "1|NULL|0|A|0|a|5|0|S|J\n1|soon|0|A|0|a|5|0|S|J\n"));
+    for (const char* zone : {"UTC", "America/New_York", "Australia/Adelaide"}) {
+        ::setenv("TZ", zone, 1);
+        ::tzset();
+        EXPECT_EQ(lines(kRun), "D,1,2008/03/09,02:30:00,0.000000,1:A,0,1.,$0l:\n"
+                               "D,1,2008/07/04,12:00:00,0.000000,1:A,0,2.,$0l:\n"
+                               "D,1,2008/10/05,02:30:00,0.000000,1:A,0,3.,$0l:\n"
+                               "D,1,2008/11/02,01:30:00,0.000000,1:A,0,4.,$0l:\n")
+            << zone;
+        SessionRequest range = kRun;
+        range.start.ParseDateTime("2008/10/05,02:30:00");
+        range.end.ParseDateTime("2008/11/02,01:30:00");
+        EXPECT_EQ(lines(range).size(), 2 * 47U) << zone;
+    }
+    ::unsetenv("TZ");
+    ::tzset();
+}
+
+TEST_F(SessionTest, BadInput) {
+    odbc.addSource("missing driver", "Missing", "");
+    odbc.addSqlite("no tables", "CREATE TABLE other(a);");
+    odbc.addSqlite("no column",
+                   SessionRows().sql() + "ALTER TABLE data_details DROP COLUMN units;");
+    const SessionRows rows = SessionRows().channels("Run", "A|0|60|a|u|2|S|J\n");
+    odbc.addSqlite("no data column", rows.sql() + "ALTER TABLE data_data DROP COLUMN job;");
+    odbc.addSqlite("nothing logged", rows.sql());
+    const std::string none = "Warning: No records were found matching the supplied criteria\n";
+    const std::string aborted = "Warning: Database exception. Load aborted.\n";
+
+    const struct {
+        const char* source;
+        const char* session;
+        bool good;
+        std::string message; ///< "=": the driver's own text
+        bool error;
+    } cases[] = {
+        {"nowhere", "Run", false, "=", true},
+        {"missing driver", "Run", false, "=", true},
+        {"no tables", "Run", false, "", true},
+        {"no column", "Run", false, "", true},
+        {"no data column", "Run", true, aborted, true},
+        {"nothing logged", "Run", true, "", false},
+        {"nothing logged", "Ran", false, none, false},
+        {"nothing logged", "100%", false, none, false},
+        {"nothing logged", "O'Brien", false, "", true},
+        {"nothing logged", "\"; DROP TABLE data_data; --", false, none, false},
+        {"nothing logged", "x'; DROP TABLE data_data; --", false, "", true},
+        {"nothing logged", "Grün\xFF", false, none, false},
+    };
+
+    for (const auto& row : cases) {
+        const std::string text = run({row.source, row.session});
+        EXPECT_EQ(!text.starts_with("(false)"), row.good) << row.source << ' ' << row.session;
+        EXPECT_EQ(messages.texts, row.message == "=" ? error + "\n" : row.message) << row.source;
+        EXPECT_EQ(!error.empty(), row.error) << row.source << ' ' << row.session << ' ' << error;
+        EXPECT_EQ(progress.open, 0);
+    }
+    EXPECT_TRUE(run({"nothing logged", "Run"}).ends_with("<ALL_DATA>\n")) << "nothing was dropped";
+}
+
+TEST_F(SessionTest, StopsWhenThePersonAsks) {
+    fill(SessionRows()
+             .channels("Run", "A|0|60|a|u|2|S|J\n")
+             .readings("Run", "1|2008-02-25 10:00:00|0|A|0|a|1|0|S|J\n"
+                              "1|2008-02-25 10:00:01|0|A|0|a|2|0|S|J\n"));
+    progress.abortAfter = 1;
+    EXPECT_EQ(run(kRun).substr(0, 7), "(false)");
+    progress.asked = 0;
+    EXPECT_EQ(lines(kRun), "D,1,2008/02/25,10:00:00,0.000000,1:A,0,1.,$0l:\n")
+        << "the line that was begun is written";
+}
+
+// The text goes into the grid like any file.
+TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
+    std::string channels;
+    std::string readings;
+    std::string expected = "Time|2008/02/25 10:00:00.000000|2008/02/25 10:00:01.250\n";
+    for (const char letter : std::string("ABCDEFGHIJKXV")) {
+        const std::string l(1, letter);
+        const auto add = [&](int number, const std::string& label, const std::string& type) {
+            const std::string n = std::to_string(number);
+            channels.append(l + "|" + n + "|60|" + label + "|u³|" + type + "|S|J\n");
+            readings.append("1|2008-02-25 10:00:00|0|" + l + "|" + n + "|" + label);
+            readings.append(number == 0 ? "|-12.6|2|S|J\n" : "|39503.75|0|S|J\n");
+        };
+        add(0, l + " flow", "0");
+        add(1, l + "Time", "2");
+        add(2, l + "Date", "4");
+        // The second line repeats what it has no reading for.
+        const bool again = letter == 'A';
+        expected += l + "." + l + " flow(u³)|-13|" + (again ? "inf" : "") + "\n";
+        expected += l + "." + l + "Time.Time(u³)|18:00:00|" + (again ? "18:00:00" : "") + "\n";
+        expected += l + "." + l + "Date.Date(u³)|2008/02/25|" + (again ? "2008/02/25" : "") + "\n";
+    }
+    fill(SessionRows()
+             .channels("Run", channels)
+             .readings("Run", readings + "1|2008-02-25 10:00:01|250|A|0|A flow|9e999|0|S|J\n"));
+    CSessionFromDatabase session({messages, progress, m_call, corrections});
+    SessionRequest request = kRun;
+    request.dataSource = "Site";
+    ASSERT_TRUE(session.CreateFileFromDatabaseSession(request));
+    GridData grid('.');
+    InternationalSettings international;
+    AllChannels all;
+    SessionLoader loader({grid, international, corrections, messages, progress, all});
+    ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
+    std::string shown;
+    CellBuffer buffer;
+    for (int column = 0; column <= grid.channelCount(); ++column) {
+        shown += grid.column(column).label();
+        for (Row row = 0; row < grid.rowCount(); ++row)
+            shown.append("|").append(grid.text(column, row, buffer));
+        shown += '\n';
+    }
+    EXPECT_EQ(shown, expected);
+}
+
+TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
+    fill(SessionRows().channels("Run", "A|0|60|a|u|2|S|J\n"));
+    const ScratchFolder folder;
+    ::setenv("TMPDIR", folder.path().c_str(), 1);
+    {
+        CSessionFromDatabase session({messages, progress, m_call, corrections});
+        ASSERT_TRUE(session.CreateFileFromDatabaseSession({"Site", "Run"}));
+
+        struct stat facts {};
+
+        ASSERT_EQ(::stat(session.TempFileName().c_str(), &facts), 0);
+        EXPECT_EQ(facts.st_mode & 07777, 0600U);
+        EXPECT_GT(facts.st_size, 0);
+        session.RemoveTempFile();
+        EXPECT_EQ(session.TempFileName(), "");
+    }
+
+    // A program that is killed in the middle of a load.
+    struct Killed : SilentProgress {
+        void addString(std::string_view) override { ::raise(SIGKILL); }
+    };
+
+    const pid_t child = ::fork();
+    if (child == 0) {
+        Killed killed;
+        CSessionFromDatabase({messages, killed, m_call, corrections})
+            .CreateFileFromDatabaseSession({"Site", "Run"});
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(folder.list(), "");
+    ::unsetenv("TMPDIR");
+    EXPECT_EQ(messages.texts, "");
 }
 
 } // namespace

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "RecordingSinks.h"
+#include "database/CSessionFromDatabase.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace pellam::test {
+
+/// Loads sessions from the data source "Site" and keeps what came of it.
+class SessionLoad {
+  public:
+    explicit SessionLoad(LongCall& call) : m_call(call) {}
+
+    /// The written text; "(false)" before it when the load said so.
+    std::string run(SessionRequest request) {
+        if (request.dataSource.empty()) request.dataSource = "Site";
+        messages.texts.clear();
+        CSessionFromDatabase session({messages, progress, m_call, corrections});
+        const bool good = session.CreateFileFromDatabaseSession(request);
+        error = session.LastError() ? session.LastError()->text : "";
+        std::ifstream file(session.TempFileName(), std::ios::binary);
+        std::string text{std::istreambuf_iterator<char>(file), {}};
+        return good ? text : "(false)" + text;
+    }
+
+    /// The data lines of the text alone.
+    std::string lines(const SessionRequest& request) {
+        const std::string text = run(request);
+        const std::size_t data = text.find("<ALL_DATA>\n");
+        return data == std::string::npos ? text : text.substr(data + 11);
+    }
+
+    /// The status line alone.
+    std::string status(const SessionRequest& request) {
+        const std::string text = run(request);
+        const std::size_t begin = text.find("S,0,0,");
+        return begin == std::string::npos ? text
+                                          : text.substr(begin, text.find('\n', begin) - begin);
+    }
+
+    RecordedMessages messages;
+    CountedProgress progress;
+    TimeCorrections corrections;
+    std::string error; ///< the last failure's text
+
+  protected:
+    LongCall& m_call;
+};
+
+} // namespace pellam::test
