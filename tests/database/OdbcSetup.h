@@ -32,7 +32,7 @@ class OdbcSetup {
     /// Adds a data source on a new SQLite file that the SQL text fills.
     void addSqlite(const std::string& name, const std::string& sql) {
         const std::string file = m_folder.path(name + ".db");
-        const std::string script = m_folder.write(name + ".sql", sql);
+        const std::string script = m_folder.write(name + ".sql", "BEGIN;\n" + sql + "COMMIT;\n");
         const std::string command = "sqlite3 -bail '" + file + "' < '" + script + "'";
         if (std::system(command.c_str()) != 0) std::abort();
         addSource(name, "SQLite3", "Database=" + file + "\nStepAPI=1\nDescription=SQLite file");
