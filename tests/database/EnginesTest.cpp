@@ -158,11 +158,12 @@ void expectRefusals(const DatabaseServer& server, const std::string& source) {
     EXPECT_NE(load.error.find("data_details"), std::string::npos) << load.error;
 }
 
-// The driver manager remembers data sources: every engine has its own name.
+// The driver manager remembers a data source's settings, so every test has its own.
 class Servers : public testing::TestWithParam<Engine> {
   protected:
     static std::string source() {
-        return GetParam() == Engine::PostgreSql ? "PostgreSQL" : "MariaDB";
+        const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+        return test.substr(0, 8) + (GetParam() == Engine::PostgreSql ? "PostgreSQL" : "MariaDB");
     }
 };
 

@@ -3,13 +3,15 @@
 #include "ScratchFolder.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace pellam::test {
 
 /// A folder with ODBC settings of its own, in force for this process from now on; the machine's
-/// own data sources are out of sight.
+/// own data sources are out of sight. The driver manager remembers where it found its settings, so
+/// the folder stays for the life of the process.
 class OdbcSetup {
   public:
     OdbcSetup() {
@@ -32,6 +34,7 @@ class OdbcSetup {
     /// Adds a data source on a new SQLite file that the SQL text fills.
     void addSqlite(const std::string& name, const std::string& sql) {
         const std::string file = m_folder.path(name + ".db");
+        std::filesystem::remove(file);
         const std::string script = m_folder.write(name + ".sql", "BEGIN;\n" + sql + "COMMIT;\n");
         const std::string command = "sqlite3 -bail '" + file + "' < '" + script + "'";
         if (std::system(command.c_str()) != 0) std::abort();
@@ -57,7 +60,12 @@ CREATE TABLE data_data(address VARCHAR(255), data_status INTEGER, data_time TIME
     [[nodiscard]] const ScratchFolder& folder() const { return m_folder; }
 
   private:
-    ScratchFolder m_folder;
+    static const ScratchFolder& sharedFolder() {
+        static const ScratchFolder folder;
+        return folder;
+    }
+
+    const ScratchFolder& m_folder = sharedFolder();
     std::string m_sources;
 };
 
