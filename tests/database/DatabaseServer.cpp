@@ -46,6 +46,15 @@ std::string postgresFolder() {
     return newest;
 }
 
+bool isStopped(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    std::string number;
+    std::string name;
+    std::string state;
+    file >> number >> name >> state;
+    return !file || state == "T";
+}
+
 std::vector<std::string> words(const std::string& text) {
     std::istringstream stream(text);
     return {std::istream_iterator<std::string>(stream), {}};
@@ -211,6 +220,11 @@ void DatabaseServer::signal(int number) const {
 
 void DatabaseServer::pause() const {
     signal(SIGSTOP);
+    // The signal takes its time to reach every thread.
+    ::waitpid(m_pid, nullptr, WUNTRACED);
+    for (const pid_t process : processes())
+        while (!isStopped(process))
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
 void DatabaseServer::resume() const {
