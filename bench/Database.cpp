@@ -222,6 +222,13 @@ void report(const char* engine, const char* what, const Result& result, long row
     std::fflush(stdout);
 }
 
+// The same through a driver as it is without its setting against holding the whole result.
+void measureUnset(const char* engine, const std::string& source, long rows) {
+    BackgroundCall call;
+    report(engine, "text, driver unset", inOwnProcess([&] { return load(source, call, false); }),
+           rows);
+}
+
 void measure(const char* engine, const std::string& source, long rows, int turns) {
     for (int turn = 0; turn < turns; ++turn) {
         report(engine, "raw block fetch", inOwnProcess([&] { return rawFetch(source); }), rows);
@@ -255,6 +262,8 @@ int main(int argc, char** argv) {
                        fillSql(numbers, "datetime(1704067200 + n / 10, 'unixepoch')", rows) +
                            "ANALYZE;\n");
         measure("SQLite", "SQLite", rows, turns);
+        odbc.addSource("Unset", "SQLite3", "Database=" + odbc.folder().path("SQLite.db"));
+        measureUnset("SQLite", "Unset", rows);
     }
     if (only.empty() || only == "PostgreSQL") {
         DatabaseServer server(DatabaseServer::Engine::PostgreSql);
@@ -263,10 +272,12 @@ int main(int argc, char** argv) {
                            "timestamp '2024-01-01' + n / 10 * interval '1 second'", rows) +
                    "VACUUM ANALYZE data_data;\n");
         measure("PostgreSQL", "PostgreSQL", rows, turns);
+        server.addSource(odbc, "Unset PostgreSQL", "open sesame", "UseDeclareFetch=0");
+        measureUnset("PostgreSQL", "Unset PostgreSQL", rows);
     }
     if (only.empty() || only == "MariaDB") {
         DatabaseServer server(DatabaseServer::Engine::MariaDb);
-        server.addSource(odbc, "MariaDB", "OPTION=3145728");
+        server.addSource(odbc, "MariaDB");
         server.run(fillSql("(SELECT seq AS n FROM seq_0_to_" + last + ") AS c",
                            "timestampadd(second, n div 10, '2024-01-01')", rows) +
                    "ANALYZE TABLE data_data;\n");

@@ -191,16 +191,12 @@ void DatabaseServer::run(const std::string& sql) const {
 }
 
 void DatabaseServer::addSource(OdbcSetup& odbc, const std::string& name,
-                               const std::string& settings, const std::string& password) const {
+                               const std::string& password, const std::string& fetching) const {
     const bool postgres = m_engine == Engine::PostgreSql;
-    const std::string port = std::to_string(m_port);
-    const std::string login =
-        (postgres ? "\nUserName=pellam\nPassword=" : "\nUser=pellam\nPassword=") + password +
-        "\nDatabase=sessions\nPort=" + port;
-    odbc.addSource(name, postgres ? "PostgreSQL" : "MariaDB",
-                   (postgres ? "Servername=127.0.0.1\nUseDeclareFetch=1\nFetch=1000"
-                             : "Server=127.0.0.1\nCharset=utf8mb4") +
-                       login + "\n" + settings);
+    std::string settings = postgres ? "Servername=127.0.0.1\nUserName=pellam\n" + fetching
+                                    : "Server=127.0.0.1\nUser=pellam\nCharset=utf8mb4";
+    settings += "\nPassword=" + password + "\nDatabase=sessions\nPort=" + std::to_string(m_port);
+    odbc.addSource(name, postgres ? "PostgreSQL" : "MariaDB", settings);
 }
 
 std::vector<pid_t> DatabaseServer::processes() const {

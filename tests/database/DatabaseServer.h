@@ -28,9 +28,10 @@ class DatabaseServer {
     /// Runs SQL text in the database; throws as above.
     void run(const std::string& sql) const;
 
-    /// Adds a data source for the server; `settings` are more lines of its section.
-    void addSource(OdbcSetup& odbc, const std::string& name, const std::string& settings = {},
-                   const std::string& password = "open sesame") const;
+    /// Adds a data source for the server; `fetching` is a line of its section.
+    void addSource(OdbcSetup& odbc, const std::string& name,
+                   const std::string& password = "open sesame",
+                   const std::string& fetching = "UseDeclareFetch=1") const;
 
     /// Ends it at once, as a power cut does.
     void kill();

@@ -171,7 +171,7 @@ TEST_P(Servers, GiveTheSameSessionsAndSayWhatIsWrong) {
     const DatabaseServer server(GetParam());
     OdbcSetup odbc;
     server.addSource(odbc, source());
-    server.addSource(odbc, source() + "Refused", "", "wrong");
+    server.addSource(odbc, source() + "Refused", "wrong");
     server.run(oddSession() + longSession());
     expectTheSessions(source());
     expectRefusals(server, source());
