@@ -88,7 +88,9 @@ class CurveFill {
             dot(index);
         } else {
             column.box(span.top - m_half, span.bottom + m_half);
-            for (int side = 1; side <= m_side; ++side) {
+            // Low ones are corners of lines that are wide enough.
+            const bool tall = span.bottom - span.top > 4 * m_half;
+            for (int side = 1; side <= m_side && tall; ++side) {
                 widen(index, -side);
                 widen(index, side);
             }

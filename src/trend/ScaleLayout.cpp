@@ -74,8 +74,14 @@ void findTicks(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
     }
 }
 
+// What the labels of a column of scales need, and what is kept for them.
+struct ColumnWidth {
+    double labels = 0;
+    double whole = 0;
+};
+
 double labelWidth(const ScaleBand& band, TextMeasure& metrics) {
-    double width = metrics.width(QStringLiteral("0000"));
+    double width = 0;
     for (const AxisTick& tick : band.ticks)
         width = std::max(width, metrics.width(tick.label));
     const double grain =
@@ -100,10 +106,12 @@ void placeLabels(ScaleBand& band, TextMeasure& metrics, double tickLength) {
     }
 }
 
-void placeTitle(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
+// Beside the labels: at the column's edge it would seem to belong to the next scale.
+void placeTitle(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics, double away) {
     const double height = std::ceil(metrics.height());
     band.titleText = metrics.elided(scale.text, band.band.height());
-    const double x = band.right ? band.rect.right() - height - 2 : band.rect.left() + 2;
+    const double x = band.right ? std::min(band.rect.left() + away, band.rect.right() - height - 2)
+                                : std::max(band.rect.right() - away - height, band.rect.left() + 2);
     band.title = QRectF(x, band.band.top(), height, band.band.height());
 }
 
@@ -115,19 +123,24 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
     layout.scales = shownScales(chart);
     placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.55));
 
-    std::map<std::pair<bool, int>, double> widths; // of each column, nearest to the plot first
+    // A wide chart keeps room for longer labels, so that zooming seldom moves its plot.
+    const bool wide = layout.size.width() > 60 * metrics.height();
+    const double least = metrics.width(wide ? QStringLiteral("0000") : QStringLiteral("00"));
+    std::map<std::pair<bool, int>, ColumnWidth> widths; // of each column, nearest to the plot first
     for (ScaleBand& band : layout.scales) {
         const TrendScale& scale = *chart.scale(band.axis);
         findTicks(scale, band, metrics);
         if (!scale.position.visible) continue;
         const double title = scale.text.isEmpty() ? 0 : std::ceil(metrics.height()) + 2;
-        double& width = widths[{band.right, scale.position.column}];
-        width = std::max(width, std::ceil(tickLength + labelWidth(band, metrics) + title + 8));
+        ColumnWidth& width = widths[{band.right, scale.position.column}];
+        width.labels = std::max(width.labels, labelWidth(band, metrics));
+        width.whole = std::max(width.whole,
+                               std::ceil(tickLength + std::max(least, width.labels) + title + 8));
     }
     double left = layout.plot.left();
     double right = layout.plot.right();
     for (const auto& [column, width] : widths)
-        (column.first ? right : left) += column.first ? -width : width;
+        (column.first ? right : left) += column.first ? -width.whole : width.whole;
     layout.plot.setLeft(std::min(left, layout.size.width() - 2));
     layout.plot.setRight(std::max(right, layout.plot.left() + 1));
 
@@ -142,13 +155,13 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
         double nearer = 0;
         for (const auto& [column, width] : widths)
             if (column.first == band.right && column.second < scale.position.column)
-                nearer += width;
-        const double width = widths[{band.right, scale.position.column}];
+                nearer += width.whole;
+        const ColumnWidth& width = widths[{band.right, scale.position.column}];
         const double x =
-            band.right ? layout.plot.right() + nearer : layout.plot.left() - nearer - width;
-        band.rect = QRectF(x, band.band.top(), width, band.band.height());
+            band.right ? layout.plot.right() + nearer : layout.plot.left() - nearer - width.whole;
+        band.rect = QRectF(x, band.band.top(), width.whole, band.band.height());
         placeLabels(band, metrics, tickLength);
-        placeTitle(scale, band, metrics);
+        placeTitle(scale, band, metrics, tickLength + width.labels + 6);
     }
 }
 

@@ -57,6 +57,18 @@ int timeLabelCount(const TrendLayout& layout, double span) {
     return labels;
 }
 
+void findTimeMarks(TrendLayout& layout, const TimeTicks& times) {
+    const double from = layout.timeMap.min();
+    const double to = layout.timeMap.max();
+    const int most = timeLabelCount(layout, to - from);
+    const auto isMajor = [](const AxisTick& tick) { return tick.major; };
+    for (int labels = most; labels <= most + 3; ++labels) { // a narrow axis needs one all the same
+        layout.timeMarks = times.find(from, to, labels);
+        const auto& ticks = layout.timeMarks.ticks;
+        if (std::any_of(ticks.begin(), ticks.end(), isMajor)) break;
+    }
+}
+
 // A label that would touch the one before is left out.
 void placeTimeLabels(TrendLayout& layout) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
@@ -128,9 +140,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
         QRectF(layout.plot.left(), layout.plot.bottom(), layout.plot.width(), axisHeight);
     layout.timeMap = ScaleMap(chart.state.timeMin, chart.state.timeMax, false, layout.plot.left(),
                               layout.plot.right());
-    const double span = layout.timeMap.max() - layout.timeMap.min();
-    layout.timeMarks =
-        times.find(layout.timeMap.min(), layout.timeMap.max(), timeLabelCount(layout, span));
+    findTimeMarks(layout, times);
     placeTimeLabels(layout);
     return layout;
 }

@@ -46,6 +46,13 @@ std::string bands(const TrendLayout& layout) {
 
 } // namespace
 
+TEST(TrendLayout, LabelsANarrowTimeAxisAllTheSame) {
+    TrendChart chart = chartOf(1, 1);
+    chart.state.timeMax = chart.state.timeMin + 3 * 86400;
+    for (int width = 200; width < 600; width += 20)
+        EXPECT_FALSE(layoutOf(chart, QSizeF(width, 300)).timeLabels.empty()) << width;
+}
+
 TEST(TrendLayout, PutsScalesInBands) {
     struct Row {
         const char* name;
