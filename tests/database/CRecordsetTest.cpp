@@ -21,21 +21,13 @@ std::string shown(const CTime& time) {
     return {text, time.writeTime(end)};
 }
 
-std::string tablesAnd(const char* rows) {
-    std::string sql = R"(
-CREATE TABLE data_header(channel_count INTEGER, session_date TIMESTAMP, session_id VARCHAR(400),
-                         session_info VARCHAR(40), session_notes VARCHAR(40));
-CREATE TABLE data_data(address VARCHAR(40), data_status INTEGER, data_time TIMESTAMP,
-                       data_value DOUBLE, schedule VARCHAR(40), schedule_index INTEGER,
-                       sub_time INTEGER, label VARCHAR(40), job VARCHAR(40),
-                       session_id VARCHAR(40), site_id VARCHAR(40));
-)";
-    return sql.append(rows);
+std::string zeros(std::size_t count, const char* tail) {
+    return std::string(count, '0').append(tail);
 }
 
 TEST(CRecordset, ReadsRowsInOrder) {
     OdbcSetup odbc;
-    odbc.addSqlite("Site", tablesAnd(R"(
+    odbc.addSqlite("Site", OdbcSetup::tables().append(R"(
 INSERT INTO data_header VALUES (3, '2024-02-01 10:11:12', 'Run 1  ', 'i', NULL);
 INSERT INTO data_header VALUES (NULL, NULL, 'Run 2', NULL, 'n');
 )"));
@@ -55,20 +47,81 @@ INSERT INTO data_header VALUES (NULL, NULL, 'Run 2', NULL, 'n');
     EXPECT_EQ(all, "3|2024/02/01 10:11:12|Run 1|i|\n0|0000/00/00 00:00:00|Run 2||n\n");
 }
 
-TEST(CRecordset, TimeFilter) {
+// Texts end at 255 bytes, never inside a character, and without trailing white space.
+TEST(CRecordset, CutsAndTrimsTexts) {
+    const struct {
+        const char* sql;
+        std::string text;
+    } cases[] = {
+        {"printf('%0254d', 0) || 'x'", zeros(254, "x")},
+        {"printf('%0256d', 0)", zeros(255, "")},
+        {"printf('%0254d', 0) || 'é'", zeros(254, "")},
+        {"printf('%0253d', 0) || 'é'", zeros(253, "é")},
+        {"printf('%0252d', 0) || '\U0001F321'", zeros(252, "")},
+        {"printf('%0250d', 0) || '          '", zeros(250, "")},
+        {"'  a' || char(9, 32, 13, 10)", "  a"},
+        {"'   '", ""},
+    };
+
+    std::string sql = OdbcSetup::tables();
+    for (const auto& row : cases)
+        sql.append("INSERT INTO data_header(session_id) VALUES (").append(row.sql).append(");\n");
     OdbcSetup odbc;
-    odbc.addSqlite("Site", tablesAnd(R"(
-INSERT INTO data_data VALUES ('1',0,'2024-02-01 10:11:12',1.5,'A',0,0,'L','J','S','T');
-INSERT INTO data_data VALUES ('1',0,'2024-02-01 10:11:13',2.5,'A',0,0,'L','J','S','T');
-)"));
+    odbc.addSqlite("Texts", sql);
     InlineCall call;
     CDatabase database(call);
-    ASSERT_FALSE(database.OpenEx("DSN=Site"));
-    CDBDataData1 rows(database);
-    rows.m_strFilter = "data_time >= {ts '2024-02-01 10:11:13'} AND label = \"L\"";
-    const SqlFailure opened = rows.Open(CRecordset::forwardOnly);
-    ASSERT_FALSE(opened) << opened->text;
-    EXPECT_EQ(shown(rows.m_data_time), "2024/02/01 10:11:13");
+    ASSERT_FALSE(database.OpenEx("DSN=Texts"));
+    CDBDataHeader rows(database);
+    ASSERT_FALSE(rows.Open(CRecordset::forwardOnly));
+    for (const auto& row : cases) {
+        EXPECT_EQ(rows.m_session_id, row.text) << row.sql;
+        ASSERT_FALSE(rows.MoveNext());
+    }
+    EXPECT_TRUE(rows.IsEOF());
+    EXPECT_FALSE(rows.IsBOF());
+    EXPECT_FALSE(rows.MoveNext()) << "harmless at the end";
+    rows.m_strFilter = "session_id = 'none'";
+    ASSERT_FALSE(rows.Requery());
+    EXPECT_TRUE(rows.IsBOF() && rows.IsEOF());
+    rows.m_strFilter = "no_such_column = 1";
+    const SqlFailure failure = rows.Requery();
+    ASSERT_TRUE(failure);
+    EXPECT_NE(failure->text.find("no_such_column"), std::string::npos) << failure->text;
+    EXPECT_EQ(failure->state.size(), 5U);
+    database.Close();
+    EXPECT_TRUE(rows.Open(CRecordset::forwardOnly)) << "closed";
+}
+
+template <class Rows>
+std::string facts(CDatabase& database) {
+    Rows rows(database);
+    return std::string(rows.GetDefaultSQL()) + std::to_string(rows.fieldCount());
+}
+
+TEST(CRecordset, ClassesAndTheirTables) {
+    InlineCall call;
+    CDatabase database(call);
+    EXPECT_EQ(facts<CDBDataHeader>(database), "[data_header]5");
+    EXPECT_EQ(facts<CDBDataDetails>(database), "[data_details]16");
+    EXPECT_EQ(facts<CDBDataData3>(database), "[data_data]9");
+    EXPECT_EQ(facts<CDBDataData1>(database), "[data_data]1");
+    EXPECT_EQ(facts<CDBDataData2>(database), "[data_data]1");
+}
+
+TEST(DataSources, AreListedWithTheirDescriptions) {
+    OdbcSetup odbc;
+    EXPECT_TRUE(dataSources().empty());
+    EXPECT_EQ(firstDriverText(), "");
+    odbc.addSource("Zeta", "MySQL ODBC 8", "");
+    odbc.addSource("A name of thirty-one characters", "SQLite3", "");
+    std::string all;
+    for (const DataSource& source : dataSources())
+        all += source.name + "=" + source.description + "\n";
+    EXPECT_NE(all.find("Zeta=MySQL ODBC 8\n"), std::string::npos) << all;
+    EXPECT_NE(all.find("A name of thirty-one characte=SQLite3\n"), std::string::npos) << all;
+    EXPECT_EQ(firstDriverText(), dataSources().front().description);
+    EXPECT_TRUE(isMySqlDriver("MySQL ODBC 8"));
+    EXPECT_FALSE(isMySqlDriver("MariaDB Unicode"));
 }
 
 } // namespace

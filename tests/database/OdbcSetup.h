@@ -19,6 +19,7 @@ class OdbcSetup {
                                        "[PostgreSQL]\nDriver=psqlodbca.so\n"
                                        "[MariaDB]\nDriver=libmaodbc.so\n"
                                        "[Missing]\nDriver=/nowhere/libmissing.so\n");
+        m_folder.write("odbc.ini", "");
         ::setenv("ODBCSYSINI", m_folder.path().c_str(), 1);
         ::setenv("ODBCINI", m_folder.path("odbc.ini").c_str(), 1);
         ::unsetenv("ODBCINSTINI");
