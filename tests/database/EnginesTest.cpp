@@ -185,10 +185,10 @@ TEST_P(Servers, ThatStopAnsweringAreLeftAfterTheTimeOut) {
     BackgroundCall call;
     CDatabase database(call);
     ASSERT_FALSE(database.OpenEx("DSN=" + source()));
-    database.SetQueryTimeout(1);
     CDBDataDetails rows(database);
     ASSERT_FALSE(rows.Open(CRecordset::forwardOnly));
     server.pause();
+    database.SetQueryTimeout(1);
     const SqlFailure failure = rows.Requery();
     EXPECT_EQ(failure ? failure->text : "", "The database did not answer within 1 seconds.");
     EXPECT_FALSE(database.IsOpen());
@@ -218,7 +218,7 @@ struct KillingCall : BackgroundCall {
     }
 
     bool whileWaiting() override {
-        if (std::chrono::steady_clock::now() - start > std::chrono::seconds(3)) server.kill();
+        if (std::chrono::steady_clock::now() - start > std::chrono::seconds(6)) server.kill();
         return true;
     }
 
@@ -236,7 +236,9 @@ TEST_P(Servers, KilledInTheMiddleOfALoad) {
     if (!postgres)
         server.run("RENAME TABLE data_data TO readings;"
                    "CREATE VIEW data_data AS SELECT * FROM readings WHERE sleep(1) = 0;");
-    KillingCall call(server);
+    KillingCall killing(server);
+    BackgroundCall waiting;
+    LongCall& call = postgres ? static_cast<LongCall&>(waiting) : killing;
     KillingProgress progress(server);
     test::RecordedMessages messages;
     const TimeCorrections corrections;
