@@ -37,7 +37,7 @@ class XdndSource {
         send("XdndPosition", {0, x << 16 | y, XCB_CURRENT_TIME, atom("XdndActionCopy")});
         if ((waitFor("XdndStatus") & 1) == 0) {
             send("XdndLeave", {});
-            xcb_flush(m_x);
+            atom("_SYNCHRONIZE"); // an answer means that the message before it has arrived
             return "refused";
         }
         send("XdndDrop", {0, XCB_CURRENT_TIME, 0, 0});
@@ -59,7 +59,10 @@ class XdndSource {
         m_x = xcb_connect(nullptr, nullptr);
         if (xcb_connection_has_error(m_x)) std::exit(2);
         const auto* screen = xcb_setup_roots_iterator(xcb_get_setup(m_x)).data;
-        m_window = xcb_generate_id(m_x);
+        // The next program may be given this one's numbers: messages on their way to one window
+        // must not reach another.
+        for (int i = ::getpid() % 4096; i >= 0; --i)
+            m_window = xcb_generate_id(m_x);
         xcb_create_window(m_x, XCB_COPY_FROM_PARENT, m_window, screen->root, 0, 0, 1, 1, 0,
                           XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
         xcb_set_selection_owner(m_x, m_window, atom("XdndSelection"), XCB_CURRENT_TIME);

@@ -99,7 +99,7 @@ bool CMyDropTarget::answer(QDropEvent& event) {
     const QMimeData& data = *event.mimeData();
     const bool taken = event.type() == QEvent::Drop        ? OnDrop(data)
                        : event.type() == QEvent::DragEnter ? OnDragEnter(data)
-                                                           : OnDragOver(data);
+                                                           : OnDragOver();
     if (!taken) return true;
     event.setDropAction(Qt::CopyAction);
     event.accept();
@@ -110,12 +110,11 @@ bool CMyDropTarget::isReady() const {
     return m_context && m_context->ready();
 }
 
-bool CMyDropTarget::OnDragEnter(const QMimeData& data) const {
-    return !firstFile(data).isEmpty() || offersDescriptor(data) || XDirectSave::isOffered(data);
-}
-
-bool CMyDropTarget::OnDragOver(const QMimeData& data) const {
-    return OnDragEnter(data);
+// Looked at once a drag: the data come from the other program, however slow it is.
+bool CMyDropTarget::OnDragEnter(const QMimeData& data) {
+    m_accepted =
+        offersDescriptor(data) || XDirectSave::isOffered(data) || !firstFile(data).isEmpty();
+    return m_accepted;
 }
 
 bool CMyDropTarget::OnDrop(const QMimeData& data) {

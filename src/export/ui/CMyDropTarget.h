@@ -41,8 +41,11 @@ class CMyDropTarget : public QObject {
     void setContext(DropContext context) { m_context.emplace(std::move(context)); }
 
     /// Whether a drag with these data is accepted.
-    [[nodiscard]] bool OnDragEnter(const QMimeData& data) const;
-    [[nodiscard]] bool OnDragOver(const QMimeData& data) const;
+    bool OnDragEnter(const QMimeData& data);
+
+    /// The same while the drag goes on.
+    [[nodiscard]] bool OnDragOver() const { return m_accepted; }
+
     /// Takes a drop; false when nothing came of it. Messages are shown once the drop has ended:
     /// the other program waits for that.
     bool OnDrop(const QMimeData& data);
@@ -68,6 +71,7 @@ class CMyDropTarget : public QObject {
     void showLater(const QString& text);
 
     QWidget* m_widget;
+    bool m_accepted = false; ///< the last drag that entered
     std::optional<DropContext> m_context;
 };
 
