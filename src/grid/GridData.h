@@ -2,6 +2,7 @@
 
 #include "grid/CellColour.h"
 #include "grid/Column.h"
+#include "grid/FractionUnit.h"
 
 #include <cstdint>
 #include <memory>
@@ -75,6 +76,11 @@ class GridData {
 
     void setChanged(bool changed) { m_changed = changed; }
 
+    /// How the fractions in the time column count; decimal places after a reset.
+    [[nodiscard]] FractionUnit fractionUnit() const { return m_fractionUnit; }
+
+    void setFractionUnit(FractionUnit unit) { m_fractionUnit = unit; }
+
     /// Rows that hold a line which failed its checksum, in ascending order.
     [[nodiscard]] std::span<const Row> damagedRows() const { return m_damagedRows; }
 
@@ -88,6 +94,7 @@ class GridData {
     Row m_rowCount = 0;
     int m_channelCount = 0;
     bool m_changed = false;
+    FractionUnit m_fractionUnit = FractionUnit::DecimalPlaces;
 };
 
 } // namespace pellam

@@ -87,8 +87,11 @@ std::string_view LoggerClock::dateTime(std::string_view field, char separator, B
     out = writeTime(out, local);
     if (!fraction.empty()) {
         *out++ = separator;
+        // Six digits at least: a shorter number of them would count microseconds.
         std::memcpy(out, fraction.data(), fraction.size());
         out += fraction.size();
+        for (std::size_t digits = fraction.size(); digits < 6; ++digits)
+            *out++ = '0';
     }
     return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }

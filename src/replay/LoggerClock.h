@@ -18,7 +18,8 @@ class LoggerClock {
     explicit LoggerClock(const TimeCorrections& corrections) : m_corrections(corrections) {}
 
     /// "yyyy/MM/dd HH:mm:ss" of a field of seconds since the logger's epoch; a fraction of the
-    /// field follows behind `separator`. A field that is no number counts as 0.
+    /// field follows behind `separator`, in six digits or more. A field that is no number counts as
+    /// 0.
     std::string_view dateTime(std::string_view seconds, char separator, Buffer& buffer);
 
     /// "yyyy/MM/dd" of a number of days since the logger's epoch; empty when out of range.

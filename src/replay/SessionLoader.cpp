@@ -38,6 +38,9 @@ LoadOutcome SessionLoader::load(const std::string& path) {
                                 ". Close other programs or load fewer channels.");
     }
     if (outcome.loaded) {
+        const bool replay =
+            outcome.kind == LoadOutcome::Kind::Data || outcome.kind == LoadOutcome::Kind::Alarm;
+        grid.setFractionUnit(replay ? FractionUnit::Microseconds : FractionUnit::DecimalPlaces);
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
         outcome.firstTime = timeOf(grid, outcome.rows > 0 ? 0 : -1, outcome.kind);

@@ -17,12 +17,6 @@ std::uint64_t packedDay(Cell cell) {
     return cell.payload() >> 41;
 }
 
-// What TimeScanner::fraction() gives for the same digits.
-std::uint32_t microseconds(Cell cell, const TimeCell::Fields& fields) {
-    if (cell.kind() != Cell::Kind::TimeSlash) return fields.microseconds();
-    return fields.fractionDigits < 2 ? 0 : fields.fraction;
-}
-
 } // namespace
 
 RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings) : m_grid(grid) {
@@ -35,7 +29,8 @@ void RowTimes::learnPattern(const InternationalSettings& settings) {
     CellBuffer buffer;
     for (Row row = 0; row < m_grid.rowCount(); row += step) {
         const std::string_view text = m_grid.text(0, row, buffer);
-        if (!text.empty() && !parseYearFirst(text)) samples.emplace_back(text);
+        if (!text.empty() && !parseYearFirst(text, m_grid.fractionUnit()))
+            samples.emplace_back(text);
     }
     std::ptrdiff_t best = 0;
     for (const char* const pattern :
@@ -43,7 +38,7 @@ void RowTimes::learnPattern(const InternationalSettings& settings) {
         const TimePattern candidate(pattern, settings);
         const auto readable =
             std::count_if(samples.begin(), samples.end(), [&](const std::string& text) {
-                return candidate.parse(text).has_value();
+                return candidate.parse(text, m_grid.fractionUnit()).has_value();
             });
         if (readable <= best) continue;
         best = readable;
@@ -67,15 +62,12 @@ double RowTimes::moment(Cell cell) {
 double RowTimes::momentOfFields(Cell cell) {
     const TimeCell::Fields fields = TimeCell::fields(cell);
     const bool sameDay = packedDay(cell) == m_packedDay;
+    const std::uint32_t microseconds = m_grid.fractionUnit() == FractionUnit::Microseconds
+                                           ? fields.fraction
+                                           : fields.microseconds();
     if (!sameDay || fields.hour > 23 || fields.minute > 59 || fields.second > 59) {
-        TimeFields plain{fields.year,
-                         fields.month,
-                         fields.day,
-                         fields.hour,
-                         fields.minute,
-                         fields.second,
-                         microseconds(cell, fields),
-                         {}};
+        TimeFields plain{fields.year,   fields.month,  fields.day,   fields.hour,
+                         fields.minute, fields.second, microseconds, {}};
         const auto stamp = plain.stamp();
         if (!stamp) return unreadable();
         m_packedDay = packedDay(cell);
@@ -83,7 +75,7 @@ double RowTimes::momentOfFields(Cell cell) {
     }
     const std::int64_t seconds =
         m_dayStart + fields.hour * 3600 + fields.minute * 60 + fields.second;
-    return place({seconds, microseconds(cell, fields), false});
+    return place({seconds, microseconds, false});
 }
 
 double RowTimes::momentOfText(Cell cell) {
@@ -93,8 +85,9 @@ double RowTimes::momentOfText(Cell cell) {
 }
 
 std::optional<TimeStamp> RowTimes::parse(std::string_view text) const {
-    if (auto stamp = parseYearFirst(text)) return stamp;
-    return m_patterns.empty() ? std::nullopt : m_patterns.front().parse(text);
+    if (auto stamp = parseYearFirst(text, m_grid.fractionUnit())) return stamp;
+    return m_patterns.empty() ? std::nullopt
+                              : m_patterns.front().parse(text, m_grid.fractionUnit());
 }
 
 double RowTimes::place(const TimeStamp& stamp) {

@@ -48,8 +48,8 @@ void TimePattern::add(std::string_view pattern) {
     }
 }
 
-std::optional<TimeStamp> TimePattern::parse(std::string_view text) const {
-    TimeScanner scanner(text);
+std::optional<TimeStamp> TimePattern::parse(std::string_view text, FractionUnit unit) const {
+    TimeScanner scanner(text, unit);
     TimeFields fields;
     for (const Token& token : m_date) {
         const bool taken =

@@ -18,7 +18,7 @@ class TimePattern {
     TimePattern(std::string_view datePattern, const InternationalSettings& settings);
 
     /// Reads a text of the pattern, perhaps with a fraction of a second, or its date alone.
-    [[nodiscard]] std::optional<TimeStamp> parse(std::string_view text) const;
+    [[nodiscard]] std::optional<TimeStamp> parse(std::string_view text, FractionUnit unit) const;
 
   private:
     struct Token {

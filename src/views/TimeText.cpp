@@ -1,11 +1,8 @@
 #include "views/TimeText.h"
 
-#include "replay/CMyTime.h"
-
 #include <algorithm>
 #include <cctype>
 #include <chrono>
-#include <string>
 
 namespace pellam {
 
@@ -40,7 +37,6 @@ bool takeDate(TimeScanner& scanner, TimeFields& fields) {
     const char separator = compact ? '-' : scanner.oneOf("/-.");
     const auto month = scanner.number(compact ? 2 : 1, 2);
     if (!year || !separator || !month) return false;
-    if (separator != '/') scanner.useDecimalPlaces();
     if (!compact && scanner.oneOf("/-.") != separator) return false;
     const auto day = scanner.number(compact ? 2 : 1, 2);
     if (!day) return false;
@@ -77,7 +73,7 @@ std::optional<TimeStamp> TimeFields::stamp() const {
     return stamp;
 }
 
-TimeScanner::TimeScanner(std::string_view text) : m_rest(text) {
+TimeScanner::TimeScanner(std::string_view text, FractionUnit unit) : m_rest(text), m_unit(unit) {
     while (!m_rest.empty() && (m_rest.back() == ' ' || m_rest.back() == '\t'))
         m_rest.remove_suffix(1);
     blanks();
@@ -125,16 +121,11 @@ bool TimeScanner::blanks() {
 
 std::uint32_t TimeScanner::fraction() {
     const std::size_t digits = digitsAhead();
-    const std::string_view taken = m_rest.substr(0, digits);
-    m_rest.remove_prefix(digits);
-    if (!m_decimalPlaces) {
-        CMyTime offset;
-        offset.SetDateTimeOffset("0." + std::string(taken));
-        return offset.GetMicroSecond();
-    }
+    const bool padded = m_unit == FractionUnit::DecimalPlaces || digits > 6;
     std::uint32_t value = 0;
-    for (std::size_t i = 0; i < 6; ++i)
-        value = value * 10 + (i < digits ? static_cast<std::uint32_t>(taken[i] - '0') : 0);
+    for (std::size_t i = 0; i < (padded ? 6 : digits); ++i)
+        value = value * 10 + (i < digits ? static_cast<std::uint32_t>(m_rest[i] - '0') : 0);
+    m_rest.remove_prefix(digits);
     return value;
 }
 
@@ -153,8 +144,8 @@ bool TimeScanner::timeOfDay(TimeFields& fields) {
     return true;
 }
 
-std::optional<TimeStamp> parseYearFirst(std::string_view text) {
-    TimeScanner scanner(text);
+std::optional<TimeStamp> parseYearFirst(std::string_view text, FractionUnit unit) {
+    TimeScanner scanner(text, unit);
     TimeFields fields;
     if (!takeDate(scanner, fields)) return {};
     if (scanner.blanks() || scanner.oneOf("Tt")) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid/FractionUnit.h"
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -9,7 +11,7 @@ namespace pellam {
 /// A moment as a text names it.
 struct TimeStamp {
     std::int64_t seconds = 0;       ///< since 1970-01-01 00:00:00, local unless `utc`
-    std::uint32_t microseconds = 0; ///< 1000000 and more are kept as they are
+    std::uint32_t microseconds = 0; ///< 0 to 999999
     bool utc = false;               ///< the text named its offset from UTC
 };
 
@@ -31,7 +33,7 @@ struct TimeFields {
 /// Walks through a text that holds a time.
 class TimeScanner {
   public:
-    explicit TimeScanner(std::string_view text);
+    TimeScanner(std::string_view text, FractionUnit unit);
 
     [[nodiscard]] bool atEnd() const { return m_rest.empty(); }
 
@@ -45,24 +47,19 @@ class TimeScanner {
     bool blanks();
     /// Takes "H:mm", "H:mm:ss" and a fraction behind '.' or ','.
     bool timeOfDay(TimeFields& fields);
-    /// Takes the digits of a fraction; its microseconds.
+    /// Takes the digits of a fraction; its microseconds. More than six digits can't be a count
+    /// within a second: they are decimal places in either unit, and six of them are used.
     std::uint32_t fraction();
-
-    /// From here on a fraction's digits count as decimal places, of which six are used. Without
-    /// this they are a number of microseconds, as CMyTime::SetDateTimeOffset() reads them.
-    void useDecimalPlaces() { m_decimalPlaces = true; }
 
     [[nodiscard]] std::size_t digitsAhead() const;
 
   private:
     std::string_view m_rest;
-    bool m_decimalPlaces = false;
+    FractionUnit m_unit;
 };
 
 /// A time in a form that puts the year first: "2008/02/25 12:00:00.000488", "2008-2-5T12:30",
 /// ISO 8601 with its offset ("2008-02-25T12:00:00+01:00", "20080225T120000Z"), or a date alone.
-/// Behind a date with slashes a fraction counts microseconds, otherwise it is decimal places, as
-/// ISO 8601 has them.
-std::optional<TimeStamp> parseYearFirst(std::string_view text);
+std::optional<TimeStamp> parseYearFirst(std::string_view text, FractionUnit unit);
 
 } // namespace pellam

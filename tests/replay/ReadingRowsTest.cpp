@@ -169,7 +169,7 @@ TEST_F(ReadingRowsTest, NumericTimesKeepTheirFractionAndReachFar) {
     std::string times;
     for (Row row = 0; row < grid->rowCount(); ++row)
         times += cell(0, row) + "\n";
-    EXPECT_EQ(times, "2008/03/10 07:06:35.25\n2008/03/10 07:06:35.50\n2274/03/14 16:00:00\n"
+    EXPECT_EQ(times, "2008/03/10 07:06:35.250000\n2008/03/10 07:06:35.500000\n2274/03/14 16:00:00\n"
                      "1988/12/31 23:59:59\n1989/01/01 00:00:01\n1989/01/01 00:00:00\n");
 }
 

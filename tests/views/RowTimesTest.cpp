@@ -16,8 +16,10 @@ namespace {
 
 /// Moments of a column of time texts, as UTC, one a line; "-" for none.
 std::string momentsOf(const std::vector<std::string>& texts,
-                      const InternationalSettings& settings = {}) {
+                      const InternationalSettings& settings = {},
+                      FractionUnit unit = FractionUnit::DecimalPlaces) {
     GridData grid(settings.decimalSeparator);
+    grid.setFractionUnit(unit);
     for (std::size_t i = 0; i < texts.size(); ++i)
         grid.setText(0, static_cast<Row>(i), texts[i]);
     grid.setRowCount(static_cast<Row>(texts.size()));
@@ -63,19 +65,16 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Form{"Loader", "2008/02/25 12:00:05", "02-25 12:00:05"},
         Form{"SixDigits", "2008/02/25 12:00:05.000488", "02-25 12:00:05.000488"},
-        Form{"SixDigitsDecimalComma", "2008/02/25 12:00:05,250000", "02-25 12:00:05.250000"},
-        Form{"DigitsCountMicroseconds", "2008/02/25 12:00:05.25", "02-25 12:00:05.000025"},
-        Form{"OneDigitIsNone", "2008/02/25 12:00:05,5", "02-25 12:00:05"},
-        Form{"ManyDigitsGoOn", "2008/02/25 12:00:05.2000000", "02-25 12:00:07"},
-        Form{"IsoTwoDigits", "2008-02-25 12:00:05.25", "02-25 12:00:05.250000"},
-        Form{"IsoNineDigitsAreCut", "2008-02-25T12:00:05.123456789", "02-25 12:00:05.123456"},
+        Form{"TwoDigits", "2008/02/25 12:00:05.25", "02-25 12:00:05.250000"},
+        Form{"DecimalComma", "2008/02/25 12:00:05,5", "02-25 12:00:05.500000"},
+        Form{"NineDigitsAreCut", "2008-02-25T12:00:05.123456789", "02-25 12:00:05.123456"},
         Form{"WithoutSeconds", "2008/2/25 7:05", "02-25 07:05:00"},
         Form{"DateAlone", "2008-02-25", "02-25 00:00:00"},
         Form{"IsoWithOffset", "2008-02-25T12:00:00+01:30", "02-25 10:30:00"},
         Form{"IsoUtc", "2008-02-25T12:00:00.5Z", "02-25 12:00:00.500000"},
         Form{"IsoCompact", "20080225T120005", "02-25 12:00:05"},
         Form{"LocalePattern", "25/02/2008 12:00:05", "02-25 12:00:05"},
-        Form{"LocalePatternWithPoints", "25.02.2008 12:00:05.75", "02-25 12:00:05.000075"},
+        Form{"LocalePatternWithPoints", "25.02.2008 12:00:05.75", "02-25 12:00:05.750000"},
         Form{"Afternoon", "25/02/2008 01:05:00 PM", "02-25 13:05:00"},
         Form{"Midnight", "25/02/2008 12:05:00 am", "02-25 00:05:00"},
         Form{"MonthFirstWhereTheDaySaysSo", "02/25/2008 12:00:05", "02-25 12:00:05"},
@@ -89,6 +88,16 @@ INSTANTIATE_TEST_SUITE_P(
         Form{"AfterTimeStamps", "2107/01/01 00:00:00", "-"}, Form{"Words", "first sample", "-"},
         Form{"Number", "17.5", "-"}, Form{"TrailingWords", "2008/02/25 12:00:05 rain", "-"}),
     [](const auto& row) { return row.param.name; });
+
+TEST(RowTimes, LoggersCountMicroseconds) {
+    const ZoneScope zone("UTC");
+    EXPECT_EQ(momentsOf({"2008/02/25 12:00:05", "2008/02/25 12:00:05.5", "2008/02/25 12:00:05.25",
+                         "2008/02/25 12:00:05,000488", "2008/02/25 12:00:05.500000",
+                         "2008/02/25 12:00:05.1234567"},
+                        {}, FractionUnit::Microseconds),
+              "02-25 12:00:05|02-25 12:00:05.000005|02-25 12:00:05.000025|02-25 12:00:05.000488|"
+              "02-25 12:00:05.500000|02-25 12:00:05.123456");
+}
 
 TEST(RowTimes, TheOrderOfDayAndMonthIsTheOneThatMostRowsAllow) {
     const ZoneScope zone("UTC");

@@ -114,7 +114,7 @@ TEST(TrendBuilder, TakesSelectedChannelsAloneInColumnOrder) {
 TEST(TrendBuilder, DecimalCommasInValuesTimesAndSentinels) {
     const ZoneScope zone("UTC");
     GridData grid(',');
-    fillCharted(grid, "Time|A\n2024/01/01 00:01:00,500000|1,25\n2024/01/01 00:01:30,250000|99999,95\n");
+    fillCharted(grid, "Time|A\n2024/01/01 00:01:00,5|1,25\n2024/01/01 00:01:30,25|99999,95\n");
     const TrendTable table = tableOf(grid);
     EXPECT_EQ(table.times, (std::vector<double>{1704067260.5, 1704067290.25}));
     EXPECT_EQ(table.curves[0].values[0], 1.25);
