@@ -85,7 +85,7 @@ SELECT address, CASE WHEN (n + seed * 37) % 997 = 500 THEN 2 ELSE 0 END,
        datetime(start + at, 'unixepoch'),
        CASE WHEN label LIKE 'Last%' THEN (start + at - n % 7 * 40) / 86400.0 + 25569
             ELSE round(base + swing * wave + noise * chance, 3) END,
-       schedule, number, part * 1000 / parts, label, job, session, site
+       schedule, number, part * 1000000 / parts, label, job, session, site
 FROM shaped
 -- A stop for service, and a reading now and then that did not come.
 WHERE NOT (session = 'Boiler house February' AND at BETWEEN 691200 AND 702000)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # From a fresh machine to Pellam open on a sample: run.sh [FILE]
-# File > Open Database Session offers the data source "Pellam Samples" beside the user's own. Where there is no display, writes what the window would show into build/ instead.
+# File > Open Database Session offers the data source "Pellam Samples" beside the user's own. Where there
+# is no display, writes what the window would show into build/ instead.
 set -euo pipefail
 file=$(realpath -- "${1:-$(dirname "$0")/../samples/weather-mast.dlr}")
 cd "$(dirname "$0")/.."
