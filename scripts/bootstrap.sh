@@ -6,8 +6,8 @@ set -euo pipefail
 packages=(
     # compiler, build and its cache
     build-essential cmake ninja-build ccache
-    # formatting, static checks, fuzzing
-    clang clang-format clang-tidy libclang-rt-14-dev
+    # formatting (of the files that git lists), static checks, fuzzing
+    git clang clang-format clang-tidy libclang-rt-14-dev
     # window toolkit
     qt6-base-dev qt6-svg-dev libgl-dev
     # files that another program writes where they are dropped
