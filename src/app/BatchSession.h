@@ -40,7 +40,10 @@ class BatchSession {
         explicit Call(TerminalProgress& progress) : m_progress(progress) {}
 
       protected:
-        bool whileWaiting() override { return !m_progress.aborted(); }
+        bool whileWaiting() override {
+            m_progress.refresh();
+            return !m_progress.aborted();
+        }
 
       private:
         TerminalProgress& m_progress;

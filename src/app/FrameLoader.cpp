@@ -21,15 +21,19 @@ namespace {
 /// The channel dialog, made only when a large file asks for it.
 class DialogChooser : public ChannelChooser {
   public:
-    explicit DialogChooser(QWidget* window) : m_window(window) {}
+    DialogChooser(QWidget* window, CConnectionStatus& progress)
+        : m_window(window),
+          m_progress(progress) {}
 
     std::vector<std::string> choose(const std::vector<std::string>& offered) override {
+        m_progress.hide(); // it comes back with the next progress
         COptionTreeDlg dialog(m_window);
         return dialog.choose(offered);
     }
 
   private:
     QWidget* m_window;
+    CConnectionStatus& m_progress;
 };
 
 /// Filters of the open dialog: the text shown, then in brackets of its own what it lets through.
@@ -82,7 +86,7 @@ LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOut
 }
 
 LoadOutcome FrameLoader::read(const QString& path) {
-    DialogChooser chooser(m_context.window);
+    DialogChooser chooser(m_context.window, progress());
     const auto saveFolder = [this] {
         return QFile::encodeName(
                    m_context.app.GetProfileString(profile::kSection, profile::kSaveFolder))

@@ -48,17 +48,23 @@ void TerminalProgress::start(std::string_view, std::string_view firstLine, std::
     m_first = first;
     m_last = last;
     m_position = first;
+    m_positionKnown = false;
     m_drawn = std::chrono::steady_clock::now(); // what is over quickly shows no bar
 }
 
 void TerminalProgress::addString(std::string_view text) {
     if (!m_terminal) return;
     m_text = text;
-    setPosition(m_position);
+    refresh();
 }
 
 void TerminalProgress::setPosition(std::int64_t position) {
     m_position = position;
+    m_positionKnown = true;
+    refresh();
+}
+
+void TerminalProgress::refresh() {
     if (m_terminal && std::chrono::steady_clock::now() - m_drawn >= kRedraw) draw();
 }
 
@@ -84,7 +90,8 @@ std::string TerminalProgress::bar(std::int64_t position, std::int64_t first, std
 }
 
 void TerminalProgress::draw() {
-    const std::string line = '\r' + bar(m_position, m_first, m_last, m_text) + "\033[K";
+    const std::string shown = m_positionKnown ? bar(m_position, m_first, m_last, m_text) : m_text;
+    const std::string line = '\r' + shown + "\033[K";
     std::fwrite(line.data(), 1, line.size(), stderr);
     m_drawn = std::chrono::steady_clock::now();
     m_visible = true;

@@ -12,7 +12,7 @@ class ProgressSink {
     virtual ~ProgressSink() = default;
 
     /// Opens the progress display. `first` and `last` are the ends of the position range, in the
-    /// caller's own unit.
+    /// caller's own unit; how far it is counts as unknown until the first setPosition().
     virtual void start(std::string_view title, std::string_view firstLine, std::int64_t first,
                        std::int64_t last) = 0;
 

@@ -158,6 +158,7 @@ TEST_F(ConnectionStatusTest, AbortIsPostedOnlyWhenEnabled) {
     m_status.start("Loading", "", 0, 1);
     m_status.requestAbort();
     EXPECT_EQ(posted, 0);
+    m_status.finish();
     m_status.EnablePostingOfAbort();
     m_status.start("Loading", "", 0, 1);
     m_status.requestAbort();
@@ -211,6 +212,29 @@ TEST_F(ConnectionStatusTest, BarIsScaledFromAnyRange) {
         m_status.AddString(row.name, true);
         EXPECT_EQ(bar(), row.permyriad);
     }
+}
+
+TEST_F(ConnectionStatusTest, BarIsBusyUntilAPositionIsReported) {
+    m_status.start("Loading", "Loading...", 0, 10);
+    EXPECT_EQ(m_status.findChild<QProgressBar*>()->maximum(), 0);
+    m_status.setPosition(0);
+    m_status.AddString("Found", true);
+    EXPECT_EQ(m_status.findChild<QProgressBar*>()->maximum(), 10000);
+}
+
+TEST_F(ConnectionStatusTest, AnOperationWithinAnotherSharesItsWindowAndAbort) {
+    m_status.start("Loading Session", "Querying...", 0, 10);
+    waitUntilShown();
+    m_status.start("Loading Pellam", "Loading...", 0, 10);
+    EXPECT_EQ(m_status.windowTitle(), u"Loading Pellam");
+    m_status.requestAbort();
+    m_status.finish();
+    EXPECT_TRUE(m_status.isVisible());
+    m_status.start("Loading Pellam", "Loading...", 0, 10);
+    EXPECT_TRUE(m_status.aborted());
+    m_status.finish();
+    m_status.finish();
+    EXPECT_FALSE(m_status.isVisible());
 }
 
 TEST_F(ConnectionStatusTest, TenStepsFillTheBar) {

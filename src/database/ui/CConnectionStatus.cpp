@@ -136,6 +136,7 @@ void CConnectionStatus::SetProgressRange(std::int64_t first, std::int64_t last) 
 
 void CConnectionStatus::SetProgressPos(std::int64_t position) {
     m_position = std::clamp(position, m_first, m_last);
+    m_positionKnown = true;
     pumpIfDue();
 }
 
@@ -150,23 +151,24 @@ void CConnectionStatus::HideWindow(int milliseconds) {
 
 void CConnectionStatus::start(std::string_view title, std::string_view firstLine,
                               std::int64_t first, std::int64_t last) {
-    m_running = true;
-    m_aborted = false;
-    m_hiddenByUser = false;
-    m_abort->setEnabled(true);
-    m_sinceStart.start();
-    m_sincePump.start();
+    if (m_running++ == 0) {
+        m_aborted = false;
+        m_hiddenByUser = false;
+        m_abort->setEnabled(true);
+        m_sinceStart.start();
+        m_sincePump.start();
+        m_text.clear();
+        m_log.clear();
+        m_lastLine = 0;
+    }
     setWindowTitle(shown(title));
-    m_text.clear();
-    m_log.clear();
-    m_lastLine = 0;
+    m_positionKnown = false;
     SetProgressRange(first, last);
     AddString(firstLine);
 }
 
 void CConnectionStatus::finish() {
-    if (!m_running) return;
-    m_running = false;
+    if (m_running == 0 || --m_running > 0) return;
     m_abort->setEnabled(false);
     hide();
     if (m_closeLater) {
@@ -193,11 +195,11 @@ void CConnectionStatus::OnButton2() {
 
 void CConnectionStatus::reject() {
     OnAbort();
-    if (!m_running) QDialog::reject();
+    if (!isRunning()) QDialog::reject();
 }
 
 void CConnectionStatus::closeEvent(QCloseEvent* event) {
-    if (!m_running) {
+    if (!isRunning()) {
         QDialog::closeEvent(event);
         return;
     }
@@ -214,10 +216,10 @@ void CConnectionStatus::pump() {
     if (m_pumping) return;
     m_sincePump.start();
     refresh();
-    const bool late = m_running && !m_hiddenByUser && m_sinceStart.elapsed() >= kShowAfter;
+    const bool late = isRunning() && !m_hiddenByUser && m_sinceStart.elapsed() >= kShowAfter;
     if (late && !isVisible()) appear();
     // A window that was shown without start() is served as well; one that is not is left alone.
-    if (!m_running && !isVisible()) return;
+    if (!isRunning() && !isVisible()) return;
     m_pumping = true;
     const QPointer<CConnectionStatus> alive(this);
     qApp->installEventFilter(this);
@@ -242,6 +244,9 @@ void CConnectionStatus::appear() {
 void CConnectionStatus::refresh() {
     const QString text = shown(m_text);
     if (m_line->text() != text) m_line->setText(text);
+    // Without a range the bar is busy: how much there is to do is not known.
+    m_bar->setRange(0, m_positionKnown ? kBarSteps : 0);
+    if (!m_positionKnown) return;
     const auto span = static_cast<double>(m_last) - static_cast<double>(m_first);
     const auto done = static_cast<double>(m_position) - static_cast<double>(m_first);
     m_bar->setValue(span > 0 ? static_cast<int>(done / span * kBarSteps) : kBarSteps);

@@ -16,7 +16,8 @@ class QPushButton;
 namespace pellam {
 
 /// The modeless progress window of long operations on the user-interface thread. It appears when an
-/// operation has taken kShowAfter milliseconds.
+/// operation has taken kShowAfter milliseconds. Until the operation reports a position its bar is
+/// busy. Operations within an operation share its window and its abort.
 ///
 /// While the operation runs, adding text or moving the bar handles events at most every kPumpEvery
 /// milliseconds: everything for this window, painting and other system events for all windows.
@@ -63,7 +64,7 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     void handleEvents() { pumpIfDue(); }
 
     /// True between start() and finish().
-    [[nodiscard]] bool isRunning() const { return m_running; }
+    [[nodiscard]] bool isRunning() const { return m_running > 0; }
 
     /// Asks the operation to stop, as the abort button does.
     void requestAbort() { OnAbort(); }
@@ -101,7 +102,6 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     void log(std::string_view text, bool newStage);
     void pumpIfDue();
     void pump();
-    void showStatus();
     void appear();
     void refresh();
     [[nodiscard]] bool isOwn(const QObject* object) const;
@@ -120,11 +120,12 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     std::int64_t m_first = 0;
     std::int64_t m_last = 100;
     std::int64_t m_position = 0;
+    bool m_positionKnown = true; ///< false from start() to the first position
 
     QElapsedTimer m_sinceStart;
     QElapsedTimer m_sincePump;
     QPointer<QWidget> m_closeLater; ///< window that the person closed meanwhile
-    bool m_running = false;
+    int m_running = 0;              ///< operations within each other
     bool m_aborted = false;
     bool m_hiddenByUser = false;
     bool m_postAbort = false;
