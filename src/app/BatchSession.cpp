@@ -68,10 +68,10 @@ bool BatchSession::fetch() {
          .label = m_options.label,
          .start = sessionTime(m_options.from).value_or(CMyTime()),
          .end = sessionTime(m_options.to).value_or(CMyTime())});
-    const bool told = m_loader.IsErrorShown();
-    if (m_loader.LastError() && !told) m_messages.show(m_loader.LastError()->text);
     if (m_progress.aborted())
         m_messages.show(Failure{Failure::Kind::Aborted, m_options.session, -1, {}}.text());
+    else if (m_loader.LastError() && !m_loader.IsErrorShown())
+        m_messages.show(m_loader.LastError()->text);
     return written;
 }
 

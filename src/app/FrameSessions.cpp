@@ -3,7 +3,6 @@
 #include "app/CLumasetApp.h"
 #include "app/FrameLoader.h"
 #include "app/ProfileKeys.h"
-#include "base/MessageSink.h"
 #include "base/Utf8.h"
 #include "database/CSessionFromDatabase.h"
 #include "database/SessionTime.h"
@@ -18,22 +17,6 @@
 namespace pellam {
 
 namespace {
-
-/// Keeps messages back that only tell that the person has stopped the load.
-class UnlessStopped : public MessageSink {
-  public:
-    UnlessStopped(MessageSink& messages, const CConnectionStatus& progress)
-        : m_messages(messages),
-          m_progress(progress) {}
-
-    void show(std::string_view text) override {
-        if (!m_progress.Aborted()) m_messages.show(text);
-    }
-
-  private:
-    MessageSink& m_messages;
-    const CConnectionStatus& m_progress;
-};
 
 /// A file name of a session's name.
 QString fileName(const SessionSelection& selection) {
@@ -73,10 +56,9 @@ LoadOutcome FrameSessions::fetch(const SessionSelection& selection) {
     // From here on, so that a connection that takes its time can be seen and stopped.
     const ProgressScope scope(progress, "Loading Session - " + selection.choice.session,
                               "Querying the database. Please wait...", 0, 100);
-    UnlessStopped messages(m_context.messages, progress);
     LoadCall call(progress);
     const auto tell = [this](bool starts) { WorkEvent::post(m_context.window, starts); };
-    CSessionFromDatabase session({messages, progress, call, m_context.corrections, tell});
+    CSessionFromDatabase session({m_context.messages, progress, call, m_context.corrections, tell});
     const bool written = session.CreateFileFromDatabaseSession(
         {.dataSource = selection.dsn,
          .session = selection.choice.session,

@@ -29,10 +29,15 @@ void CSessionFromDatabase::tell(bool working) const {
     if (m_context.tellMainWindow) m_context.tellMainWindow(working);
 }
 
+void CSessionFromDatabase::show(std::string_view text) const {
+    // Whoever stopped the load knows why it ends.
+    if (!UserAborted()) m_context.messages.show(text);
+}
+
 bool CSessionFromDatabase::openDatabase() {
     m_error = m_database.OpenEx("DSN=" + m_request.dataSource);
     if (m_error) {
-        m_context.messages.show(m_error->text);
+        show(m_error->text);
         m_errorShown = true;
         return false;
     }
@@ -63,7 +68,7 @@ bool CSessionFromDatabase::writeHeader() {
     if (m_error) return false;
     const auto hasChannels = [](const auto& schedule) { return !schedule.channels().empty(); };
     if (std::none_of(m_schedules.begin(), m_schedules.end(), hasChannels)) {
-        m_context.messages.show("Warning: No records were found matching the supplied criteria");
+        show("Warning: No records were found matching the supplied criteria");
         return false;
     }
     WriteToFile("Descriptor\nName \"Hembric\"\nLock N\nDesc \"" + m_request.session +
@@ -168,7 +173,7 @@ void CSessionFromDatabase::ConstructData() {
         m_context.progress.addString("Starting data retrieval...");
         m_error = writeReadings(row);
     }
-    if (m_error) m_context.messages.show("Warning: Database exception. Load aborted.");
+    if (m_error) show("Warning: Database exception. Load aborted.");
 }
 
 SqlFailure CSessionFromDatabase::writeReadings(CDBDataData3& row) {

@@ -32,7 +32,7 @@ struct SessionContext {
 };
 
 /// Writes one stored session as replay text to a temporary file, which is gone with this object.
-/// One object serves one load.
+/// One object serves one load. It shows no message once the person has stopped it.
 class CSessionFromDatabase {
   public:
     static constexpr int kSlots = 17;
@@ -96,6 +96,7 @@ class CSessionFromDatabase {
     [[nodiscard]] bool UserAborted() const { return m_context.progress.aborted(); }
 
     void tell(bool working) const;
+    void show(std::string_view text) const;
 
     SessionContext m_context;
     SessionRequest m_request;
