@@ -13,6 +13,8 @@ namespace pellam {
 namespace {
 
 constexpr int kQueryTimeout = 300; // seconds
+// Each call of the driver is handed to another thread and back: few calls for a million names.
+constexpr std::size_t kNamesAtOnce = 10'000;
 
 /// Reads nothing but the names: of a million sessions that is most of the time.
 class SessionNames : public CDBDataHeader {
@@ -92,6 +94,7 @@ SessionLists::List SessionLists::sessions() const {
     list.failure = open(database, m_dsn);
     if (list.failure) return list;
     SessionNames rows(database);
+    rows.setBlockRows(kNamesAtOnce);
     list.failure =
         forEachRow(rows, {}, [&](const SessionNames& row) { list.texts.add(row.m_session_id); });
     return list;
