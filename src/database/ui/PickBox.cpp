@@ -3,6 +3,8 @@
 #include "database/Wildcards.h"
 #include "database/ui/TextListModel.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QListView>
@@ -40,6 +42,11 @@ PickBox::PickBox(QWidget* parent)
     });
     connect(completer, qOverload<const QString&>(&QCompleter::activated), this, &PickBox::take);
     connect(this, &QComboBox::activated, this, &PickBox::picked);
+    // A mnemonic goes to another field past the texts that are offered.
+    connect(qApp, &QApplication::focusChanged, this, [this, completer](QWidget*, QWidget* now) {
+        const bool left = now && now != this && now != lineEdit() && now->window() == window();
+        if (left) completer->popup()->hide();
+    });
 }
 
 void PickBox::setTexts(TextList texts) {
