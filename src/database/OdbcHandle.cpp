@@ -26,8 +26,10 @@ SqlError OdbcHandle::error(const char* state) const {
     const SQLRETURN result = SQLGetDiagRec(m_kind, m_handle, 1, sqlState.data(), &native,
                                            text.data(), text.size(), &length);
     if (!SQL_SUCCEEDED(result)) return {state, 0, "The ODBC driver gave no reason."};
-    return {reinterpret_cast<const char*>(sqlState.data()), native,
-            reinterpret_cast<const char*>(text.data())};
+    std::string message = reinterpret_cast<const char*>(text.data());
+    // Some drivers end it with an empty line.
+    message.erase(message.find_last_not_of(" \t\r\n") + 1);
+    return {reinterpret_cast<const char*>(sqlState.data()), native, std::move(message)};
 }
 
 } // namespace pellam
