@@ -6,11 +6,12 @@
 #include "app/FrameActions.h"
 #include "app/FrameExport.h"
 #include "app/FrameLoader.h"
+#include "app/FramePreview.h"
 #include "app/FramePrinting.h"
 #include "app/FrameSessions.h"
 #include "app/FrameSidebar.h"
 #include "app/FrameStatusBar.h"
-#include "app/PreviewPane.h"
+#include "app/PageCommands.h"
 #include "app/ProfileKeys.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsAnswers.h"
@@ -59,8 +60,7 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     createClient();
     createHelpers();
     connectCommands();
-    connectGridCommands();
-    connectTrendCommands();
+    connectPageCommands(*m_actions, *m_gridView, *m_trendView);
     connectPages();
     connectTrend();
     connectDrops();
@@ -101,6 +101,8 @@ void CMainFrame::createClient() {
 
 void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
+    m_preview = new FramePreview(m_stack, *m_printing, *m_actions);
+    connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
     m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
                                 m_messages, [this] { OnFilePreferences(); }});
     m_sessions =
@@ -142,29 +144,6 @@ void CMainFrame::connectCommands() {
     m_actions->on(Command::About, [this] { AboutBox(IconSet::applicationIcon(), this).exec(); });
     m_actions->on(Command::ResetMessages, [this] { OnClearXMessage(); });
     m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
-}
-
-void CMainFrame::connectGridCommands() {
-    auto* page = m_gridView;
-    m_actions->on(Command::Cut, [page] { page->cut(); });
-    m_actions->on(Command::CopyWithHeadings, [page] { page->copyWithHeadings(); });
-    m_actions->on(Command::Paste, [page] { page->paste(); });
-    m_actions->on(Command::Find, [page] { page->find(); });
-    m_actions->on(Command::FindNext, [page] { page->findNext(); });
-    m_actions->on(Command::FindPrevious, [page] { page->findPrevious(); });
-    m_actions->on(Command::GoTo, [page] { page->goTo(); });
-    m_actions->on(Command::NextDamaged, [page] { page->nextDamagedLine(); });
-    m_actions->on(Command::PreviousDamaged, [page] { page->previousDamagedLine(); });
-}
-
-void CMainFrame::connectTrendCommands() {
-    auto* page = m_trendView;
-    m_actions->on(Command::EditAxis, [page] { page->OnEditAxis(); });
-    m_actions->on(Command::AutoScale, [page] { page->OnTrendSanity(); });
-    m_actions->on(Command::SelectionZoom, [page] { page->OnViewZoom(); });
-    m_actions->on(Command::IncreaseFont, [page] { page->OnViewIncreasefontsize(); });
-    m_actions->on(Command::DecreaseFont, [page] { page->OnViewDecreasefontsize(); });
-    m_actions->on(Command::StripChart, [page] { page->toggleStripChart(); });
 }
 
 void CMainFrame::connectTrend() {
@@ -246,6 +225,10 @@ void CMainFrame::finishStartUp() {
     };
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
     look();
+}
+
+PreviewPane* CMainFrame::preview() const {
+    return m_preview->pane();
 }
 
 MyCug* CMainFrame::Grid() const {
@@ -401,7 +384,7 @@ void CMainFrame::OnViewSidebar() {
 
 void CMainFrame::ViewSidebar() {
     m_sidebarWidth = m_app.GetProfileInt(profile::kSection, profile::kSidebarWidth, kSidebarWidth);
-    m_sidebar->setStoredWidth(m_preview ? 0 : m_sidebarWidth);
+    m_sidebar->setStoredWidth(preview() ? 0 : m_sidebarWidth);
 }
 
 void CMainFrame::toggleToolbar() {
@@ -411,27 +394,15 @@ void CMainFrame::toggleToolbar() {
 }
 
 void CMainFrame::OnSetPreviewMode(bool on) {
-    if (on == (m_preview != nullptr)) return;
+    if (on == (preview() != nullptr)) return;
     setUpdatesEnabled(false);
     if (on) {
-        m_preview =
-            (chartInFront() ? m_printing->previewChart() : m_printing->previewGrid()).release();
-        if (m_preview) {
-            connect(m_preview, &PreviewPane::closeWanted, this,
-                    [this] { OnSetPreviewMode(false); });
-            connect(m_preview, &PreviewPane::printWanted, m_actions->action(Command::Print),
-                    &QAction::trigger);
-            m_stack->addWidget(m_preview);
-            m_stack->setCurrentWidget(m_preview);
-            m_preview->setFocus();
-        }
+        m_preview->begin(chartInFront());
     } else {
-        m_stack->setCurrentWidget(m_pages);
-        // The pane's own Close command may be what is running.
-        std::exchange(m_preview, nullptr)->deleteLater();
+        m_preview->end(m_pages);
         m_pages->activate(m_pages->activePage());
     }
-    m_toolbar->setVisible(m_toolbarShown && !m_preview);
+    m_toolbar->setVisible(m_toolbarShown && !preview());
     ViewSidebar();
     OnIdleUpdateCmdUI();
     setUpdatesEnabled(true);
@@ -442,7 +413,7 @@ void CMainFrame::OnIdleUpdateCmdUI() {
     m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
     m_actions->showState({.hasData = m_data.rowCount() > 0,
                           .gridPage = gridPage,
-                          .preview = m_preview != nullptr,
+                          .preview = preview() != nullptr,
                           .canCopy = m_gridView->canCopy(),
                           .canEdit = m_gridView->canEdit(),
                           .canPaste = m_clipboardText && m_gridView->canEdit(),

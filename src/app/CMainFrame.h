@@ -21,6 +21,7 @@ class CTrendView;
 class FrameActions;
 class FrameExport;
 class FrameLoader;
+class FramePreview;
 class FramePrinting;
 class FrameSessions;
 class FrameSidebar;
@@ -117,7 +118,7 @@ class CMainFrame : public QMainWindow {
     [[nodiscard]] RecentFiles& recentFiles() const { return *m_recent; }
 
     /// The preview while it is on, else null.
-    [[nodiscard]] PreviewPane* preview() const { return m_preview; }
+    [[nodiscard]] PreviewPane* preview() const;
 
     /// Work that the first painted window need not wait for.
     void finishStartUp();
@@ -131,8 +132,6 @@ class CMainFrame : public QMainWindow {
     void createClient();
     void createHelpers();
     void connectCommands();
-    void connectGridCommands();
-    void connectTrendCommands();
     void connectPages();
     void connectTrend();
     void connectDrops();
@@ -161,13 +160,13 @@ class CMainFrame : public QMainWindow {
     FrameSessions* m_sessions = nullptr;
     FrameExport* m_export = nullptr;
     FramePrinting* m_printing = nullptr;
+    FramePreview* m_preview = nullptr;
     RecentFiles* m_recent = nullptr;
     QToolBar* m_toolbar = nullptr;
     QStackedWidget* m_stack = nullptr;
     TabPages* m_pages = nullptr;
     CGridView* m_gridView = nullptr;
     CTrendView* m_trendView = nullptr;
-    PreviewPane* m_preview = nullptr;
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
