@@ -57,7 +57,7 @@ int CDumpDBD::dumpFile(const std::vector<std::string>& inputs, const std::string
     m_store = {};
     m_records.clear();
     m_recordCount = 0;
-    m_aborted = false;
+    m_aborted = m_isDataFile = false;
     if (!open(inputs.empty() ? std::string() : inputs.back(), output)) return kNotOpened;
     {
         const ProgressScope scope(m_progress, "Loading Pellam", "Converting...", 0,
@@ -90,7 +90,8 @@ bool CDumpDBD::open(const std::string& input, const std::string& output) {
 
 void CDumpDBD::walkSections() {
     const std::string_view head = m_input.take(kPrefixSize);
-    if (head.size() < kPrefixSize || u32(head.data()) != kFileTag) {
+    m_isDataFile = head.size() == kPrefixSize && u32(head.data()) == kFileTag;
+    if (!m_isDataFile) {
         m_messages.show("Can not read DTDT section");
         return;
     }

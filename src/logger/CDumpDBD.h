@@ -56,6 +56,9 @@ class CDumpDBD {
     /// Whether the person stopped the last conversion.
     [[nodiscard]] bool aborted() const { return m_aborted; }
 
+    /// Whether the last input began as a binary data file does; if not, a message has said so.
+    [[nodiscard]] bool isDataFile() const { return m_isDataFile; }
+
     /// Writes a time in microseconds since 1989 as NUL-terminated text.
     void formatTimestamp(std::uint64_t microseconds, char (&text)[TimestampText::kRoom]);
     /// Writes an interval in microseconds as NUL-terminated text; see TimestampText.
@@ -113,6 +116,7 @@ class CDumpDBD {
     unsigned m_options = 0;
     std::uint64_t m_recordCount = 0;
     bool m_aborted = false;
+    bool m_isDataFile = false;
 };
 
 } // namespace pellam

@@ -38,8 +38,8 @@ LoadOutcome BinaryLoader::load(const std::string& path) {
         // Text of this name from before belongs to another file.
         if (dumper.dumpFile({path}, text, contents) != CDumpDBD::kDone) return outcome;
         outcome.aborted = dumper.aborted();
+        if (outcome.aborted || !dumper.isDataFile()) return outcome;
     }
-    if (outcome.aborted) return outcome;
     outcome = DelimitedLoader(m_context, settings.listSeparator).ReadDelimFile(text);
     outcome.path = path;
     outcome.kind = LoadOutcome::Kind::Binary;
