@@ -15,6 +15,7 @@ namespace pellam {
 namespace {
 
 constexpr int kMostCopies = 10000;
+constexpr qsizetype kLongestName = 245; // bytes: a number for a copy fits within the usual 255
 
 /// "data.dlr", "data (2).dlr", "data (3).dlr", ...
 QString numbered(const QString& name, int number) {
@@ -36,6 +37,7 @@ bool isDevice(const QString& name) {
 
 bool IncomingFile::isFileName(const QString& name) {
     if (name.isEmpty() || name == u"." || name == u"..") return false;
+    if (QFile::encodeName(name).size() > kLongestName) return false;
     for (const QChar c : name) {
         if (c == u'/' || c == u'\\' || c.category() == QChar::Other_Control) return false;
     }

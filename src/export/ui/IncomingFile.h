@@ -26,7 +26,7 @@ class IncomingFile {
     [[nodiscard]] Failure place(QString& path);
 
     /// Whether a text is the name of a file and nothing else: no folder or drive part, no "..", no
-    /// control characters, no name of a device of any system.
+    /// control characters, no name of a device of any system, and not too long for one.
     static bool isFileName(const QString& name);
 
   private:

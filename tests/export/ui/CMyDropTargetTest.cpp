@@ -133,7 +133,9 @@ struct NameCase {
 TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnother) {
     for (const char* taken : {"a.dlr", "a (2).dlr", "plain", "b.2024.csv"})
         m_folder.write(taken, "before");
+    const std::string tooLong(251, 'n');
     const NameCase cases[] = {
+        {tooLong.c_str(), nullptr},
         {"new.dlr", "new.dlr"},
         {"a.dlr", "a (3).dlr"},
         {"plain", "plain (2)"},
