@@ -6,6 +6,7 @@
 
 #include <QApplication>
 
+#include <csignal>
 #include <cstdio>
 
 static bool hasDisplay() {
@@ -15,6 +16,7 @@ static bool hasDisplay() {
 
 int main(int argc, char** argv) {
     using namespace pellam;
+    std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit makes the write fail instead
     const auto line = CommandLine::parse(argc, argv);
     if (!line.wantsWindow()) return runBatch(line);
     if (!hasDisplay()) {
