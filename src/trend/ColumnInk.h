@@ -34,6 +34,20 @@ class ColumnInk {
         if (last < m_bottom) blendRow(last, bottom - static_cast<float>(last));
     }
 
+    /// Ink in part, 0 to 1, from top to bottom.
+    void shade(float top, float bottom, float part) {
+        if (part >= 1) return box(top, bottom);
+        const float from = std::max(top, static_cast<float>(m_top));
+        const float to = std::min(bottom, static_cast<float>(m_bottom));
+        if (!(from < to)) return;
+        const int first = static_cast<int>(from + 0.5f);
+        const int last = static_cast<int>(to + 0.5f);
+        const auto coverage = static_cast<unsigned>(part * 256);
+        QRgb* pixel = m_pixels + first * m_stride;
+        for (int y = first; y < last; ++y, pixel += m_stride)
+            *pixel = blended(*pixel, m_colour, coverage);
+    }
+
     /// A straight line that falls or rises over the whole column, kept within limits.
     void slant(const SlantInk& line, float middle, float least, float most) {
         const float from = std::max({middle - line.reach(), least, static_cast<float>(m_top)});

@@ -9,7 +9,7 @@ namespace pellam {
 namespace {
 
 // Lines steeper than this look smooth without their slant being worked out.
-constexpr float steepest = 16;
+constexpr float steepest = 64;
 
 bool isSlant(const ColumnSpan& span) {
     const float height = span.bottom - span.top;
@@ -69,7 +69,8 @@ class CurveFill {
           m_spans(spans),
           m_colour(pen.colour.rgb() | 0xff000000u),
           m_half(static_cast<float>(pen.width / 2)),
-          m_side(static_cast<int>(pen.width / 2)),
+          m_side(static_cast<int>(m_half - 0.5f)),
+          m_rim(m_half - 0.5f - static_cast<float>(m_side)),
           m_line(m_half) {}
 
     void fill(std::size_t index) {
@@ -84,16 +85,16 @@ class CurveFill {
             float most = 0;
             reach(m_spans, index, least, most);
             column.slant(m_line, middle, least - m_half, most + m_half);
+            if (!isTall(span)) return;
+            if (!goesOn(index, -1)) widen(index, -1);
+            if (!goesOn(index, 1)) widen(index, 1);
         } else if (isDot(m_spans, index)) {
             dot(index);
         } else {
             column.box(span.top - m_half, span.bottom + m_half);
-            // Low ones are corners of lines that are wide enough.
-            const bool tall = span.bottom - span.top > 4 * m_half;
-            for (int side = 1; side <= m_side && tall; ++side) {
-                widen(index, -side);
-                widen(index, side);
-            }
+            if (!isTall(span)) return;
+            widen(index, -1);
+            widen(index, 1);
         }
     }
 
@@ -108,17 +109,37 @@ class CurveFill {
   private:
     ColumnInk columnAt(int x) const { return {m_pixels + x, m_stride, m_clip, m_colour}; }
 
-    // A wide pen reaches into the columns beside a steep line: there, what their own ink leaves.
-    void widen(std::size_t index, int side) const {
+    // Low ones are corners of lines that are wide enough.
+    bool isTall(const ColumnSpan& span) const { return span.bottom - span.top > 4 * m_half; }
+
+    // Whether the line rises or falls on in the column beside, which then has its part of the ink.
+    bool goesOn(std::size_t index, int direction) const {
+        const auto place = static_cast<qsizetype>(index) + direction;
+        if (place < 0 || place >= static_cast<qsizetype>(m_spans.size())) return false;
+        const ColumnSpan& here = m_spans[index];
+        const ColumnSpan& other = m_spans[static_cast<std::size_t>(place)];
+        if (!other.entersLeft || !other.leavesRight) return false;
+        return (other.exit - other.enter > 0) == (here.exit - here.enter > 0) && isSlant(other);
+    }
+
+    // The pen reaches into the columns beside a steep line, the last of them in part.
+    void widen(std::size_t index, int direction) const {
+        for (int side = 1; side <= m_side; ++side)
+            inkBeside(index, direction * side, 1);
+        if (m_rim > 0.05f) inkBeside(index, direction * (m_side + 1), m_rim);
+    }
+
+    // What the other column's own ink leaves.
+    void inkBeside(std::size_t index, int side, float part) const {
         const int x = m_left + static_cast<int>(index) + side;
         if (x < m_clip.left() || x > m_clip.right()) return;
         const float top = m_spans[index].top - m_half;
         const float bottom = m_spans[index].bottom + m_half;
         const auto place = static_cast<std::size_t>(x - m_left);
         if (place >= m_spans.size() || m_spans[place].empty) return; // gaps stay whole
-        if (isSlant(m_spans[place])) return columnAt(x).box(top, bottom);
-        columnAt(x).box(top, std::min(bottom, m_spans[place].top));
-        columnAt(x).box(std::max(top, m_spans[place].bottom), bottom);
+        if (isSlant(m_spans[place])) return columnAt(x).shade(top, bottom, part);
+        columnAt(x).shade(top, std::min(bottom, m_spans[place].top), part);
+        columnAt(x).shade(std::max(top, m_spans[place].bottom), bottom, part);
     }
 
     void dot(std::size_t index) const {
@@ -137,7 +158,8 @@ class CurveFill {
     const std::vector<ColumnSpan>& m_spans;
     QRgb m_colour;
     float m_half;
-    int m_side; ///< columns beside its own that the pen reaches into
+    int m_side;  ///< columns beside its own that the pen covers
+    float m_rim; ///< how much of the next one it covers
     SlantInk m_line;
 };
 
