@@ -17,6 +17,7 @@ constexpr double kPadding = 8;
 constexpr double kLongestName = 24; // in characters
 constexpr double kMargin = 6;       // to the border of the area
 constexpr double kClearance = 14;   // to the point that must not be hidden
+constexpr int kCalm = 12;           // readings for which a column without text keeps its room
 
 QPointF corner(int index, const QRectF& area, const QSizeF& size) {
     const bool right = index == 1 || index == 2;
@@ -43,6 +44,7 @@ void ReadoutTable::measure(const QFontMetricsF& metrics) {
     widen(m_content.titles);
     for (const auto& row : m_content.rows)
         widen(row.cells);
+    releaseEmptyColumn();
     if (!m_widths.empty()) {
         // Only names are cut, and here: each is drawn at every move of the pointer.
         m_widths[0] = std::min(m_widths[0], std::ceil(kLongestName * metrics.averageCharWidth()));
@@ -52,6 +54,15 @@ void ReadoutTable::measure(const QFontMetricsF& metrics) {
     m_linesWidth = 0;
     for (const QString& line : m_content.lines)
         m_linesWidth = std::max(m_linesWidth, std::ceil(metrics.horizontalAdvance(line)));
+}
+
+// Not at once: where it comes and goes from sample to sample, the box would flicker.
+void ReadoutTable::releaseEmptyColumn() {
+    const bool used =
+        std::any_of(m_content.rows.begin(), m_content.rows.end(),
+                    [](const ReadoutContent::Row& row) { return !row.cells.last().isEmpty(); });
+    m_emptyFor = used ? 0 : m_emptyFor + 1;
+    if (m_emptyFor > kCalm && !m_widths.empty()) m_widths.back() = 0;
 }
 
 double ReadoutTable::blockWidth() const {
@@ -109,7 +120,10 @@ bool ReadoutTable::arrange(const ReadoutContent& content, const QFont& font, con
     m_content = content;
     m_font = font;
     m_rect = QRectF();
-    if (content.empty()) return true;
+    if (content.empty()) {
+        m_widths.clear();
+        return true;
+    }
     const QFontMetricsF metrics(font);
     m_lineHeight = std::ceil(metrics.height() * 1.15);
     m_gap = std::ceil(metrics.averageCharWidth() * 1.6);

@@ -19,7 +19,8 @@ struct TrendTheme;
 /// A reading in a box in a corner of the drawing area. It stays in its corner until that would hide
 /// what it reads, never hides the place that is pointed at, wraps rows into blocks side by side
 /// when it is too high, and leaves the last ones out (saying how many) rather than be cut off. Its
-/// columns never get narrower while the same curves are read, so that it does not tremble.
+/// columns don't get narrower from one reading of the same curves to the next, so that it does not
+/// tremble; a last column that has stayed without text is given up.
 class ReadoutTable {
   public:
     /// What the box keeps clear of: `rect` where it can, the point always.
@@ -39,6 +40,7 @@ class ReadoutTable {
 
   private:
     void measure(const QFontMetricsF& metrics);
+    void releaseEmptyColumn();
     void wrap(const QSizeF& room);
     double blockWidth() const;
     QSizeF size() const;
@@ -53,6 +55,7 @@ class ReadoutTable {
     double m_linesWidth = 0;
     std::vector<double> m_widths;
     std::size_t m_widthsRows = 0;
+    int m_emptyFor = 0;         ///< readings since the last column had a text
     std::size_t m_shown = 0;    ///< rows that have room
     std::size_t m_perBlock = 1; ///< rows one below the other
     int m_corner = 0;           ///< 0 = top left, 1 = top right, 2 = bottom right, 3 = bottom left
