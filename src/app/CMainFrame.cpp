@@ -398,8 +398,10 @@ void CMainFrame::OnSetPreviewMode(bool on) {
     setUpdatesEnabled(false);
     if (on) {
         m_preview->begin(chartInFront());
+        if (preview()) m_trendView->OnBeginPrinting(true);
     } else {
         m_preview->end(m_pages);
+        m_trendView->OnEndPrinting(true);
         m_pages->activate(m_pages->activePage());
     }
     m_toolbar->setVisible(m_toolbarShown && !preview());

@@ -11,6 +11,24 @@
 
 namespace pellam {
 
+namespace {
+
+/// Hair lines of the page are thinner than a pixel of the preview: drawn larger, they keep even.
+void paintFine(CTrendView& chart, QPainter& painter, const QRectF& area, double inches) {
+    constexpr int kFiner = 3;
+    const double ratio = painter.device()->devicePixelRatioF();
+    const QSize pixels = (area.size() * ratio).toSize();
+    QImage page(pixels * kFiner, QImage::Format_RGB32);
+    QPainter fine(&page);
+    chart.OnPrint(fine, page.rect(), page.width() / inches);
+    fine.end();
+    page = page.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    page.setDevicePixelRatio(ratio);
+    painter.drawImage(area.topLeft(), page);
+}
+
+} // namespace
+
 FramePrinting::FramePrinting(QWidget* window, CGridView& grid, CTrendView& chart)
     : QObject(window),
       m_window(window),
@@ -36,14 +54,7 @@ void FramePrinting::printGrid(ProgressSink& progress) {
 }
 
 void FramePrinting::printChart() {
-    if (!m_chart.hasChart()) return;
-    auto& paper = printer();
-    const auto orientation = paper.pageLayout().orientation();
-    paper.setDocName(m_chart.fileName());
-    paper.setPageOrientation(QPageLayout::Landscape);
-    QPrintDialog dialog(&paper, m_window);
-    if (dialog.exec() == QDialog::Accepted) m_chart.print(paper);
-    paper.setPageOrientation(orientation);
+    m_chart.OnFilePrint(printer());
 }
 
 std::unique_ptr<PreviewPane> FramePrinting::previewGrid() {
@@ -58,24 +69,15 @@ std::unique_ptr<PreviewPane> FramePrinting::previewGrid() {
 }
 
 std::unique_ptr<PreviewPane> FramePrinting::previewChart() {
-    if (!m_chart.hasChart()) return nullptr;
-    auto paper = printer().pageLayout(); // a copy: the printer keeps its orientation
-    paper.setOrientation(QPageLayout::Landscape);
-    const double inches = paper.paintRect(QPageLayout::Inch).width();
-    return std::make_unique<PreviewPane>(
-        paper, 1, [&chart = m_chart, inches](QPainter& painter, int, const QRectF& area) {
-            // Hair lines of the page are thinner than a pixel here: drawn larger, they keep even.
-            constexpr int kFiner = 3;
-            const double ratio = painter.device()->devicePixelRatioF();
-            const QSize pixels = (area.size() * ratio).toSize();
-            QImage page(pixels * kFiner, QImage::Format_RGB32);
-            QPainter fine(&page);
-            chart.OnPrint(fine, page.rect(), page.width() / inches);
-            fine.end();
-            page = page.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-            page.setDevicePixelRatio(ratio);
-            painter.drawImage(area.topLeft(), page);
-        });
+    std::unique_ptr<PreviewPane> pane;
+    m_chart.OnFilePrintPreview(printer(), [&](const QPageLayout& paper) {
+        const double inches = paper.paintRect(QPageLayout::Inch).width();
+        pane = std::make_unique<PreviewPane>(
+            paper, 1, [&chart = m_chart, inches](QPainter& painter, int, const QRectF& area) {
+                paintFine(chart, painter, area, inches);
+            });
+    });
+    return pane;
 }
 
 } // namespace pellam

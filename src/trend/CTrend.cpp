@@ -108,8 +108,8 @@ bool CTrend::canZoomForward() const {
     return m_commands->history().canGoForward();
 }
 
-void CTrend::rememberZoom() {
-    m_commands->remember();
+void CTrend::rememberZoom(const TrendRanges& before) {
+    m_commands->remember(before);
 }
 
 void CTrend::zoomBack() {
@@ -201,6 +201,7 @@ bool CTrend::showToolTip(const QPoint& at, const QPoint& global) {
         return false;
     }
     QToolTip::showText(global, full, this);
+    Q_EMIT textCutShort();
     return true;
 }
 

@@ -41,9 +41,9 @@ class CTrend : public QWidget, public TrendOperations {
 
     bool canZoomBack() const;
     bool canZoomForward() const;
-    /// Keeps what is shown now as a step that zooming back returns to. For changes of the ranges
-    /// that a person asks for outside the control.
-    void rememberZoom();
+    /// Keeps what was shown before as a step that zooming back returns to, unless that is still
+    /// shown. For changes of the ranges that a person asks for outside the control.
+    void rememberZoom(const TrendRanges& before);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -69,6 +69,8 @@ class CTrend : public QWidget, public TrendOperations {
     void curveVisibilityChanged(int curve, bool visible);
     /// The shown ranges or the steps back and forward have changed.
     void zoomChanged();
+    /// Pointed at a text for which there was too little room; its tool tip says it in full.
+    void textCutShort();
     // Commands of the pop-up menu that belong to the owner.
     void stripChartRequested();
     void autoScaleRequested();

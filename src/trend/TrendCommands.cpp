@@ -35,8 +35,9 @@ void TrendCommands::zoom(Step step, const std::function<bool(TrendZoom&)>& edit)
     rangesChanged();
 }
 
-void TrendCommands::remember() {
-    m_history.leave(TrendRanges::of(m_scene.chart().state));
+void TrendCommands::remember(const TrendRanges& before) {
+    if (before == TrendRanges::of(m_scene.chart().state)) return;
+    m_history.leave(before);
     endStep();
     Q_EMIT m_trend.zoomChanged();
 }

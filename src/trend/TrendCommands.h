@@ -27,8 +27,8 @@ class TrendCommands {
 
     void endStep() { m_lastStep = Step::Single; }
 
-    /// Leaves what is shown now as a step to go back to.
-    void remember();
+    /// Leaves what was shown before as a step to go back to, unless it is still shown.
+    void remember(const TrendRanges& before);
     void zoomBack();
     void zoomForward();
     void zoomAll();

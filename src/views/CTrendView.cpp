@@ -13,7 +13,6 @@
 #include "views/GridModel.h"
 #include "views/StripLayout.h"
 #include "views/TrendBuilder.h"
-#include "views/TrendPrinting.h"
 #include "views/TrendSetUp.h"
 
 #include <QFileDialog>
@@ -78,6 +77,8 @@ void CTrendView::connectTrend() {
     connect(m_trend, &CTrend::copyRequested, this, &CTrendView::OnEditCopy);
     connect(m_trend, &CTrend::exportImageRequested, this, &CTrendView::exportImage);
     connect(m_trend, &CTrend::selectionZoomChanged, this, &CTrendView::stateChanged);
+    connect(m_trend, &CTrend::zoomChanged, this, &CTrendView::OnTrendStep);
+    connect(m_trend, &CTrend::textCutShort, this, &CTrendView::OnInsufficientTextSpace);
 }
 
 // --- Building
@@ -137,8 +138,9 @@ void CTrendView::setUnits(const TrendTable& table) {
 }
 
 void CTrendView::OnTrendSanity() {
-    m_trend->rememberZoom();
+    const TrendRanges before = TrendRanges::of(m_trend->chart().state);
     autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
+    m_trend->rememberZoom(before);
 }
 
 // --- What is shown
@@ -207,8 +209,9 @@ void CTrendView::toggleStripChart() {
 
 void CTrendView::OnEditAxis() {
     ChartAxisSheet sheet(*m_trend, m_context.international.decimalSeparator, this);
-    m_trend->rememberZoom();
+    const TrendRanges before = TrendRanges::of(m_trend->chart().state);
     sheet.exec();
+    m_trend->rememberZoom(before);
 }
 
 void CTrendView::setCurrentRow(qint64 row) {
@@ -216,7 +219,7 @@ void CTrendView::setCurrentRow(qint64 row) {
     m_trend->setCurrentTime(m_rows.timeOf(row - 1));
 }
 
-// --- Clipboard, files, paper
+// --- Clipboard, files
 
 void CTrendView::OnEditCopy() {
     if (!copyChart(*m_trend, window()->isMinimized()))
@@ -238,15 +241,6 @@ void CTrendView::exportImage() {
     const Failure failure =
         writeChartFile(*m_trend, QFile::encodeName(path).toStdString(), m_trend->size());
     if (failure) m_context.messages.show(failure.text());
-}
-
-void CTrendView::OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch) {
-    TrendPrinting(*m_trend, m_fileName).paintPage(painter, area, unitsPerInch);
-}
-
-void CTrendView::print(QPrinter& printer) {
-    if (!TrendPrinting(*m_trend, m_fileName).print(printer))
-        m_context.messages.show("Warning: The printer could not be used");
 }
 
 // --- Events

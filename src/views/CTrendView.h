@@ -9,6 +9,7 @@
 
 QT_BEGIN_NAMESPACE
 class QLabel;
+class QPageLayout;
 class QPainter;
 class QPrinter;
 QT_END_NAMESPACE
@@ -66,6 +67,15 @@ class CTrendView : public QWidget {
     /// That message; empty while there are curves.
     [[nodiscard]] QString message() const;
 
+    /// Asks how to print and prints the chart in landscape; the printer's own orientation comes
+    /// back. Nothing happens without a chart.
+    void OnFilePrint(QPrinter& printer);
+    /// The same for a preview, which the caller makes from the paper in landscape.
+    void OnFilePrintPreview(QPrinter& printer,
+                            const std::function<void(const QPageLayout&)>& preview);
+    /// A preview begins or ends: while it stands, the chart itself is not drawn.
+    void OnBeginPrinting(bool preview);
+    void OnEndPrinting(bool preview);
     /// Draws the printed page into a rectangle of a painter.
     void OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch);
     /// Prints the chart on one page; tells when the printer can't be used.
@@ -104,10 +114,18 @@ class CTrendView : public QWidget {
     void OnInitialUpdate();
     void connectTrend();
     void SizeToFit();
+
+    /// Events of the chart that need nothing done here.
+    void OnTrendStep() {}
+
+    void OnInsufficientTextSpace() {}
+
     void rebuild();
     void showChart(TrendTable& table);
     void setUnits(const TrendTable& table);
     void changeFont(double step);
+    bool OnPreparePrinting(QPrinter& printer);
+    void PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
 
     Context m_context;
     CTrend* m_trend;

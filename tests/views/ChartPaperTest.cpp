@@ -1,11 +1,12 @@
 #include "ScratchFolder.h"
 
-#include "trend/TrendOperations.h"
+#include "RecordingSinks.h"
+#include "base/InternationalSettings.h"
+#include "trend/CTrend.h"
 #include "views/AutoScale.h"
+#include "views/CTrendView.h"
 #include "views/ChartClipboard.h"
 #include "views/ChartFile.h"
-#include "views/TrendPrinting.h"
-#include "views/TrendSetUp.h"
 
 #include <QPrinter>
 #include <cmath>
@@ -19,7 +20,6 @@ constexpr double kStart = 1'700'000'000;
 class ChartPaper : public testing::Test {
   protected:
     ChartPaper() {
-        setUpTrend(m_trend);
         m_trend.SetCurveText(0, QStringLiteral("Level"));
         m_trend.SetCurveRelatedScale(0, 1);
         m_trend.SetYScEnabled(1, 1);
@@ -44,7 +44,15 @@ class ChartPaper : public testing::Test {
         return QImage(target + QStringLiteral(".png"));
     }
 
-    TrendOperations m_trend;
+    GridData m_grid;
+    InternationalSettings m_international;
+    test::RecordedMessages m_messages;
+    SilentProgress m_progress;
+    CTrendView m_view{{.grid = m_grid,
+                       .international = m_international,
+                       .messages = m_messages,
+                       .progress = [this]() -> ProgressSink& { return m_progress; }}};
+    CTrend& m_trend = m_view.trend();
     ScratchFolder m_folder;
 };
 
@@ -86,7 +94,8 @@ TEST_F(ChartPaper, PrintsTheTitleAboveTheChartOnWhite) {
     printer.setOutputFileName(pdf);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(QPageLayout::Landscape);
-    ASSERT_TRUE(TrendPrinting(m_trend, QStringLiteral("mast.week 3.dlr")).print(printer));
+    m_view.setFileName(QStringLiteral("mast.week 3.dlr"));
+    m_view.print(printer);
     EXPECT_LT(QFileInfo(pdf).size(), 2'000'000);
     const QImage page = rendered(pdf);
     ASSERT_FALSE(page.isNull());
@@ -95,7 +104,7 @@ TEST_F(ChartPaper, PrintsTheTitleAboveTheChartOnWhite) {
     EXPECT_GT(pixels(page, page.rect(), isWhite), page.width() * page.height() * 8 / 10);
 
     // A title of a quarter of an inch in the middle of the upper edge, nothing beside it.
-    const QRect head(0, 0, page.width(), page.height() / 14);
+    const QRect head(0, 0, page.width(), page.height() / 17);
     const QRect middle = head.adjusted(page.width() / 3, 0, -page.width() / 3, 0);
     EXPECT_GT(pixels(page, middle, isInk), 60);
     EXPECT_EQ(pixels(page, head, isInk), pixels(page, middle, isInk));
@@ -112,8 +121,7 @@ TEST_F(ChartPaper, APreviewIsThePrintedPageInSmall) {
         QImage image((QSizeF(10, 7) * unitsPerInch).toSize(), QImage::Format_RGB32);
         image.fill(Qt::gray);
         QPainter painter(&image);
-        TrendPrinting(m_trend, QStringLiteral("a.csv"))
-            .paintPage(painter, image.rect(), unitsPerInch);
+        m_view.OnPrint(painter, image.rect(), unitsPerInch);
         painter.end();
         return image.scaled(500, 350, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     };
