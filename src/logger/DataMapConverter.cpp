@@ -113,14 +113,33 @@ void DataMapConverter::readSection(std::string_view token) {
     StripQuotes(m_stripped);
     Channel channel;
     channel.whole = m_stripped;
-    std::string_view rest = m_stripped;
-    for (std::size_t i = 0; i < kFields; ++i) {
-        const std::size_t comma = rest.find(',');
-        channel.fields[i] = rest.substr(0, comma);
-        rest = comma == std::string_view::npos ? std::string_view() : rest.substr(comma + 1);
-        if (i == 0) channel.afterName = rest;
-    }
+    splitFields(token, channel);
     appendChannel(channel);
+}
+
+void DataMapConverter::splitFields(std::string_view token, Channel& channel) const {
+    // A comma between quotes is part of a name, unless a quote is missing.
+    const bool paired = std::count(token.begin(), token.end(), '"') % 2 == 0;
+    const std::string_view text = m_stripped;
+    bool quoted = false;
+    std::size_t field = 0;
+    std::size_t begin = 0;
+    std::size_t at = 0;
+    const auto endField = [&] {
+        if (field < kFields) channel.fields[field] = text.substr(begin, at - begin);
+        begin = std::min(at + 1, text.size());
+        if (field++ == 0) channel.afterName = text.substr(begin);
+    };
+    for (const char c : token) {
+        if (c == '"') {
+            quoted = paired && !quoted;
+            continue;
+        }
+        if (c == ',' && !quoted && at < text.size()) endField();
+        ++at;
+    }
+    at = text.size();
+    endField();
 }
 
 void DataMapConverter::appendName(std::string_view name, std::string_view text,

@@ -69,6 +69,7 @@ class DataMapConverter {
   private:
     bool readHeader(std::string_view header);
     void readSection(std::string_view token);
+    void splitFields(std::string_view token, Channel& channel) const;
 
     int m_ignoredHeaderTokens;
     char m_letter = '\0'; ///< of the schedule that is open; none before the first

@@ -56,6 +56,9 @@ INSTANTIATE_TEST_SUITE_P(
                 "A.P(Max)(hPa)|"},
         MapCase{"Format14MarkerDoesNotCount", kHeader10 + R"~(<A,"1S",<"P","hPa(Nms)",0>>)~",
                 "A.P(hPa)|"},
+        MapCase{"CommaBetweenQuotes", kHeader10 + R"~(<A,"1S",G,<"Temp, in","C",0>,<"b","V",0>>)~",
+                "A.Temp, in(C)|A.b(V)|"},
+        MapCase{"MissingQuote", kHeader10 + R"~(<A,"1S",G,<"Temp,"C",0>>)~", "A.Temp(C)|"},
         MapCase{"LaterSchedules",
                 kHeader10 + R"~(<E,"1S",<"a","">><H,"",<"b","">><J,"",<"c","">><K,"",<"d","">>)~"
                             R"~(<I,"",<"e","">><V,"",<"f","">><X,"",<"g","">>)~",
