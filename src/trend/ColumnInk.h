@@ -42,10 +42,13 @@ class ColumnInk {
         if (!(from < to)) return;
         const int first = static_cast<int>(from + 0.5f);
         const int last = static_cast<int>(to + 0.5f);
+        // Locals: a pixel that is written might be a member for all that the compiler knows.
         const auto coverage = static_cast<unsigned>(part * 256);
-        QRgb* pixel = m_pixels + first * m_stride;
-        for (int y = first; y < last; ++y, pixel += m_stride)
-            *pixel = blended(*pixel, m_colour, coverage);
+        const QRgb colour = m_colour;
+        const qsizetype stride = m_stride;
+        QRgb* pixel = m_pixels + first * stride;
+        for (int y = first; y < last; ++y, pixel += stride)
+            *pixel = blended(*pixel, colour, coverage);
     }
 
     /// A straight line that falls or rises over the whole column, kept within limits.
@@ -84,8 +87,12 @@ class ColumnInk {
     }
 
     void rows(const SlantInk& line, float middle, int first, int last) {
-        for (int y = first; y <= last; ++y)
-            blendAt(line, middle, y);
+        const QRgb colour = m_colour;
+        const qsizetype stride = m_stride;
+        const SlantInk ink = line;
+        QRgb* pixel = m_pixels + first * stride;
+        for (int y = first; y <= last; ++y, pixel += stride)
+            *pixel = blended(*pixel, colour, ink.coverage(static_cast<float>(y) + 0.5f - middle));
     }
 
     // Without a decision: which pixels are covered is hard to foresee.

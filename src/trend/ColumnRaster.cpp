@@ -11,6 +11,9 @@ namespace {
 // Lines steeper than this look smooth without their slant being worked out.
 constexpr float steepest = 64;
 
+// Where so many samples share a column, no single line is seen whose rim could matter.
+constexpr std::uint32_t crowd = 16;
+
 bool isSlant(const ColumnSpan& span) {
     const float height = span.bottom - span.top;
     if (height <= 1) return true;
@@ -126,7 +129,8 @@ class CurveFill {
     void widen(std::size_t index, int direction) const {
         for (int side = 1; side <= m_side; ++side)
             inkBeside(index, direction * side, 1);
-        if (m_rim > 0.05f) inkBeside(index, direction * (m_side + 1), m_rim);
+        if (m_rim > 0.05f && m_spans[index].samples <= crowd)
+            inkBeside(index, direction * (m_side + 1), m_rim);
     }
 
     // What the other column's own ink leaves.
@@ -137,7 +141,6 @@ class CurveFill {
         const float bottom = m_spans[index].bottom + m_half;
         const auto place = static_cast<std::size_t>(x - m_left);
         if (place >= m_spans.size() || m_spans[place].empty) return; // gaps stay whole
-        if (isSlant(m_spans[place])) return columnAt(x).shade(top, bottom, part);
         columnAt(x).shade(top, std::min(bottom, m_spans[place].top), part);
         columnAt(x).shade(std::max(top, m_spans[place].bottom), bottom, part);
     }
