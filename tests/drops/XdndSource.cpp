@@ -30,6 +30,11 @@ class XdndSource {
           m_name(std::move(name)),
           m_content(std::move(content)) {}
 
+    ~XdndSource() { xcb_disconnect(m_x); }
+
+    XdndSource(const XdndSource&) = delete;
+    XdndSource& operator=(const XdndSource&) = delete;
+
     const char* drag(std::uint32_t x, std::uint32_t y) {
         open();
         offer();
