@@ -1,6 +1,7 @@
 #include "database/CTime.h"
 
-#include <charconv>
+#include "base/CalendarText.h"
+
 #include <cstdlib>
 #include <ctime>
 
@@ -63,12 +64,6 @@ bool inCalendar(const CTime& time) {
            time.hour <= 23 && time.minute <= 59 && time.second <= 61;
 }
 
-char* writeTwo(char* out, int value) {
-    *out++ = static_cast<char>('0' + value / 10 % 10);
-    *out++ = static_cast<char>('0' + value % 10);
-    return out;
-}
-
 } // namespace
 
 CTime CTime::parse(std::string_view text) {
@@ -97,24 +92,13 @@ CTime CTime::now() {
             static_cast<std::uint8_t>(fields.tm_sec)};
 }
 
+// A driver may hand over anything: two digits are taken of every field.
 char* CTime::writeDate(char* out) const {
-    if (year >= 0 && year <= 9999) {
-        out = writeTwo(writeTwo(out, year / 100), year % 100);
-    } else {
-        out = std::to_chars(out, out + 8, year).ptr;
-    }
-    *out++ = '/';
-    out = writeTwo(out, month);
-    *out++ = '/';
-    return writeTwo(out, day);
+    return pellam::writeDate(out, year, month % 100U, day % 100U);
 }
 
 char* CTime::writeTime(char* out) const {
-    out = writeTwo(out, hour);
-    *out++ = ':';
-    out = writeTwo(out, minute);
-    *out++ = ':';
-    return writeTwo(out, second);
+    return pellam::writeTime(out, hour % 100U, minute % 100U, second % 100U);
 }
 
 } // namespace pellam

@@ -1,5 +1,7 @@
 #include "logger/TimestampText.h"
 
+#include "base/TwoDigits.h"
+
 #include <algorithm>
 #include <charconv>
 #include <chrono>
@@ -26,20 +28,14 @@ Date dateOf(std::uint64_t day) {
     return {year + day / kPeriodDays * 400, date};
 }
 
-char* writeTwo(std::uint64_t value, char* out) {
-    *out++ = static_cast<char>('0' + value / 10);
-    *out++ = static_cast<char>('0' + value % 10);
-    return out;
-}
-
 char* writeClock(std::uint64_t second, char* out) {
-    out = writeTwo(second / 3600, out);
+    out = writeTwo(out, second / 3600);
     *out++ = ':';
-    return writeTwo(second / 60 % 60, out);
+    return writeTwo(out, second / 60 % 60);
 }
 
 char* writeSix(std::uint64_t value, char* out) {
-    return writeTwo(value % 100, writeTwo(value / 100 % 100, writeTwo(value / 10000, out)));
+    return writeTwo(writeTwo(writeTwo(out, value / 10000), value / 100 % 100), value % 100);
 }
 
 } // namespace
@@ -49,9 +45,9 @@ void TimestampText::setDay(std::uint64_t day) {
     const Date date = dateOf(day);
     char* out = std::to_chars(m_date, m_date + 20, date.year).ptr;
     *out++ = '/';
-    out = writeTwo(static_cast<unsigned>(date.monthAndDay.month()), out);
+    out = writeTwo(out, static_cast<unsigned>(date.monthAndDay.month()));
     *out++ = '/';
-    out = writeTwo(static_cast<unsigned>(date.monthAndDay.day()), out);
+    out = writeTwo(out, static_cast<unsigned>(date.monthAndDay.day()));
     *out++ = ' ';
     m_dateSize = static_cast<std::size_t>(out - m_date);
 }
@@ -64,7 +60,7 @@ char* TimestampText::write(std::uint64_t microseconds, char* out) {
     out = std::copy_n(m_date, m_dateSize, out);
     out = writeClock(second, out);
     *out++ = ':';
-    out = writeTwo(second % 60, out);
+    out = writeTwo(out, second % 60);
     *out++ = m_decimal;
     return writeSix(microseconds % kMillion, out);
 }

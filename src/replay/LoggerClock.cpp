@@ -1,6 +1,6 @@
 #include "replay/LoggerClock.h"
 
-#include "base/TwoDigits.h"
+#include "base/CalendarText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -24,25 +24,12 @@ std::int64_t floorTo(std::int64_t value, std::int64_t step) {
 char* writeDate(char* out, std::int64_t local) {
     const std::chrono::sys_days days{std::chrono::days{floorTo(local, kDay) / kDay}};
     const std::chrono::year_month_day date{days};
-    const int year = static_cast<int>(date.year());
-    if (year >= 0 && year <= 9999) {
-        out = writeTwo(writeTwo(out, year / 100), year % 100);
-    } else {
-        out = std::to_chars(out, out + 8, year).ptr;
-    }
-    *out++ = '/';
-    out = writeTwo(out, static_cast<unsigned>(date.month()));
-    *out++ = '/';
-    return writeTwo(out, static_cast<unsigned>(date.day()));
+    return pellam::writeDate(out, int{date.year()}, unsigned{date.month()}, unsigned{date.day()});
 }
 
 char* writeTime(char* out, std::int64_t local) {
-    const std::int64_t second = local - floorTo(local, kDay);
-    out = writeTwo(out, second / 3600);
-    *out++ = ':';
-    out = writeTwo(out, second / 60 % 60);
-    *out++ = ':';
-    return writeTwo(out, second % 60);
+    const auto second = static_cast<unsigned>(local - floorTo(local, kDay));
+    return pellam::writeTime(out, second / 3600, second / 60 % 60, second % 60);
 }
 
 // Beyond this many seconds either side of 1970 a year has more than five digits.
