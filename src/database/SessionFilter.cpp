@@ -8,18 +8,13 @@ namespace pellam {
 
 namespace {
 
-std::string sessionTerm(const SessionRequest& request, bool mySql) {
-    if (request.session == "%") return "session_id <> ''";
-    return sqlTerm("session_id", request.session, mySql);
-}
-
 void addTerm(std::string& filter, std::string_view column, std::string_view value, bool mySql) {
     if (value.empty() || value == "%") return;
     filter.append(" AND ").append(sqlTerm(column, value, mySql));
 }
 
 std::string textFilter(const SessionRequest& request, bool mySql) {
-    std::string filter = sessionTerm(request, mySql);
+    std::string filter = sqlSessionTerm(request.session, mySql);
     addTerm(filter, "site_id", request.site, mySql);
     addTerm(filter, "job", request.job, mySql);
     addTerm(filter, "schedule", request.schedule, mySql);
@@ -48,7 +43,7 @@ std::string channelFilter(const SessionRequest& request) {
 
 std::string channelEntryFilter(const SessionRequest& request, char letter,
                                const Session_Channel_Info& channel) {
-    std::string filter = sessionTerm(request, false);
+    std::string filter = sqlSessionTerm(request.session, false);
     addTerm(filter, "site_id", request.site, false);
     addTerm(filter, "job", request.job, false);
     filter.append(" AND schedule = '").append(1, letter).append("'");

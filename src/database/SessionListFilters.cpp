@@ -46,9 +46,7 @@ std::string earliestFilter(const SessionChoice& choice, bool mySql) {
 }
 
 std::string latestFilter(const SessionChoice& choice, bool mySql) {
-    const auto session = choice.session == "%" ? std::string("session_id <> ''")
-                                               : sqlTerm("session_id", choice.session, mySql);
-    return narrowed(session, choice, mySql);
+    return narrowed(sqlSessionTerm(choice.session, mySql), choice, mySql);
 }
 
 } // namespace pellam

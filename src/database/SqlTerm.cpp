@@ -16,4 +16,9 @@ std::string sqlTerm(std::string_view column, std::string_view value, bool mySql)
     return compare(column, " = ", value);
 }
 
+std::string sqlSessionTerm(std::string_view session, bool mySql) {
+    if (session == "%") return "session_id <> ''";
+    return sqlTerm("session_id", session, mySql);
+}
+
 } // namespace pellam

@@ -14,4 +14,8 @@ namespace pellam {
 /// the beginning of a text.
 [[nodiscard]] std::string sqlTerm(std::string_view column, std::string_view value, bool mySql);
 
+/// The same for the session, where the wildcard for any run of characters alone asks for a name
+/// that is not empty.
+[[nodiscard]] std::string sqlSessionTerm(std::string_view session, bool mySql);
+
 } // namespace pellam
