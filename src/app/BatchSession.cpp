@@ -3,43 +3,12 @@
 #include "base/AtomicFile.h"
 #include "database/SessionLists.h"
 #include "database/SessionTime.h"
+#include "logger/BinaryInput.h"
 
-#include <array>
-#include <cerrno>
-#include <fcntl.h>
-#include <unistd.h>
+#include <cstdint>
+#include <string_view>
 
 namespace pellam {
-
-namespace {
-
-/// A file open for reading.
-class Source {
-  public:
-    explicit Source(const std::string& path) : m_file(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-
-    ~Source() {
-        if (m_file >= 0) ::close(m_file);
-    }
-
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
-
-    /// Bytes read; 0 at the end, -1 with errno after an error.
-    template <std::size_t size>
-    ssize_t read(std::array<char, size>& block) const {
-        ssize_t count = 0;
-        do {
-            count = ::read(m_file, block.data(), size);
-        } while (count < 0 && errno == EINTR);
-        return count;
-    }
-
-  private:
-    int m_file;
-};
-
-} // namespace
 
 BatchSession::BatchSession(const SessionOptions& options, const TimeCorrections& corrections,
                            TerminalMessages& messages, TerminalProgress& progress)
@@ -76,15 +45,16 @@ bool BatchSession::fetch() {
 }
 
 Failure BatchSession::keep(const std::string& target) const {
+    constexpr std::uint64_t kBlock = 65536;
     AtomicFile file;
     Failure failure = file.create(target);
-    const Source source(path());
-    std::array<char, 65536> block;
+    BinaryInput source;
+    if (!failure) failure = source.open(path());
     while (!failure) {
-        const ssize_t count = source.read(block);
-        if (count < 0) return Failure::fromErrno(Failure::Kind::Read, path(), errno);
-        if (count == 0) return file.commit();
-        failure = file.write({block.data(), static_cast<std::size_t>(count)});
+        const std::string_view block = source.take(kBlock);
+        if (source.error()) return source.error();
+        if (block.empty()) return file.commit();
+        failure = file.write(block);
     }
     return failure;
 }
