@@ -113,12 +113,13 @@ void TrendOperations::SetLockUpdate(int lock) {
 }
 
 void TrendOperations::SaveTrend() {
-    m_saved.push_back(m_chart.save());
+    m_saved.push_back({m_chart.save(), m_home});
 }
 
 void TrendOperations::RestoreTrend() {
     if (m_saved.empty()) return;
-    m_chart.restore(m_saved.back());
+    m_chart.restore(m_saved.back().state);
+    m_home = m_saved.back().home;
     m_saved.pop_back();
     chartChanged(Change::Range);
 }

@@ -156,6 +156,11 @@ class TrendOperations {
         int averageCompression = 0;
     };
 
+    struct Saved {
+        TrendState state;
+        TrendRanges home;
+    };
+
     TrendCurve* writable(int curve);
     const TrendCurve* find(int curve) const;
     const TrendScale& scaleOrNew(int axis) const;
@@ -169,7 +174,7 @@ class TrendOperations {
 
     TrendRanges m_home;
     std::vector<CurveExtras> m_extras;
-    std::vector<TrendState> m_saved;
+    std::vector<Saved> m_saved;
     int m_locks = 0;
 };
 

@@ -101,6 +101,8 @@ TEST(CTrend, SavedSettingsComeBackInTurn) {
     EXPECT_NE(settings(trend), second);
     trend.RestoreTrend();
     EXPECT_EQ(settings(trend), second);
+    trend.zoomAll();
+    EXPECT_EQ(settings(trend), second) << "everything is what it was";
     trend.RestoreTrend();
     EXPECT_EQ(settings(trend), first);
     trend.RestoreTrend();
