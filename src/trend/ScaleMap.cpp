@@ -23,17 +23,16 @@ ScaleMap::ScaleMap(double min, double max, bool logarithmic, double pixelAtMin, 
 void ScaleMap::setLinear(double min, double max) {
     // Halves of the largest double, so that differences stay finite.
     constexpr double bound = 8e307;
-    if (!std::isfinite(min) || !std::isfinite(max)) {
-        const double known = std::isfinite(min) ? min : std::isfinite(max) ? max : 0.0;
-        min = known;
-        max = std::isfinite(known) && known == 0.0 ? 1.0 : known;
+    if (std::isnan(min) || std::isnan(max)) {
+        min = std::isnan(min) ? std::isnan(max) ? 0.0 : max : min;
+        max = min == 0.0 ? 1.0 : min;
     }
     min = std::clamp(min, -bound, bound);
     max = std::clamp(max, -bound, bound);
-    // A range narrower than doubles can tell apart has no ticks.
-    const double narrowest = std::max(std::abs(min), std::abs(max)) * 1e-14;
+    // A range narrower than doubles can tell apart has no ticks, one of denormals no pixels a unit.
+    const double narrowest = std::max({std::abs(min) * 1e-14, std::abs(max) * 1e-14, 1e-300});
     if (max - min <= narrowest) {
-        const double half = min == 0.0 ? 1.0 : std::abs(min) * 0.05;
+        const double half = std::abs(min) <= 1e-300 ? 1.0 : std::abs(min) * 0.05;
         min -= half;
         max += half;
     }

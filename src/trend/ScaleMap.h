@@ -3,8 +3,8 @@
 namespace pellam {
 
 /// Maps values to pixels and back along one axis, linearly or logarithmically. Any pair of bounds
-/// gives a range that can be drawn: equal ones are widened, reversed ones swapped, those that are
-/// not finite (or, logarithmically, not above zero) replaced.
+/// gives a range that can be drawn: equal ones are widened, reversed ones swapped, infinite ones
+/// bounded, those that are no number (or, logarithmically, not above zero) replaced.
 class ScaleMap {
   public:
     ScaleMap() = default;

@@ -167,17 +167,17 @@ TEST(ScaleMap, MakesAnyRangeDrawable) {
         {"equal", 5, 5, false, 4.75, 5.25},
         {"zero", 0, 0, false, -1, 1},
         {"not a number", NAN, NAN, false, 0, 1},
+        {"too narrow for doubles", 0, 1e-310, false, -1, 1},
+        {"beyond all doubles", -INFINITY, INFINITY, false, -8e307, 8e307},
         {"logarithmic", 1, 1000, true, 1, 1000},
         {"logarithmic from zero", 0, 100, true, 0.1, 100},
         {"logarithmic below zero", -5, -1, true, 0.01, 10},
     };
     for (const Row& row : rows) {
         const ScaleMap map(row.min, row.max, row.logarithmic, 200, 0);
-        EXPECT_NEAR(map.min(), row.drawnMin, 1e-9) << row.name;
-        EXPECT_NEAR(map.max(), row.drawnMax, 1e-9) << row.name;
+        EXPECT_DOUBLE_EQ(map.min(), row.drawnMin) << row.name;
+        EXPECT_DOUBLE_EQ(map.max(), row.drawnMax) << row.name;
         EXPECT_NEAR(map.toPixel(map.min()), 200, 1e-6) << row.name;
         EXPECT_NEAR(map.toPixel(map.toValue(37)), 37, 1e-6) << row.name;
     }
-    const ScaleMap infinite(-INFINITY, 1e308 * 10, false, 200, 0);
-    EXPECT_TRUE(std::isfinite(infinite.toPixel(3)));
 }
