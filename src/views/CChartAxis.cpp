@@ -109,8 +109,9 @@ std::optional<double> CChartAxis::number(const QLineEdit* field, double given) c
 
 std::optional<CChartAxis::Axis> CChartAxis::axis(int axis) const {
     const Row& row = m_rows[static_cast<std::size_t>(axis - 1)];
-    const auto minimum = number(row.minimum, row.given.minimum);
+    auto minimum = number(row.minimum, row.given.minimum);
     const auto maximum = number(row.maximum, row.given.maximum);
+    if (!row.minimum->isEnabled()) minimum = minimum.value_or(row.given.minimum);
     if (!minimum || !maximum) return {};
     return Axis{row.title->text(), row.logarithmic->isChecked() ? 1 : 0, *minimum, *maximum};
 }
@@ -131,7 +132,7 @@ bool CChartAxis::validateRow(int axis) {
     const auto minimum = number(row.minimum, row.given.minimum);
     const auto maximum = number(row.maximum, row.given.maximum);
     const QString example = numberText(12.5);
-    if (!minimum) {
+    if (!minimum && row.minimum->isEnabled()) {
         return refuse(row.minimum, tr("Attention: The minimum of axis %1 is not a number. Type a "
                                       "number such as %2.")
                                        .arg(axis)
@@ -144,7 +145,7 @@ bool CChartAxis::validateRow(int axis) {
                                        .arg(example));
     }
     // Axes that nothing is drawn against have their bounds the other way round until they are used.
-    const bool touched = *minimum != row.given.minimum || *maximum != row.given.maximum;
+    const bool touched = minimum != row.given.minimum || *maximum != row.given.maximum;
     if (touched && !row.logarithmic->isChecked() && *minimum >= *maximum) {
         return refuse(row.maximum,
                       tr("Attention: The maximum of axis %1 must be above its minimum.").arg(axis));
