@@ -96,7 +96,10 @@ double RowTimes::place(const TimeStamp& stamp) {
                                                  : m_clock.moments(stamp.seconds);
     double time = static_cast<double>(moments.earlier) + fraction;
     if (time <= m_previous) time = static_cast<double>(moments.later) + fraction;
-    if (!(time >= 0 && time < kEnd)) return unreadable();
+    if (!(time >= 0 && time < kEnd)) {
+        ++m_outside;
+        return kNone;
+    }
     m_previous = time;
     return time;
 }

@@ -25,11 +25,13 @@ class RowTimes {
     /// Rows are read in order.
     void read(Row first, std::span<double> out);
 
-    /// Rows read so far whose time is empty, and those whose time text can't be read or lies
-    /// outside the years 1970 to 2106.
+    /// Rows read so far whose time is empty, those whose time text can't be read, and those whose
+    /// time lies outside 1970 to 2106, which is what CMyTime holds.
     [[nodiscard]] std::int64_t emptyCount() const { return m_empty; }
 
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadable; }
+
+    [[nodiscard]] std::int64_t outsideCount() const { return m_outside; }
 
   private:
     double moment(Cell cell);
@@ -48,6 +50,7 @@ class RowTimes {
     double m_previous = -1;
     std::int64_t m_empty = 0;
     std::int64_t m_unreadable = 0;
+    std::int64_t m_outside = 0;
 };
 
 } // namespace pellam

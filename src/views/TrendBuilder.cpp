@@ -72,6 +72,7 @@ void TrendBuilder::readTimes() {
     m_table.times.resize(static_cast<std::size_t>(m_rows));
     m_table.emptyTimes = m_rowTimes.emptyCount();
     m_table.unreadableTimes = m_rowTimes.unreadableCount();
+    m_table.outsideTimes = m_rowTimes.outsideCount();
 }
 
 void TrendBuilder::orderTimes() {

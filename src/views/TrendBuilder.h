@@ -29,6 +29,7 @@ struct TrendTable {
     std::vector<Curve> curves;
     std::int64_t emptyTimes = 0;      ///< rows without a time
     std::int64_t unreadableTimes = 0; ///< rows whose time text can't be read
+    std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
     bool aborted = false;             ///< stopped by the person: later rows are missing
 };
 

@@ -160,6 +160,11 @@ QString nothingToDraw(const TrendTable& table, Row rowCount) {
                   "draw. A time looks like 2008/02/25 12:00:00, or like the dates of your system "
                   "settings.");
     }
+    if (table.outsideTimes > 0) {
+        return tr(
+            "Attention: The times in the first column lie before 1970 or after 2106, so there "
+            "is nothing to draw.");
+    }
     return tr("Attention: The first column holds no times, so there is nothing to draw.");
 }
 
@@ -168,6 +173,8 @@ QStringList leftOutNotes(const TrendTable& table) {
     if (table.aborted) notes += tr("Stopped while the chart was loading: later rows are missing");
     if (table.unreadableTimes > 0)
         notes += tr("Rows left out, time not readable: %L1").arg(table.unreadableTimes);
+    if (table.outsideTimes > 0)
+        notes += tr("Rows left out, before 1970 or after 2106: %L1").arg(table.outsideTimes);
     if (table.emptyTimes > 0) notes += tr("Rows left out, no time: %L1").arg(table.emptyTimes);
     notes += noteByChannel(table, tr("sentinel values"), &LeftOut::sentinels);
     notes += noteByChannel(table, tr("no numbers"), &LeftOut::notNumbers);

@@ -74,15 +74,15 @@ TEST(TrendBuilder, SkipsEmptyTimesSentinelsWordsAndTimesThatAreNotLater) {
                       "2024/01/01 00:05:00|5|51\n" // the time again: A has no point there yet
                       "2024/01/01 00:03:00|3|60\n" // earlier
                       "tomorrow|6|66\n"
+                      "1969/12/31 00:06:00|6|66\n"
                       "2024/01/01 00:07:00|wet|70\n"
                       "2024/01/01 00:08:00|1e1|\n");
     const TrendTable table = tableOf(grid);
     EXPECT_EQ(pointsOf(table), "A=1:1 5:5 8:10 [3 1 1]\n"
                                "B=1:10 2:20 4:40 5:50 7:70 [0 0 2]\n");
-    EXPECT_EQ(table.emptyTimes, 1);
-    EXPECT_EQ(table.unreadableTimes, 1);
     EXPECT_EQ(leftOutNotes(table).join(u'\n').toStdString(),
-              "Rows left out, time not readable: 1\nRows left out, no time: 1\n"
+              "Rows left out, time not readable: 1\nRows left out, before 1970 or after 2106: 1\n"
+              "Rows left out, no time: 1\n"
               "Left out, sentinel values: A 3\nLeft out, no numbers: A 1\n"
               "Left out, time not later than before: A 1, B 2");
 }
