@@ -8,6 +8,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cmath>
 
 namespace pellam {
 
@@ -148,13 +149,31 @@ TrendRows showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
     return times ? TrendRows(times, std::move(table.rows)) : TrendRows();
 }
 
+namespace {
+
+bool hasValues(const TrendTable& table) {
+    const auto known = [](double value) { return std::isfinite(value); };
+    return std::any_of(table.curves.begin(), table.curves.end(), [known](const auto& curve) {
+        return std::any_of(curve.values.begin(), curve.values.end(), known);
+    });
+}
+
+} // namespace
+
 QString nothingToDraw(const TrendTable& table, Row rowCount) {
     if (rowCount == 0) return tr("No data is loaded. Open a file to see its channels here.");
     if (table.curves.empty()) {
         return tr("No channel is selected for charting. Channels are selected with the check boxes "
                   "in the headings of the grid.");
     }
-    if (!table.times.empty() || table.aborted) return {};
+    if (table.aborted) return {};
+    if (!table.times.empty()) {
+        if (hasValues(table)) return {};
+        const QString why =
+            tr("Attention: The selected channels hold no values, so there is nothing "
+               "to draw.");
+        return (QStringList(why) + leftOutNotes(table)).join(u'\n');
+    }
     if (table.unreadableTimes > 0) {
         return tr("Attention: The times in the first column can't be read, so there is nothing to "
                   "draw. A time looks like 2008/02/25 12:00:00, or like the dates of your system "

@@ -20,7 +20,7 @@ void resetTrend(TrendOperations& trend);
 /// of loaded rows.
 TrendRows showTable(TrendOperations& trend, TrendTable& table, Row rowCount);
 
-/// What to tell about a table without any time; empty when there is something to draw.
+/// What to tell about a table without any time or value; empty when there is something to draw.
 QString nothingToDraw(const TrendTable& table, Row rowCount);
 
 /// The lines about rows and values that were left out.

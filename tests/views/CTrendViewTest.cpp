@@ -131,7 +131,7 @@ TEST_F(CTrendViewTest, ChannelsTakenOutLeaveNoCurveBehind) {
     EXPECT_TRUE(m_view.message().startsWith(QStringLiteral("No channel is selected")));
 }
 
-TEST_F(CTrendViewTest, TellsWhenNoTimeCanBeRead) {
+TEST_F(CTrendViewTest, TellsWhyThereIsNothingToDraw) {
     for (Row row = 0; row < 3; ++row)
         m_grid.setText(0, row, "soon");
     activate();
@@ -144,6 +144,17 @@ TEST_F(CTrendViewTest, TellsWhenNoTimeCanBeRead) {
     EXPECT_EQ(
         m_view.message(),
         QStringLiteral("Attention: The first column holds no times, so there is nothing to draw."));
+    for (Row row = 0; row < 3; ++row) {
+        m_grid.setText(0, row, "2024/01/01 00:0" + std::to_string(row) + ":00");
+        for (int i = 1; i <= 3; ++i)
+            m_grid.setText(i, row, i == 2 ? "99999.9" : "");
+    }
+    m_grid.setChanged(true);
+    activate();
+    EXPECT_EQ(m_view.message(),
+              QStringLiteral("Attention: The selected channels hold no values, so "
+                             "there is nothing to draw.\n"
+                             "Left out, sentinel values: Wind 3"));
 }
 
 TEST_F(CTrendViewTest, FontSizesStopAtTheirEnds) {
