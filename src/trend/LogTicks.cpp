@@ -51,7 +51,10 @@ std::vector<AxisTick> LogTicks::find(double min, double max, int labels) {
 
     const int first = static_cast<int>(std::floor(std::log10(min) + 1e-9));
     const int last = static_cast<int>(std::floor(std::log10(max) + 1e-9));
-    const int stride = std::max(1, static_cast<int>(std::ceil(decades / labels)));
+    int stride = std::max(1, static_cast<int>(std::ceil(decades / labels)));
+    // Every power between labels has a mark while there is room for it.
+    const int minor = stride < 10 ? 1 : (stride + 4) / 5;
+    stride = (stride + minor - 1) / minor * minor;
     std::vector<AxisTick> ticks;
     if (stride == 1) {
         const bool withTwoAndFive = decades * 3 <= labels || decades < 1.5;
@@ -59,6 +62,7 @@ std::vector<AxisTick> LogTicks::find(double min, double max, int labels) {
             addDecade(ticks, exponent, withTwoAndFive);
     } else {
         for (int exponent = first; exponent <= last; ++exponent) {
+            if (exponent % minor != 0) continue;
             const bool major = exponent % stride == 0;
             ticks.push_back({power(exponent), major, major ? text(1, exponent) : QString(), {}});
         }

@@ -65,6 +65,7 @@ TEST(LogTicks, StandAtDecades) {
         {"one decade", 1, 10, 6, "1 2 5 10", 10},
         {"powers", 1e-5, 1e-3, 3, "10⁻⁵ 10⁻⁴ 0.001", 19},
         {"many decades", 1e-10, 1e10, 5, "10⁻⁸ 10⁻⁴ 1 10000 10⁸", 21},
+        {"hundreds of decades", 1, 1e300, 6, "1 10⁵⁰ 10¹⁰⁰ 10¹⁵⁰ 10²⁰⁰ 10²⁵⁰ 10³⁰⁰", 31},
         {"part of a decade", 3, 8, 6, "3 4 5 6 7 8", 26},
         {"not above zero", 0, 10, 5, "", 0},
     };
