@@ -133,9 +133,10 @@ void AxisPainter::drawGrid() {
             else if (band.map.logarithmic())
                 horizontal(y, plot.left(), plot.right(), m_theme.minorGrid);
         }
-        if (band.band.top() > plot.top() + 1)
-            fill(QRectF(plot.left(), band.band.top() - m_tick, plot.width(), m_tick),
-                 m_theme.background);
+        if (i == 0 || band.band.top() < plot.top() + 1) continue;
+        // What lies between two strips belongs to neither.
+        const double above = m_layout.scales[i - 1].band.bottom() + m_hair;
+        fill(QRectF(plot.left(), above, plot.width(), band.band.top() - above), m_theme.background);
     }
 }
 

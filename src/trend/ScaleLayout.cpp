@@ -121,7 +121,7 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
     const double tickLength = std::round(metrics.height() * 0.4);
     layout.scales = shownScales(chart);
-    placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.55));
+    placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.8));
 
     // A wide chart keeps room for longer labels, so that zooming seldom moves its plot.
     const bool wide = layout.size.width() > 60 * metrics.height();
