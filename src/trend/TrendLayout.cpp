@@ -106,6 +106,14 @@ void placeTimeLabels(TrendLayout& layout) {
     }
 }
 
+// Times so near to each other that doubles can't tell what lies between them stand in the middle of
+// the shortest span that can be drawn.
+ScaleMap timeMapOf(const TrendState& state, const QRectF& plot) {
+    const double missing = std::abs(state.timeMax) * 2e-14 - (state.timeMax - state.timeMin);
+    const double more = state.timeMax > state.timeMin ? std::max(0.0, missing / 2) : 0;
+    return {state.timeMin - more, state.timeMax + more, false, plot.left(), plot.right()};
+}
+
 } // namespace
 
 TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
@@ -138,8 +146,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
     }
     layout.timeAxis =
         QRectF(layout.plot.left(), layout.plot.bottom(), layout.plot.width(), axisHeight);
-    layout.timeMap = ScaleMap(chart.state.timeMin, chart.state.timeMax, false, layout.plot.left(),
-                              layout.plot.right());
+    layout.timeMap = timeMapOf(chart.state, layout.plot);
     findTimeMarks(layout, times);
     placeTimeLabels(layout);
     return layout;

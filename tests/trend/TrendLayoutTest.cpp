@@ -53,6 +53,14 @@ TEST(TrendLayout, LabelsANarrowTimeAxisAllTheSame) {
         EXPECT_FALSE(layoutOf(chart, QSizeF(width, 300)).timeLabels.empty()) << width;
 }
 
+TEST(TrendLayout, ShowsAFewMicrosecondsAsThemselves) {
+    TrendChart chart = chartOf(1, 1);
+    chart.state.timeMax = chart.state.timeMin + 5e-6;
+    const ScaleMap map = layoutOf(chart, QSizeF(800, 300)).timeMap;
+    EXPECT_LT(map.max() - map.min(), 1e-4);
+    EXPECT_GT(map.toPixel(chart.state.timeMax) - map.toPixel(chart.state.timeMin), 50);
+}
+
 TEST(TrendLayout, PutsScalesInBands) {
     struct Row {
         const char* name;
