@@ -13,8 +13,8 @@ class LogTicks {
   public:
     /// Marks of min..max (0 < min < max) with at most `labels` labelled ones, ascending.
     static std::vector<AxisTick> find(double min, double max, int labels);
-    /// "0.001" to "100000" plainly, others as "10⁶" or "2·10⁶".
-    static QString text(int mantissa, int exponent);
+    /// "0.02" or "20000"; with `powers` "2·10⁻²", "2·10⁴", and "2" all the same.
+    static QString text(int mantissa, int exponent, bool powers);
 };
 
 } // namespace pellam
