@@ -1,5 +1,6 @@
 #include "trend/SymbolPainter.h"
 
+#include "trend/BlockSums.h"
 #include "trend/TrendCurve.h"
 
 #include <QPainter>
@@ -35,14 +36,16 @@ void SymbolPainter::draw(QPainter& painter, const TrendCurve& curve, const Colum
     if (curve.style().symbol < 0) return;
     const std::size_t first = curve.times()->lowerBound(grid.from);
     const std::size_t end = curve.times()->upperBound(grid.to);
-    if (static_cast<double>(end - first) * 2.5 * radius > area.width()) return;
+    const double* const values = curve.values();
+    // Where channels share their times, many of a curve's points may have no value.
+    const std::size_t count = first < end ? curve.sums().over(values, first, end).count : 0;
+    if (static_cast<double>(count) * 2.5 * radius > area.width()) return;
+    const MinMaxPyramid& pyramid = curve.pyramid(map.logarithmic());
     painter.setPen(QPen(colour, 1.2));
     painter.setBrush(colour);
-    for (std::size_t i = first; i < end; ++i) {
-        const double value = curve.values()[i];
-        if (!curve.pyramid(map.logarithmic()).counts(value)) continue;
+    for (std::size_t i = first; (i = pyramid.nextSample(values, i)) < end; ++i) {
         const double part = ((*curve.times())[i] - grid.from) / (grid.to - grid.from);
-        const QPointF at(area.left() + part * area.width(), map.toPixel(value));
+        const QPointF at(area.left() + part * area.width(), map.toPixel(values[i]));
         if (area.adjusted(-1, -1, 1, 1).contains(at)) drawOne(painter, curve.style().symbol, at);
     }
 }
