@@ -46,14 +46,21 @@ void ReadoutTable::measure(const QFontMetricsF& metrics) {
         widen(row.cells);
     releaseEmptyColumn();
     if (!m_widths.empty()) {
-        // Only names are cut, and here: each is drawn at every move of the pointer.
-        m_widths[0] = std::min(m_widths[0], std::ceil(kLongestName * metrics.averageCharWidth()));
-        for (auto& row : m_content.rows)
-            row.cells[0] = metrics.elidedText(row.cells[0], Qt::ElideMiddle, m_widths[0]);
+        // Only names and units are cut, and here: each is drawn at every move of the pointer.
+        cut(0, metrics);
+        cut(m_content.firstText, metrics);
     }
     m_linesWidth = 0;
     for (const QString& line : m_content.lines)
         m_linesWidth = std::max(m_linesWidth, std::ceil(metrics.horizontalAdvance(line)));
+}
+
+void ReadoutTable::cut(qsizetype column, const QFontMetricsF& metrics) {
+    if (column >= static_cast<qsizetype>(m_widths.size())) return;
+    double& width = m_widths[static_cast<std::size_t>(column)];
+    width = std::min(width, std::ceil(kLongestName * metrics.averageCharWidth()));
+    for (auto& row : m_content.rows)
+        row.cells[column] = metrics.elidedText(row.cells[column], Qt::ElideMiddle, width);
 }
 
 // Not at once: where it comes and goes from sample to sample, the box would flicker.

@@ -40,6 +40,7 @@ class ReadoutTable {
 
   private:
     void measure(const QFontMetricsF& metrics);
+    void cut(qsizetype column, const QFontMetricsF& metrics);
     void releaseEmptyColumn();
     void wrap(const QSizeF& room);
     double blockWidth() const;
