@@ -1,5 +1,6 @@
 #include "app/ChartOutput.h"
 
+#include "base/InternationalSettings.h"
 #include "base/ProgressSink.h"
 #include "grid/GridData.h"
 #include "replay/CMyTime.h"
@@ -20,6 +21,7 @@ ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& sett
     const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                               std::max<Row>(1, grid.rowCount()));
     setUpTrend(*m_trend);
+    m_trend->setDecimalPoint(QLatin1Char(settings.decimalSeparator));
     TrendTable table = TrendBuilder(grid, settings, progress).build();
     m_nothing = pellam::nothingToDraw(table, grid.rowCount()).toStdString();
     m_trend->setTitle(QString::fromStdString(title));

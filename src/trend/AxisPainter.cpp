@@ -120,7 +120,7 @@ void AxisPainter::drawGrid() {
     for (std::size_t i = 0; i < m_layout.scales.size(); ++i) {
         const ScaleBand& band = m_layout.scales[i];
         const auto overlaps = [&](const ScaleBand& other) {
-            return other.band.intersects(band.band);
+            return !other.idle && other.band.intersects(band.band);
         };
         const auto begin = m_layout.scales.begin();
         // Lines of two scales over one another would help nobody.
@@ -142,9 +142,9 @@ void AxisPainter::drawGrid() {
 
 void AxisPainter::drawScale(const ScaleBand& band) {
     if (!m_chart.scale(band.axis)->position.visible) return;
-    const QColor colour = scaleColour(band.axis);
-    const bool coloured = colour != m_theme.text;
-    const QColor line = coloured ? colour : m_theme.line;
+    const QColor colour = band.idle ? m_theme.faintText : scaleColour(band.axis);
+    const bool coloured = !band.idle && colour != m_theme.text;
+    const QColor line = coloured ? colour : band.idle ? m_theme.grid : m_theme.line;
     const double edge = band.right ? band.rect.left() : band.rect.right() - m_hair;
     vertical(edge, band.band.top(), band.band.bottom() + m_hair, line);
     for (const AxisTick& tick : band.ticks) {
@@ -202,12 +202,15 @@ void AxisPainter::drawButton(const QRectF& rect, const QColor& frame, const QCol
     fill(QRectF(inner.right(), inner.top(), m_hair, inner.height()), frame);
 }
 
+QColor AxisPainter::buttonFrame() const {
+    return m_theme.grid.darker(m_theme.isDark() ? 60 : 112);
+}
+
 void AxisPainter::drawLegendItem(const LegendItem& item) {
     const CurveStyle& style = m_chart.curves[static_cast<std::size_t>(item.curve)].style();
     const bool button = m_chart.state.curveButtons != 0;
     if (button) {
-        const QColor frame =
-            style.visible ? m_theme.grid.darker(m_theme.isDark() ? 60 : 112) : m_theme.grid;
+        const QColor frame = style.visible ? buttonFrame() : m_theme.grid;
         drawButton(item.rect, frame, style.visible ? m_theme.plot : m_theme.background);
     }
     const QColor& behind = button && style.visible ? m_theme.plot : m_theme.background;
@@ -234,10 +237,12 @@ void AxisPainter::drawLegendItem(const LegendItem& item) {
 void AxisPainter::drawLegend() {
     for (const LegendItem& item : m_layout.legendItems)
         drawLegendItem(item);
-    if (m_layout.legendLeftOut == 0) return;
+    if (m_layout.legendLeftOut.empty()) return;
     QRectF rect = m_layout.legendMore;
+    if (m_chart.state.curveButtons != 0) drawButton(rect, buttonFrame(), m_theme.plot);
+    rect.setLeft(rect.left() + std::round(m_font.height() / 2));
     rect.setTop(std::round(rect.center().y() - m_font.height() / 2));
-    text(rect, QStringLiteral("+ %1").arg(m_layout.legendLeftOut), m_theme.faintText);
+    text(rect, m_layout.moreText(), m_theme.text);
 }
 
 void AxisPainter::drawTexts() {

@@ -41,6 +41,7 @@ class AxisPainter {
     void text(const QRectF& rect, const QString& text, const QColor& colour);
     void fill(const QRectF& rect, const QColor& colour);
     QColor scaleColour(int axis) const;
+    QColor buttonFrame() const;
 
     QPainter& m_painter;
     const TrendChart& m_chart;

@@ -188,7 +188,7 @@ bool CTrend::showToolTip(const QPoint& at, const QPoint& global) {
     QString full;
     QString shown;
     if (hit.part == TrendPart::Legend) {
-        full = GetCurveText(hit.index);
+        full = GetCurveText(hit.index).trimmed();
         for (const LegendItem& item : m_scene->layout().legendItems)
             if (item.curve == hit.index) shown = item.text;
     } else if (const ScaleBand* band = m_scene->layout().scale(hit.index);

@@ -20,7 +20,8 @@ LegendItem entry(const TrendCurve& curve, int index, TextMeasure& metrics) {
     const double em = metrics.height();
     LegendItem item;
     item.curve = index;
-    item.text = metrics.elided(curve.text(), 14 * em);
+    // Long names of channels differ at their ends.
+    item.text = metrics.elided(curve.text().trimmed(), 14 * em, Qt::ElideMiddle);
     const double width = metrics.width(item.text) + 2;
     const double height = std::ceil(em * 1.4);
     item.swatch = QRectF(0.45 * em, 0, 1.3 * em, height);
@@ -51,8 +52,8 @@ void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layou
     for (std::size_t i = 0; i < chart.curves.size(); ++i) {
         if (!isListed(chart, chart.curves[i])) continue;
         ++listed;
-        if (layout.legendLeftOut > 0) {
-            ++layout.legendLeftOut;
+        if (!layout.legendLeftOut.empty()) {
+            layout.legendLeftOut.push_back(static_cast<int>(i));
             continue;
         }
         LegendItem item = entry(chart.curves[i], static_cast<int>(i), metrics);
@@ -62,7 +63,7 @@ void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layou
         const bool lastRow = at.y() + 2 * height + gap > lowest;
         if (at.y() + height > lowest + 1 ||
             (lastRow && at.x() > left && at.x() + item.rect.width() + moreWidth > right)) {
-            layout.legendLeftOut = 1;
+            layout.legendLeftOut = {static_cast<int>(i)};
             layout.legendMore = QRectF(at, QSizeF(moreWidth, height));
             continue;
         }
@@ -72,6 +73,8 @@ void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layou
         layout.legendItems.push_back(std::move(item));
     }
     if (listed == 0) layout.legend.setHeight(0);
+    if (!layout.legendLeftOut.empty())
+        layout.legendMore.setWidth(metrics.width(layout.moreText()) + metrics.height());
 }
 
 } // namespace pellam

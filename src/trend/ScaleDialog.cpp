@@ -16,7 +16,7 @@ namespace pellam {
 
 namespace {
 
-// Numbers are shown with a point; one typed with a decimal comma is understood too.
+// Point and comma are both understood.
 std::optional<double> number(const QLineEdit& edit) {
     bool valid = false;
     const QString text = edit.text().trimmed().replace(u',', u'.');
@@ -27,18 +27,18 @@ std::optional<double> number(const QLineEdit& edit) {
 
 } // namespace
 
-ScaleDialog::ScaleDialog(int axis, const TrendScale& scale, QWidget* parent)
+ScaleDialog::ScaleDialog(int axis, const TrendState& state, QWidget* parent)
     : QDialog(parent),
-      m_scale(scale),
-      m_title(new QLineEdit(scale.text)),
-      m_min(new QLineEdit(TrendReading::valueText(scale.actualMin))),
-      m_max(new QLineEdit(TrendReading::valueText(scale.actualMax))),
+      m_scale(state.scales[static_cast<std::size_t>(axis - 1)]),
+      m_title(new QLineEdit(m_scale.text)),
+      m_min(new QLineEdit(state.numbers(TrendReading::valueText(m_scale.actualMin)))),
+      m_max(new QLineEdit(state.numbers(TrendReading::valueText(m_scale.actualMax)))),
       m_logarithmic(new QCheckBox(tr("&Logarithmic"))),
       m_fault(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)) {
     setWindowTitle(tr("Y Axis %1").arg(axis));
-    m_logarithmic->setChecked(scale.logarithmic);
-    m_logarithmic->setEnabled(scale.dialogLogarithmic);
+    m_logarithmic->setChecked(m_scale.logarithmic);
+    m_logarithmic->setEnabled(m_scale.dialogLogarithmic);
     m_fault->setWordWrap(true);
     auto* form = new QFormLayout;
     form->addRow(tr("&Title:"), m_title);

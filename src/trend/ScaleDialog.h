@@ -1,6 +1,6 @@
 #pragma once
 
-#include "trend/TrendScale.h"
+#include "trend/TrendState.h"
 
 #include <QDialog>
 
@@ -17,7 +17,8 @@ namespace pellam {
 class ScaleDialog : public QDialog {
     Q_OBJECT
   public:
-    ScaleDialog(int axis, const TrendScale& scale, QWidget* parent);
+    /// `axis` is 1 to 6.
+    ScaleDialog(int axis, const TrendState& state, QWidget* parent);
 
     /// The scale with what was entered.
     TrendScale scale() const;

@@ -20,6 +20,7 @@ std::vector<ScaleBand> shownScales(const TrendChart& chart) {
         if (!scale.enabled) continue;
         ScaleBand band;
         band.axis = axis;
+        band.idle = chart.isIdle(axis);
         band.right = scale.position.side != 0;
         bands.push_back(band);
     }
@@ -62,7 +63,8 @@ void placeBands(const TrendChart& chart, std::vector<ScaleBand>& bands, const QR
     }
 }
 
-void findTicks(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
+void findTicks(const TrendState& state, ScaleBand& band, TextMeasure& metrics) {
+    const TrendScale& scale = state.scales[static_cast<std::size_t>(band.axis - 1)];
     band.map = scale.map(band.band.bottom(), band.band.top());
     const int room = static_cast<int>(band.band.height() / (metrics.height() * 2.4)) + 1;
     const auto isMajor = [](const AxisTick& tick) { return tick.major; };
@@ -72,6 +74,8 @@ void findTicks(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics) {
                          : DecimalTicks::find(band.map.min(), band.map.max(), labels);
         if (std::count_if(band.ticks.begin(), band.ticks.end(), isMajor) > 1) break;
     }
+    for (AxisTick& tick : band.ticks)
+        tick.label = state.numbers(std::move(tick.label));
 }
 
 // What the labels of a column of scales need, and what is kept for them.
@@ -129,11 +133,11 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
     std::map<std::pair<bool, int>, ColumnWidth> widths; // of each column, nearest to the plot first
     for (ScaleBand& band : layout.scales) {
         const TrendScale& scale = *chart.scale(band.axis);
-        findTicks(scale, band, metrics);
+        findTicks(chart.state, band, metrics);
         if (!scale.position.visible) continue;
         const double title = scale.text.isEmpty() ? 0 : std::ceil(metrics.height()) + 2;
         ColumnWidth& width = widths[{band.right, scale.position.column}];
-        width.labels = std::max(width.labels, labelWidth(band, metrics));
+        if (!band.idle) width.labels = std::max(width.labels, labelWidth(band, metrics));
         width.whole = std::max(width.whole,
                                std::ceil(tickLength + std::max(least, width.labels) + title + 8));
     }
@@ -148,10 +152,8 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
         const TrendScale& scale = *chart.scale(band.axis);
         band.band.setLeft(layout.plot.left());
         band.band.setRight(layout.plot.right());
-        if (!scale.position.visible) {
-            band.ticks.clear();
-            continue;
-        }
+        if (!scale.position.visible || band.idle) band.ticks.clear();
+        if (!scale.position.visible) continue;
         double nearer = 0;
         for (const auto& [column, width] : widths)
             if (column.first == band.right && column.second < scale.position.column)

@@ -38,8 +38,8 @@ double TextMeasure::width(const QString& text) {
     return text.isEmpty() ? 0 : entry(text).width;
 }
 
-QString TextMeasure::elided(const QString& text, double most) {
-    return width(text) <= most ? text : m_metrics.elidedText(text, Qt::ElideRight, most);
+QString TextMeasure::elided(const QString& text, double most, Qt::TextElideMode at) {
+    return width(text) <= most ? text : m_metrics.elidedText(text, at, most);
 }
 
 void TextMeasure::draw(QPainter& painter, const QPointF& topLeft, const QString& text) {

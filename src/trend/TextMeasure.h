@@ -25,8 +25,8 @@ class TextMeasure {
     double ascent() const { return m_metrics.ascent(); }
 
     double width(const QString& text);
-    /// The text, shortened at its end to fit a width.
-    QString elided(const QString& text, double most);
+    /// The text, shortened to fit a width.
+    QString elided(const QString& text, double most, Qt::TextElideMode at = Qt::ElideRight);
     /// Draws with the painter's pen and font (which has to be this one); topLeft is of the line.
     void draw(QPainter& painter, const QPointF& topLeft, const QString& text);
 

@@ -53,7 +53,7 @@ QString TrendAccessiblePart::name() const {
     case Kind::Scale:
         return say("Y axis %1: %2").arg(m_id.index).arg(m_trend->GetYScText(m_id.index));
     case Kind::Curve:
-        return m_trend->GetCurveText(m_id.index);
+        return m_trend->GetCurveText(m_id.index).trimmed();
     case Kind::Crosshair:
         return say("Crosshair");
     case Kind::Cursor:
@@ -66,8 +66,8 @@ QString TrendAccessiblePart::scaleValue() const {
     const ScaleBand* band = scene().layout().scale(m_id.index);
     if (!band) return {};
     const QString range = say("%1 to %2")
-                              .arg(TrendReading::valueText(band->map.min()),
-                                   TrendReading::valueText(band->map.max()));
+                              .arg(scene().reading().number(band->map.min()),
+                                   scene().reading().number(band->map.max()));
     return band->map.logarithmic() ? say("%1, logarithmic").arg(range) : range;
 }
 
@@ -79,7 +79,7 @@ QString TrendAccessiblePart::curveValue() const {
     const auto& curve = m_trend->chart().curves[static_cast<std::size_t>(m_id.index)];
     const QString unit = reading.unit(m_id.index);
     return say("%1 to %2%3, %4 values")
-        .arg(TrendReading::valueText(extent->yFrom), TrendReading::valueText(extent->yTo),
+        .arg(reading.number(extent->yFrom), reading.number(extent->yTo),
              unit.isEmpty() ? unit : u' ' + unit, QString::number(curve.valueCount()));
 }
 

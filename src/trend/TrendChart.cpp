@@ -43,6 +43,22 @@ int TrendChart::enabledScales() const {
                                           [](const TrendScale& scale) { return scale.enabled; }));
 }
 
+bool TrendChart::isStrip() const {
+    return std::any_of(state.scales.begin(), state.scales.end(), [](const TrendScale& scale) {
+        return scale.enabled && scale.position.heightPercent < 100;
+    });
+}
+
+bool TrendChart::isIdle(int axis) const {
+    bool any = false;
+    for (const TrendCurve& one : curves) {
+        if (one.style().relatedScale != axis || one.empty()) continue;
+        if (one.style().visible) return false;
+        any = true;
+    }
+    return any;
+}
+
 bool TrendChart::drawn(const TrendCurve& curve) const {
     const TrendScale* on = scale(curve.style().relatedScale);
     return on && on->enabled && curve.style().visible && !curve.empty();
@@ -64,8 +80,8 @@ QStringList TrendChart::noteLines() const {
         if (!drawn(one) || !scale(one.style().relatedScale)->logarithmic) continue;
         const std::size_t count = one.notPositiveCount();
         if (count > 0)
-            parts +=
-                QStringLiteral("%1 of %2").arg(QLocale().toString(qulonglong(count)), one.text());
+            parts += QStringLiteral("%1 of %2")
+                         .arg(QLocale().toString(qulonglong(count)), one.text().trimmed());
     }
     QStringList lines = state.notes;
     if (!parts.isEmpty())

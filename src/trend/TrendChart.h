@@ -23,6 +23,10 @@ struct TrendChart {
     const TrendScale* scale(int axis) const;
     /// Number of Y scales that are shown.
     int enabledScales() const;
+    /// Whether scales share the height, each in a strip of its own.
+    bool isStrip() const;
+    /// Whether a scale (1 to 6) has curves, all of them hidden.
+    bool isIdle(int axis) const;
     /// Whether a curve is to be drawn: visible, with points, on an enabled scale.
     bool drawn(const TrendCurve& curve) const;
     /// The one curve drawn on an axis (1 to 6); null when there is none or more than one.

@@ -2,6 +2,7 @@
 
 #include "trend/CTrend.h"
 #include "trend/CurveReader.h"
+#include "trend/LegendMenu.h"
 #include "trend/ScaleDialog.h"
 #include "trend/TrendScene.h"
 #include "trend/TrendZoom.h"
@@ -122,6 +123,7 @@ void TrendCommands::setCrosshair(std::optional<double> time) {
 void TrendCommands::setCrosshairFollows(bool on) {
     m_follow = on;
     if (!on) setCrosshair(std::nullopt);
+    if (on && m_trend.underMouse()) pointAt(m_trend.mapFromGlobal(QPointF(QCursor::pos())));
 }
 
 std::optional<double> TrendCommands::sampleTime(double time) const {
@@ -200,7 +202,9 @@ void TrendCommands::enterLegend() {
 }
 
 void TrendCommands::moveInLegend(int by) {
-    const auto count = static_cast<int>(m_scene.layout().legendItems.size());
+    const TrendLayout& layout = m_scene.layout();
+    const auto more = layout.legendLeftOut.empty() ? 0 : 1;
+    const auto count = static_cast<int>(layout.legendItems.size()) + more;
     if (count == 0) return;
     m_scene.marks.legendFocus = std::clamp(m_scene.marks.legendFocus + by, 0, count - 1);
     updateOverlay();
@@ -219,10 +223,21 @@ int TrendCommands::focusedCurve() {
     return m_scene.marks.legendFocus >= 0 && item < items.size() ? items[item].curve : -1;
 }
 
+void TrendCommands::openLegendMenu() {
+    auto* menu = new LegendMenu(m_trend, m_scene.layout().legendLeftOut);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(m_trend.mapToGlobal(m_scene.layout().legendMore.bottomLeft().toPoint()));
+}
+
+void TrendCommands::pressInLegend() {
+    const int curve = focusedCurve();
+    curve >= 0 ? toggleCurve(curve) : openLegendMenu();
+}
+
 void TrendCommands::editScale(int axis) {
     const TrendScale* scale = m_scene.chart().scale(axis);
     if (!scale || !scale->enabled || !scale->userDialogEnabled) return;
-    ScaleDialog dialog(axis, *scale, &m_trend);
+    ScaleDialog dialog(axis, m_scene.chart().state, &m_trend);
     if (dialog.exec() != QDialog::Accepted) return;
     const TrendScale edited = dialog.scale();
     zoom(Step::Single, [&](TrendZoom&) {

@@ -68,6 +68,10 @@ class TrendCommands {
     void leaveLegend();
     /// Curve of the legend entry that has the focus; -1 without one.
     int focusedCurve();
+    /// Opens the menu of the curves for which the legend has no room.
+    void openLegendMenu();
+    /// To be called when Space or Enter is pressed in the legend.
+    void pressInLegend();
     /// Opens the dialog of a scale, when the scale allows it.
     void editScale(int axis);
 

@@ -53,6 +53,7 @@ TrendInteraction::Drag TrendInteraction::dragFor(const QMouseEvent& event) {
     m_index = hit.index;
     switch (hit.part) {
     case TrendPart::Legend:
+    case TrendPart::LegendMore:
         return left ? Drag::Click : Drag::None;
     case TrendPart::TimeAxis:
         return Drag::PanTime;
@@ -125,6 +126,7 @@ void TrendInteraction::click(const QPointF& at) {
     if (m_drag == Drag::Click) {
         if (hit.part == TrendPart::Legend && hit.index == m_index)
             m_commands.toggleCurve(hit.index);
+        if (hit.part == TrendPart::LegendMore) m_commands.openLegendMenu();
     } else if (hit.part == TrendPart::Plot && m_button == Qt::LeftButton &&
                m_drag != Drag::Cursor) {
         Q_EMIT m_trend.timeClicked(m_scene.layout().timeMap.toValue(at.x()));
@@ -159,7 +161,7 @@ void TrendInteraction::doubleClick(const QMouseEvent& event) {
     const TrendHit hit = m_scene.layout().hit(event.position());
     if (hit.part == TrendPart::Scale) {
         m_commands.editScale(hit.index);
-    } else if (hit.part == TrendPart::Legend) {
+    } else if (hit.part == TrendPart::Legend || hit.part == TrendPart::LegendMore) {
         press(event); // a quick second click switches the curve again
     } else if (hit.part != TrendPart::Nothing) {
         m_commands.zoomAll();
@@ -205,12 +207,14 @@ bool TrendInteraction::cancel() {
     m_scene.lasso.cancel();
     m_commands.endStep();
     m_commands.updateOverlay();
+    if (m_scene.marks.pointer) showPointer(*m_scene.marks.pointer);
     return true;
 }
 
 Qt::CursorShape TrendInteraction::shapeAt(const QPointF& at) {
     switch (m_scene.layout().hit(at).part) {
     case TrendPart::Legend:
+    case TrendPart::LegendMore:
         return Qt::PointingHandCursor;
     case TrendPart::TimeAxis:
         return Qt::SizeHorCursor;

@@ -100,7 +100,7 @@ bool TrendKeys::pressInLegend(const QKeyEvent& event) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (!event.isAutoRepeat()) m_commands.toggleCurve(m_commands.focusedCurve());
+        if (!event.isAutoRepeat()) m_commands.pressInLegend();
         return true;
     case Qt::Key_Escape:
         m_commands.leaveLegend();

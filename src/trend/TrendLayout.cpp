@@ -57,7 +57,7 @@ int timeLabelCount(const TrendLayout& layout, double span) {
     return labels;
 }
 
-void findTimeMarks(TrendLayout& layout, const TimeTicks& times) {
+void findTimeMarks(TrendLayout& layout, const TrendState& state, const TimeTicks& times) {
     const double from = layout.timeMap.min();
     const double to = layout.timeMap.max();
     const int most = timeLabelCount(layout, to - from);
@@ -67,6 +67,8 @@ void findTimeMarks(TrendLayout& layout, const TimeTicks& times) {
         const auto& ticks = layout.timeMarks.ticks;
         if (std::any_of(ticks.begin(), ticks.end(), isMajor)) break;
     }
+    for (AxisTick& tick : layout.timeMarks.ticks)
+        tick.label = state.numbers(std::move(tick.label));
 }
 
 // A label that would touch the one before is left out.
@@ -147,7 +149,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
     layout.timeAxis =
         QRectF(layout.plot.left(), layout.plot.bottom(), layout.plot.width(), axisHeight);
     layout.timeMap = timeMapOf(chart.state, layout.plot);
-    findTimeMarks(layout, times);
+    findTimeMarks(layout, chart.state, times);
     placeTimeLabels(layout);
     return layout;
 }
@@ -161,6 +163,7 @@ const ScaleBand* TrendLayout::scale(int axis) const {
 TrendHit TrendLayout::hit(const QPointF& point) const {
     for (const LegendItem& item : legendItems)
         if (item.rect.contains(point)) return {TrendPart::Legend, item.curve};
+    if (legendMore.contains(point)) return {TrendPart::LegendMore, 0};
     for (const ScaleBand& band : scales)
         if (band.rect.contains(point)) return {TrendPart::Scale, band.axis};
     if (plot.contains(point)) return {TrendPart::Plot, 0};

@@ -22,10 +22,11 @@ struct AxisLabel {
 struct ScaleBand {
     int axis = 0; ///< 1 to 6
     bool right = false;
-    QRectF rect;  ///< ticks, labels and title
-    QRectF title; ///< where the title stands, read from below
-    QRectF band;  ///< the part of the drawing area that the scale's curves use
-    ScaleMap map; ///< value to y
+    QRectF rect;       ///< ticks, labels and title
+    QRectF title;      ///< where the title stands, read from below
+    QRectF band;       ///< the part of the drawing area that the scale's curves use
+    ScaleMap map;      ///< value to y
+    bool idle = false; ///< all its curves are hidden, and so are its ticks
     std::vector<AxisTick> ticks;
     std::vector<AxisLabel> labels; ///< those of the ticks that find room
     QString titleText;             ///< shortened to fit
@@ -41,7 +42,7 @@ struct LegendItem {
 };
 
 /// Which part of the chart is at a point.
-enum class TrendPart { Nothing, Plot, TimeAxis, Scale, Legend };
+enum class TrendPart { Nothing, Plot, TimeAxis, Scale, Legend, LegendMore };
 
 struct TrendHit {
     TrendPart part = TrendPart::Nothing;
@@ -68,12 +69,15 @@ class TrendLayout {
     std::vector<AxisLabel> timeLabels;
     std::vector<ScaleBand> scales;
     std::vector<LegendItem> legendItems;
-    int legendLeftOut = 0; ///< curves for which the legend has no room
-    QRectF legendMore;     ///< where their number stands
+    std::vector<int> legendLeftOut; ///< curves for which the legend has no room
+    QRectF legendMore;              ///< where their number stands; a button for their menu
 
     /// The band of an axis (1 to 6); null when it is not drawn.
     const ScaleBand* scale(int axis) const;
     TrendHit hit(const QPointF& point) const;
+
+    /// "+ 12": how many curves the legend has no room for.
+    QString moreText() const { return QStringLiteral("+ %1").arg(legendLeftOut.size()); }
 };
 
 } // namespace pellam

@@ -16,11 +16,12 @@ QAction* TrendMenu::add(const QString& text, const char* key, bool enabled, Do a
 }
 
 template <typename Do>
-void TrendMenu::addToggle(const QString& text, const char* key, bool on, Do act) {
+QAction* TrendMenu::addToggle(const QString& text, const char* key, bool on, Do act) {
     QAction* action = addAction(text + u'\t' + tr(key));
     action->setCheckable(true);
     action->setChecked(on);
     connect(action, &QAction::toggled, &m_trend, act);
+    return action;
 }
 
 TrendMenu::TrendMenu(CTrend& trend, std::optional<double> time, int axis)
@@ -33,8 +34,9 @@ TrendMenu::TrendMenu(CTrend& trend, std::optional<double> time, int axis)
               [this](bool on) { m_trend.commands().setCrosshairFollows(on); });
     addCursors(time);
     addSeparator();
-    add(tr("S&trip Chart"), QT_TR_NOOP("F7"), chart.enabledScales() > 1,
-        [this] { Q_EMIT m_trend.stripChartRequested(); });
+    addToggle(tr("S&trip Chart"), QT_TR_NOOP("F7"), chart.isStrip(), [this] {
+        Q_EMIT m_trend.stripChartRequested();
+    })->setEnabled(chart.enabledScales() > 1);
     addToggle(tr("&Break Lines at Gaps"), QT_TR_NOOP("G"), chart.state.breakGaps,
               [this](bool on) { m_trend.setBreakGaps(on); });
     addSeparator();

@@ -18,7 +18,7 @@ class TrendMenu : public QMenu {
     template <typename Do>
     QAction* add(const QString& text, const char* key, bool enabled, Do act);
     template <typename Do>
-    void addToggle(const QString& text, const char* key, bool on, Do act);
+    QAction* addToggle(const QString& text, const char* key, bool on, Do act);
     void addZoom();
     void addCursors(std::optional<double> time);
     void addScales(int axis);

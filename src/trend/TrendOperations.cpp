@@ -82,6 +82,10 @@ void TrendOperations::setNotes(const QStringList& notes) {
     setSetting(m_chart.state.notes, notes);
 }
 
+void TrendOperations::setDecimalPoint(QChar point) {
+    setSetting(m_chart.state.decimalPoint, point);
+}
+
 void TrendOperations::setBreakGaps(bool on) {
     setSetting(m_chart.state.breakGaps, on);
 }

@@ -58,6 +58,7 @@ class TrendOperations {
     void setTitle(const QString& title);
     void setNotes(const QStringList& notes); ///< lines about points that were left out
     virtual void setBreakGaps(bool on);
+    void setDecimalPoint(QChar point); ///< in numbers and times; '.' at start
 
     // Curves.
     void SetCurveRelatedScale(int curve, int axis); ///< 0 = none

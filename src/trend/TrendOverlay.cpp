@@ -47,6 +47,8 @@ void TrendOverlay::findFocus(const TrendLayout& layout, const TrendMarks& marks)
     const auto item = static_cast<std::size_t>(marks.legendFocus);
     if (marks.legendFocus >= 0 && item < layout.legendItems.size())
         m_focus = layout.legendItems[item].rect.adjusted(-1, -1, 1, 1);
+    else if (marks.legendFocus >= 0 && !layout.legendLeftOut.empty())
+        m_focus = layout.legendMore.adjusted(-1, -1, 1, 1);
 }
 
 void TrendOverlay::prepare(const TrendChart& chart, const TrendLayout& layout,

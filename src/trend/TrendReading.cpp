@@ -21,6 +21,17 @@ QString tr(const char* text) {
     return QCoreApplication::translate("pellam::TrendReading", text);
 }
 
+// Fraction digits that a time needs, at least those that are known to be needed.
+int digitsOf(double time, int digits) {
+    // Doubles around now are a quarter of a microsecond apart.
+    constexpr double slack = 3e-7;
+    const double fraction = time - std::floor(time);
+    double unit = std::pow(10.0, digits);
+    while (digits < 6 && std::abs(fraction - std::round(fraction * unit) / unit) > slack)
+        unit = std::pow(10.0, ++digits);
+    return digits;
+}
+
 double rounded(double value) {
     return QString::number(value, 'g', kComputedDigits).toDouble();
 }
@@ -52,20 +63,27 @@ QString TrendReading::unit(int curve) const {
 }
 
 int TrendReading::findDigits() const {
-    // Doubles around now are a quarter of a microsecond apart.
-    constexpr double slack = 3e-7;
     int digits = 0;
     for (const int curve : drawnCurves()) {
         const TrendTimes& times = *m_chart.curves[static_cast<std::size_t>(curve)].times();
         const std::size_t stride = std::max<std::size_t>(1, times.size() / kMostTimesLookedAt);
-        for (std::size_t i = 0; i < times.size(); i += stride) {
-            const double fraction = times[i] - std::floor(times[i]);
-            double unit = std::pow(10.0, digits);
-            while (digits < 6 && std::abs(fraction - std::round(fraction * unit) / unit) > slack)
-                unit = std::pow(10.0, ++digits);
-        }
+        for (std::size_t i = 0; i < times.size(); i += stride)
+            digits = digitsOf(times[i], digits);
     }
     return digits;
+}
+
+// Only some of the times were looked at: one that is shown and needs more digits has them.
+void TrendReading::noteSample(const std::optional<CurveSample>& sample) const {
+    if (sample && m_digits < 0) m_foundDigits = digitsOf(sample->time, timeDigits());
+}
+
+void TrendReading::noteTimes(const TrendMarks& marks) const {
+    for (const int curve : drawnCurves()) {
+        if (marks.crosshair) noteSample(sample(curve, *marks.crosshair));
+        for (const auto& cursor : marks.cursors)
+            if (cursor) noteSample(sample(curve, *cursor));
+    }
 }
 
 int TrendReading::timeDigits() const {
@@ -75,11 +93,11 @@ int TrendReading::timeDigits() const {
 }
 
 QString TrendReading::timeText(double time) const {
-    return m_times.fullText(time, timeDigits());
+    return m_chart.state.numbers(m_times.fullText(time, timeDigits()));
 }
 
 QString TrendReading::spanText(double seconds) const {
-    return TimeTicks::spanText(seconds, timeDigits());
+    return m_chart.state.numbers(TimeTicks::spanText(seconds, timeDigits()));
 }
 
 QString TrendReading::valueText(double value) {
@@ -88,6 +106,10 @@ QString TrendReading::valueText(double value) {
     const double size = std::abs(value);
     const char form = size >= 1e-5 && size < 1e15 ? 'f' : 'g';
     return QString::number(value, form, QLocale::FloatingPointShortest);
+}
+
+QString TrendReading::number(double value) const {
+    return m_chart.state.numbers(valueText(value));
 }
 
 std::vector<int> TrendReading::drawnCurves() const {
@@ -105,7 +127,7 @@ QString TrendReading::valueAt(int curve, double time) const {
     const auto found = sample(curve, time);
     if (!found) return tr("no value");
     const QString text = unit(curve);
-    return text.isEmpty() ? valueText(found->value) : valueText(found->value) + u' ' + text;
+    return text.isEmpty() ? number(found->value) : number(found->value) + u' ' + text;
 }
 
 void TrendReading::addTimes(ReadoutContent& content, const TrendMarks& marks) const {
@@ -132,27 +154,27 @@ const CurveStatistics& TrendReading::Between::of(int curve, double from, double 
 void TrendReading::addBetween(QStringList& cells, int curve, double a, double b) const {
     const auto atA = sample(curve, a);
     const auto atB = sample(curve, b);
-    cells += atA && atB ? valueText(rounded(atB->value - atA->value)) : kNone;
+    cells += atA && atB ? number(rounded(atB->value - atA->value)) : kNone;
     const CurveStatistics& between = m_between.of(curve, a, b, m_chart);
     const bool any = between.count > 0;
-    cells += any ? valueText(between.min) : kNone;
-    cells += any ? valueText(between.max) : kNone;
-    cells += any ? meanText(between) : kNone;
+    cells += any ? number(between.min) : kNone;
+    cells += any ? number(between.max) : kNone;
+    cells += any ? m_chart.state.numbers(meanText(between)) : kNone;
     cells += QString::number(between.count);
 }
 
 QStringList TrendReading::cells(int curve, const TrendMarks& marks, double heading) const {
-    QStringList cells{m_chart.curves[static_cast<std::size_t>(curve)].text()};
+    QStringList cells{m_chart.curves[static_cast<std::size_t>(curve)].text().trimmed()};
     QString ownTime;
     if (marks.crosshair) {
         const auto found = sample(curve, *marks.crosshair);
-        cells += found ? valueText(found->value) : kNone;
+        cells += found ? number(found->value) : kNone;
         if (found && found->time != heading) ownTime = timeText(found->time);
     }
     for (const auto& cursor : marks.cursors) {
         if (!cursor) continue;
         const auto found = sample(curve, *cursor);
-        cells += found ? valueText(found->value) : kNone;
+        cells += found ? number(found->value) : kNone;
     }
     if (marks.cursors[0] && marks.cursors[1])
         addBetween(cells, curve, *marks.cursors[0], *marks.cursors[1]);
@@ -164,6 +186,7 @@ QStringList TrendReading::cells(int curve, const TrendMarks& marks, double headi
 ReadoutContent TrendReading::table(const TrendMarks& marks) const {
     ReadoutContent content;
     if (!marks.crosshair && !marks.measuring()) return content;
+    noteTimes(marks);
     const std::vector<int> curves = drawnCurves();
     double heading = -1e300;
     if (marks.crosshair) {
@@ -197,24 +220,26 @@ ReadoutContent TrendReading::spans(const QRectF& rect, const TrendLayout& layout
         const double to = layout.timeMap.toValue(rect.right());
         const double pixel = (to - from) / std::max(1.0, rect.width());
         const int digits = std::clamp(static_cast<int>(std::ceil(-std::log10(pixel))), 0, 6);
-        content.lines += TimeTicks::spanText(to - from, digits);
-        content.lines +=
-            m_times.fullText(from, digits) + QStringLiteral(" – ") + m_times.fullText(to, digits);
+        content.lines += m_chart.state.numbers(TimeTicks::spanText(to - from, digits));
+        content.lines += m_chart.state.numbers(
+            m_times.fullText(from, digits) + QStringLiteral(" – ") + m_times.fullText(to, digits));
     }
     if (!values) return content;
     content.titles = {QString(), tr("From"), tr("To"), tr("Span")};
-    for (const ScaleBand& band : layout.scales) {
-        const double top = std::max(rect.top(), band.band.top());
-        const double bottom = std::min(rect.bottom(), band.band.bottom());
+    for (int axis = 1; axis <= trendScaleCount; ++axis) {
+        const ScaleBand* band = layout.scale(axis);
+        if (!band || band->idle) continue;
+        const double top = std::max(rect.top(), band->band.top());
+        const double bottom = std::min(rect.bottom(), band->band.bottom());
         if (bottom - top < 1) continue;
-        const double from = band.map.toValue(bottom);
-        const double to = band.map.toValue(top);
+        const double from = band->map.toValue(bottom);
+        const double to = band->map.toValue(top);
         const double step = (to - from) / (bottom - top);
-        const TrendCurve* only = m_chart.onlyCurve(band.axis);
-        content.rows.push_back(
-            {only ? only->style().colour : QColor(),
-             {band.titleText, DecimalTicks::text(from, step), DecimalTicks::text(to, step),
-              DecimalTicks::text(to - from, step)}});
+        const TrendCurve* only = m_chart.onlyCurve(axis);
+        QStringList cells{band->titleText};
+        for (const double value : {from, to, to - from})
+            cells += m_chart.state.numbers(DecimalTicks::text(value, step));
+        content.rows.push_back({only ? only->style().colour : QColor(), cells});
     }
     return content;
 }

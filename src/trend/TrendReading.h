@@ -39,6 +39,8 @@ class TrendReading {
     /// As short as it can be told apart from every other double, but values that no decimal text
     /// of up to 15 digits gave are rounded to 10 digits.
     static QString valueText(double value);
+    /// The same with the chart's decimal point.
+    QString number(double value) const;
     /// Numbers of the drawn curves, in order.
     std::vector<int> drawnCurves() const;
     std::optional<CurveSample> sample(int curve, double time) const;
@@ -69,6 +71,8 @@ class TrendReading {
     QStringList cells(int curve, const TrendMarks& marks, double heading) const;
     void addBetween(QStringList& cells, int curve, double a, double b) const;
     int findDigits() const;
+    void noteTimes(const TrendMarks& marks) const;
+    void noteSample(const std::optional<CurveSample>& sample) const;
 
     const TrendChart& m_chart;
     const TimeTicks& m_times;

@@ -11,4 +11,12 @@ TrendState::TrendState() {
     }
 }
 
+QString TrendState::numbers(QString text) const {
+    if (decimalPoint == u'.') return text;
+    // A point that ends a month's short name is none of a number's.
+    for (qsizetype i = 0; i + 1 < text.size(); ++i)
+        if (text[i] == u'.' && text[i + 1].isDigit()) text[i] = decimalPoint;
+    return text;
+}
+
 } // namespace pellam

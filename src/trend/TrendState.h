@@ -32,12 +32,16 @@ struct TrendState {
     bool dockingScales = true;  ///< kept only
     bool colourScales = true;   ///< a black scale that carries one curve takes its colour
     bool breakGaps = true;      ///< no line across more than three times a curve's usual step
+    QChar decimalPoint = u'.';  ///< in numbers and times
     QString fontName = QStringLiteral("Verdana");
     double fontScaleFactor = 0.5;   ///< 0.1 to 1.0
     double baseFontPixels = 13;     ///< text size at factor 0.5
     QColor backColor;               ///< invalid = the theme's
     QColor trendBackColor;          ///< of the drawing area; invalid = the theme's
     std::vector<CurveStyle> curves; ///< filled by TrendChart::save()
+
+    /// A text of numbers with decimalPoint in place of their points.
+    QString numbers(QString text) const;
 };
 
 } // namespace pellam

@@ -15,7 +15,29 @@ struct Extent {
     double max = -999999.9;
 };
 
-void applyRanges(TrendOperations& trend, int axis, const AxisRanges& ranges) {
+struct DataExtent {
+    std::array<Extent, trendScaleCount> axes;
+    double from = 0;
+    double to = 0;
+};
+
+DataExtent visibleExtent(const TrendOperations& trend, double now) {
+    DataExtent extent{{}, now, 0};
+    for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
+        const int axis = trend.GetCurveRelatedScale(curve);
+        const auto range = trend.GetDataRange(curve);
+        if (!trend.GetCurveVisible(curve) || !range || axis < 1 || axis > trendScaleCount) continue;
+        Extent& values = extent.axes[static_cast<std::size_t>(axis - 1)];
+        values.min = std::min(values.min, range->yFrom);
+        values.max = std::max(values.max, range->yTo);
+        extent.from = std::min(extent.from, range->xFrom);
+        extent.to = std::max(extent.to, range->xTo);
+    }
+    return extent;
+}
+
+void applyRanges(TrendOperations& trend, int axis, const Extent& extent) {
+    const AxisRanges ranges = scaledToData(extent.min, extent.max);
     trend.SetYScRangeMin(axis, ranges.rangeMin);
     trend.SetYScRangeMax(axis, ranges.rangeMax);
     trend.SetYScActualRangeMin(axis, ranges.shownMin);
@@ -32,28 +54,22 @@ AxisRanges scaledToData(double min, double max) {
 }
 
 void autoScale(TrendOperations& trend, double now) {
-    double from = now;
-    double to = 0;
     trend.SetLockUpdate(1);
-    std::array<Extent, trendScaleCount> extents;
-    for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
-        const int axis = trend.GetCurveRelatedScale(curve);
-        const auto range = trend.GetDataRange(curve);
-        if (!trend.GetCurveVisible(curve) || !range || axis < 1 || axis > trendScaleCount) continue;
-        Extent& extent = extents[static_cast<std::size_t>(axis - 1)];
-        extent.min = std::min(extent.min, range->yFrom);
-        extent.max = std::max(extent.max, range->yTo);
-        from = std::min(from, range->xFrom);
-        to = std::max(to, range->xTo);
+    const DataExtent extent = visibleExtent(trend, now);
+    for (int axis = 1; axis <= trendScaleCount; ++axis)
+        applyRanges(trend, axis, extent.axes[static_cast<std::size_t>(axis - 1)]);
+    if (extent.to > extent.from) {
+        trend.SetXScActualRangeMin(extent.from);
+        trend.SetXScActualRangeMax(extent.to);
     }
-    for (int axis = 1; axis <= trendScaleCount; ++axis) {
-        const Extent& extent = extents[static_cast<std::size_t>(axis - 1)];
-        applyRanges(trend, axis, scaledToData(extent.min, extent.max));
-    }
-    if (to > from) {
-        trend.SetXScActualRangeMin(from);
-        trend.SetXScActualRangeMax(to);
-    }
+    trend.SetLockUpdate(0);
+}
+
+void scaleLateAxis(TrendOperations& trend, int axis) {
+    if (axis < 1 || axis > trendScaleCount) return;
+    if (trend.GetYScActualRangeMin(axis) <= trend.GetYScActualRangeMax(axis)) return;
+    trend.SetLockUpdate(1);
+    applyRanges(trend, axis, visibleExtent(trend, 0).axes[static_cast<std::size_t>(axis - 1)]);
     trend.SetLockUpdate(0);
 }
 

@@ -21,4 +21,8 @@ AxisRanges scaledToData(double min, double max);
 /// latest moment at which the time axis can start. An axis without data gets reversed ranges.
 void autoScale(TrendOperations& trend, double now);
 
+/// Scales an axis (1 to 6) to its visible curves when it stands reversed: it was scaled while all
+/// of them were hidden.
+void scaleLateAxis(TrendOperations& trend, int axis);
+
 } // namespace pellam

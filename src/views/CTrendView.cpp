@@ -59,6 +59,7 @@ CTrendView::~CTrendView() = default;
 void CTrendView::OnInitialUpdate() {
     m_trend->Create(this);
     setUpTrend(*m_trend);
+    m_trend->setDecimalPoint(QLatin1Char(m_context.international.decimalSeparator));
     setFocusProxy(m_trend);
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignCenter);
@@ -76,6 +77,9 @@ void CTrendView::connectTrend() {
     connect(m_trend, &CTrend::editAxisRequested, this, &CTrendView::OnEditAxis);
     connect(m_trend, &CTrend::copyRequested, this, &CTrendView::OnEditCopy);
     connect(m_trend, &CTrend::exportImageRequested, this, &CTrendView::exportImage);
+    connect(m_trend, &CTrend::curveVisibilityChanged, this, [this](int curve, bool visible) {
+        if (visible && !m_rebuilding) scaleLateAxis(*m_trend, m_trend->GetCurveRelatedScale(curve));
+    });
     connect(m_trend, &CTrend::selectionZoomChanged, this, &CTrendView::stateChanged);
     connect(m_trend, &CTrend::zoomChanged, this, &CTrendView::OnTrendStep);
     connect(m_trend, &CTrend::textCutShort, this, &CTrendView::OnInsufficientTextSpace);
@@ -238,8 +242,8 @@ void CTrendView::exportImage() {
     });
     if (dialog.exec() != QDialog::Accepted) return;
     const QString path = dialog.selectedFiles().value(0);
-    const Failure failure =
-        writeChartFile(*m_trend, QFile::encodeName(path).toStdString(), m_trend->size());
+    const Failure failure = writeChartFile(*m_trend, QFile::encodeName(path).toStdString(),
+                                           m_trend->size(), m_trend->devicePixelRatioF());
     if (failure) m_context.messages.show(failure.text());
 }
 

@@ -12,7 +12,8 @@ namespace pellam {
 namespace {
 
 /// The file's content; empty when the chart could not be drawn.
-QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize& size) {
+QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize& size,
+                      double pixelRatio) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -23,18 +24,19 @@ QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize&
     } else if (path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
         written = writeChartPdf(buffer, chart, size, theme);
     } else {
-        written = chartImage(chart, size, theme).save(&buffer, "PNG");
+        written = chartImage(chart, size, theme, pixelRatio).save(&buffer, "PNG");
     }
     return written ? bytes : QByteArray();
 }
 
 } // namespace
 
-Failure writeChartFile(TrendOperations& trend, const std::string& path, const QSize& size) {
+Failure writeChartFile(TrendOperations& trend, const std::string& path, const QSize& size,
+                       double pixelRatio) {
     QByteArray bytes;
     {
         const PaperLayout paper(trend);
-        bytes = chartBytes(trend.chart(), QString::fromStdString(path), size);
+        bytes = chartBytes(trend.chart(), QString::fromStdString(path), size, pixelRatio);
     }
     if (bytes.isEmpty()) return {Failure::Kind::Write, path, -1, "the chart could not be drawn"};
     AtomicFile file;

@@ -262,6 +262,30 @@ TEST(CTrendInteraction, LegendSwitchesCurvesByMouseAndKeys) {
     EXPECT_EQ(switched.join(u' ').toStdString(), "0- 1- 0+");
 }
 
+TEST(CTrendInteraction, CurvesBeyondTheLegendAreInItsMenu) {
+    TrendBench bench("0 1 2 3 4 5 6\n 100 2 3 4 5 6 7\n");
+    bench.trend.resize(240, 160);
+    const std::vector<int> beyond = bench.layout().legendLeftOut;
+    ASSERT_FALSE(beyond.empty());
+    const auto choose = [&](std::size_t item) {
+        auto* menu = bench.trend.findChild<QMenu*>();
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(menu->actions().size(), qsizetype(beyond.size()));
+        menu->actions()[qsizetype(item)]->trigger();
+        delete menu;
+    };
+    bench.click(bench.layout().legendMore.center());
+    choose(0);
+    bench.key(Qt::Key_Tab);
+    for (int i = 0; i < 9; ++i)
+        bench.key(Qt::Key_Right);
+    bench.key(Qt::Key_Space);
+    choose(beyond.size() - 1);
+    for (int curve = 0; curve < 6; ++curve)
+        EXPECT_EQ(bench.trend.GetCurveVisible(curve),
+                  curve != beyond.front() && curve != beyond.back());
+}
+
 TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
     const struct {
         const char* name;

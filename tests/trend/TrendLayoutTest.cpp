@@ -126,10 +126,20 @@ TEST(TrendLayout, LeavesNoTextOverAnotherOrCut) {
                     }
                 }
                 const auto listed = static_cast<int>(layout.legendItems.size());
-                EXPECT_EQ(listed + layout.legendLeftOut, curves);
+                EXPECT_EQ(listed + int(layout.legendLeftOut.size()), curves);
             }
         }
     }
+}
+
+TEST(TrendLayout, AScaleOfHiddenCurvesHasNoNumbers) {
+    TrendChart chart = chartOf(4, 2);
+    chart.curves[0].style().visible = false;
+    EXPECT_FALSE(layoutOf(chart, QSizeF(800, 600)).scale(1)->labels.empty());
+    chart.curves[2].style().visible = false;
+    const TrendLayout layout = layoutOf(chart, QSizeF(800, 600));
+    EXPECT_TRUE(layout.scale(1)->labels.empty());
+    EXPECT_FALSE(layout.scale(2)->labels.empty());
 }
 
 TEST(TrendLayout, TellsWhatIsAtAPoint) {

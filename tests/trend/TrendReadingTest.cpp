@@ -78,6 +78,21 @@ TEST(TrendReading, CursorsTellWhatLiesBetween) {
     EXPECT_EQ(bench.reading(), "");
 }
 
+TEST(TrendReading, ALoneFractionIsShownInFull) {
+    std::vector<double> times;
+    std::vector<double> values;
+    for (int i = 0; i < 900; ++i) {
+        times.push_back(i == 50 ? 50.25 : i); // among too many to look at all of them
+        values.push_back(i + 0.5);
+    }
+    TrendBench bench(std::move(times), {values});
+    bench.trend.setDecimalPoint(u',');
+    bench.hover(bench.at(0.405, 0.5));
+    EXPECT_EQ(bench.reading(), "1970-01-01 00:00:40\nCurve1\t40,5\tu1\t");
+    bench.hover(bench.at(0.505, 0.5));
+    EXPECT_EQ(bench.reading(), "1970-01-01 00:00:50,25\nCurve1\t50,5\tu1\t");
+}
+
 TEST(TrendReading, ArrowKeysStepFromSampleToSample) {
     TrendBench bench("0 1 -\n 10 - 2\n 55 3 -\n 90 4 4\n 150 5 -\n");
     const auto line = [&] {

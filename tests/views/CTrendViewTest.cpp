@@ -99,6 +99,19 @@ TEST_F(CTrendViewTest, BuildsOnceAndScales) {
     EXPECT_EQ(trend().GetDataRange(0)->yTo, 50);
 }
 
+TEST_F(CTrendViewTest, ACurveThatWasHiddenWhileScalingIsScaledWhenItComesBack) {
+    activate();
+    trend().SetCurveVisible(0, 0);
+    m_view.OnTrendSanity();
+    EXPECT_EQ(shown(1), "900000..-900000");
+    trend().SetCurveVisible(0, 1);
+    EXPECT_EQ(shown(1), "-2.2..8.8");
+    trend().SetYScActualRangeMax(1, 77);
+    trend().SetCurveVisible(0, 0);
+    trend().SetCurveVisible(0, 1);
+    EXPECT_EQ(shown(1), "-2.2..77");
+}
+
 TEST_F(CTrendViewTest, ASingleMomentStandsInAMinute) {
     m_grid.setRowCount(1);
     activate();
