@@ -40,7 +40,6 @@ void move(LegendItem& item, const QPointF& by) {
 
 void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layout) {
     layout.legend = QRectF(0, top, layout.size.width(), 0);
-    if (!chart.state.legend) return;
     TextMeasure& metrics = TextMeasure::of(layout.font);
     const double gap = std::round(metrics.height() * 0.3);
     const double left = std::round(metrics.height() * 0.6);

@@ -17,16 +17,6 @@ bool isWritten(QIODevice& device, qint64 before) {
 
 } // namespace
 
-TrendState paperState(const TrendState& state) {
-    TrendState paper = state;
-    paper.curveButtons = 0;
-    paper.followModeButton = 0;
-    paper.dockingScales = false;
-    paper.backColor = Qt::white;
-    paper.trendBackColor = Qt::white;
-    return paper;
-}
-
 QImage chartImage(const TrendChart& chart, const QSize& size, const TrendTheme& theme,
                   double scale) {
     QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);

@@ -8,9 +8,6 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
-/// The white layout for paper and clipboard of a chart's settings: plain legend, white backgrounds.
-TrendState paperState(const TrendState& state);
-
 /// A chart as an image of size x scale pixels.
 QImage chartImage(const TrendChart& chart, const QSize& size, const TrendTheme& theme,
                   double scale = 1);

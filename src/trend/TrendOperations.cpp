@@ -2,7 +2,7 @@
 
 #include "trend/TrendExport.h"
 
-#include <QPaintDevice>
+#include <QPaintEngine>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -128,9 +128,16 @@ void TrendOperations::RestoreTrend() {
     chartChanged(Change::Range);
 }
 
-void TrendOperations::PrintTrend(QPainter& painter, const QRectF& target) const {
-    const double resolution = painter.device() ? painter.device()->logicalDpiY() : 96;
-    paintChart(painter, target, resolution, m_chart, TrendTheme::paper().with(m_chart.state));
+void TrendOperations::PrintTrend(QPainter& painter, const QRectF& target,
+                                 double unitsPerInch) const {
+    const TrendTheme theme = TrendTheme::paper().with(m_chart.state);
+    if (painter.paintEngine()->type() != QPaintEngine::Raster)
+        return paintChart(painter, target, unitsPerInch, m_chart, theme);
+    // Pixels are filled far quicker column by column than as lines.
+    const double scale = unitsPerInch / 96;
+    QImage image = chartImage(m_chart, (target.size() / scale).toSize(), theme, scale);
+    image.setDevicePixelRatio(1);
+    painter.drawImage(target.topLeft().toPoint(), image);
 }
 
 } // namespace pellam

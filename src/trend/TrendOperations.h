@@ -130,9 +130,9 @@ class TrendOperations {
     /// The ranges that were last set by operations: what zooming to everything comes back to.
     const TrendRanges& homeRanges() const { return m_home; }
 
-    /// Draws the chart into a rectangle of a painter's units with the settings as they are, on
-    /// white where no background colour is set.
-    void PrintTrend(QPainter& painter, const QRectF& target) const;
+    /// Draws the chart into a rectangle of a painter's units, of which `unitsPerInch` make an inch,
+    /// with the settings as they are, on white where no background colour is set.
+    void PrintTrend(QPainter& painter, const QRectF& target, double unitsPerInch) const;
 
   protected:
     /// What an operation has touched.

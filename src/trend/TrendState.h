@@ -26,7 +26,6 @@ struct TrendState {
     bool identicalXData = false; ///< kept only
     bool lassoZoom = true;
     int curveButtons = 2; ///< 0 = a plain legend of the visible curves, otherwise buttons of all
-    bool legend = true;   ///< false = neither
     int followModeButton = 0;   ///< kept only
     int drawMultithreaded = -1; ///< kept only
     bool dockingScales = true;  ///< kept only

@@ -2,12 +2,10 @@
 
 #include "base/MessageSink.h"
 #include "trend/CTrend.h"
-#include "trend/TrendExport.h"
 #include "views/PaperLayout.h"
 
 #include <QFileInfo>
 #include <QFontMetricsF>
-#include <QPaintEngine>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -39,18 +37,6 @@ class Landscape {
     QPrinter& m_printer;
     QPageLayout::Orientation m_before;
 };
-
-void drawChart(QPainter& painter, const QRectF& target, double unitsPerInch,
-               const TrendOperations& trend) {
-    const TrendTheme theme = TrendTheme::paper().with(trend.chart().state);
-    if (painter.paintEngine()->type() != QPaintEngine::Raster)
-        return paintChart(painter, target, unitsPerInch, trend.chart(), theme);
-    // Pixels are filled far quicker column by column than as lines.
-    const double scale = unitsPerInch / 96;
-    QImage image = chartImage(trend.chart(), (target.size() / scale).toSize(), theme, scale);
-    image.setDevicePixelRatio(1);
-    painter.drawImage(target.topLeft().toPoint(), image);
-}
 
 } // namespace
 
@@ -85,8 +71,8 @@ void CTrendView::OnPrint(QPainter& painter, const QRectF& area, double unitsPerI
     const PaperLayout paper(*m_trend);
     painter.save();
     painter.fillRect(area, Qt::white);
-    drawChart(painter, area.adjusted(kMargin * unit, kChartTop * unit, 0, 0), unitsPerInch,
-              *m_trend);
+    m_trend->PrintTrend(painter, area.adjusted(kMargin * unit, kChartTop * unit, 0, 0),
+                        unitsPerInch);
     PrintTitlePage(painter, area, unit);
     painter.restore();
 }

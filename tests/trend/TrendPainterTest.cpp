@@ -196,18 +196,3 @@ TEST(CurveStyle, DrawsEveryColourReadablyOnDark) {
     EXPECT_EQ(defaultCurveStyle(7).colour, QColor(255, 128, 0));
     EXPECT_NE(defaultCurveStyle(21).dash, CurveDash::Solid);
 }
-
-TEST(TrendChart, PutsSavedSettingsBack) {
-    TrendChart chart = noiseChart(2, 100);
-    chart.curve(1).style().visible = false;
-    chart.scale(1)->actualMax = 77;
-    const TrendState saved = chart.save();
-    chart.restore(paperState(saved));
-    EXPECT_EQ(chart.state.curveButtons, 0);
-    chart.curve(1).style().visible = true;
-    chart.scale(1)->actualMax = 3;
-    chart.restore(saved);
-    EXPECT_FALSE(chart.curve(1).style().visible);
-    EXPECT_EQ(chart.scale(1)->actualMax, 77);
-    EXPECT_EQ(chart.state.curveButtons, 2);
-}
