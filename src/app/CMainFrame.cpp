@@ -82,7 +82,8 @@ void CMainFrame::createClient() {
         new CTrendView({.grid = m_data,
                         .international = m_international,
                         .messages = m_messages,
-                        .progress = [this]() -> ProgressSink& { return m_loader->progress(); }});
+                        .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+                        .saveFolder = [this] { return m_app.saveFolder(); }});
     m_pages = new TabPages;
     m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
     m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));

@@ -120,7 +120,7 @@ void AxisPainter::drawGrid() {
     for (std::size_t i = 0; i < m_layout.scales.size(); ++i) {
         const ScaleBand& band = m_layout.scales[i];
         const auto overlaps = [&](const ScaleBand& other) {
-            return !other.idle && other.band.intersects(band.band);
+            return !other.ticks.empty() && other.band.intersects(band.band);
         };
         const auto begin = m_layout.scales.begin();
         // Lines of two scales over one another would help nobody.
@@ -141,7 +141,7 @@ void AxisPainter::drawGrid() {
 }
 
 void AxisPainter::drawScale(const ScaleBand& band) {
-    if (!m_chart.scale(band.axis)->position.visible) return;
+    if (band.rect.isEmpty()) return;
     const QColor colour = band.idle ? m_theme.faintText : scaleColour(band.axis);
     const bool coloured = !band.idle && colour != m_theme.text;
     const QColor line = coloured ? colour : band.idle ? m_theme.grid : m_theme.line;

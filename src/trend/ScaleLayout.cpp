@@ -66,7 +66,8 @@ void placeBands(const TrendChart& chart, std::vector<ScaleBand>& bands, const QR
 void findTicks(const TrendState& state, ScaleBand& band, TextMeasure& metrics) {
     const TrendScale& scale = state.scales[static_cast<std::size_t>(band.axis - 1)];
     band.map = scale.map(band.band.bottom(), band.band.top());
-    const int room = static_cast<int>(band.band.height() / (metrics.height() * 2.4)) + 1;
+    const int room =
+        std::min(20, static_cast<int>(band.band.height() / metrics.height() / 2.4)) + 1;
     const auto isMajor = [](const AxisTick& tick) { return tick.major; };
     for (int labels = room; labels <= room + 3; ++labels) { // one label alone gives no measure
         band.ticks = band.map.logarithmic()
@@ -83,6 +84,24 @@ struct ColumnWidth {
     double labels = 0;
     double whole = 0;
 };
+
+// Side (true = right) and column.
+using ColumnWidths = std::map<std::pair<bool, int>, ColumnWidth>;
+
+// Where the curves would have too little room, the outermost columns are not shown.
+void dropOuterColumns(ColumnWidths& widths, double most) {
+    const auto total = [&] {
+        double sum = 0;
+        for (const auto& [column, width] : widths)
+            sum += width.whole;
+        return sum;
+    };
+    const auto nearer = [](const auto& a, const auto& b) {
+        return std::pair(a.first.second, a.first.first) < std::pair(b.first.second, b.first.first);
+    };
+    while (widths.size() > 1 && total() > most)
+        widths.erase(std::max_element(widths.begin(), widths.end(), nearer));
+}
 
 double labelWidth(const ScaleBand& band, TextMeasure& metrics) {
     double width = 0;
@@ -130,7 +149,7 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
     // A wide chart keeps room for longer labels, so that zooming seldom moves its plot.
     const bool wide = layout.size.width() > 60 * metrics.height();
     const double least = metrics.width(wide ? QStringLiteral("0000") : QStringLiteral("00"));
-    std::map<std::pair<bool, int>, ColumnWidth> widths; // of each column, nearest to the plot first
+    ColumnWidths widths; // of each column, nearest to the plot first
     for (ScaleBand& band : layout.scales) {
         const TrendScale& scale = *chart.scale(band.axis);
         findTicks(chart.state, band, metrics);
@@ -141,6 +160,7 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
         width.whole = std::max(width.whole,
                                std::ceil(tickLength + std::max(least, width.labels) + title + 8));
     }
+    dropOuterColumns(widths, 0.6 * layout.size.width());
     double left = layout.plot.left();
     double right = layout.plot.right();
     for (const auto& [column, width] : widths)
@@ -152,8 +172,10 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
         const TrendScale& scale = *chart.scale(band.axis);
         band.band.setLeft(layout.plot.left());
         band.band.setRight(layout.plot.right());
-        if (!scale.position.visible || band.idle) band.ticks.clear();
-        if (!scale.position.visible) continue;
+        const bool shown =
+            scale.position.visible && widths.contains({band.right, scale.position.column});
+        if (!shown || band.idle) band.ticks.clear();
+        if (!shown) continue;
         double nearer = 0;
         for (const auto& [column, width] : widths)
             if (column.first == band.right && column.second < scale.position.column)

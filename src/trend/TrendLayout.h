@@ -22,7 +22,7 @@ struct AxisLabel {
 struct ScaleBand {
     int axis = 0; ///< 1 to 6
     bool right = false;
-    QRectF rect;       ///< ticks, labels and title
+    QRectF rect;       ///< ticks, labels and title; empty where the scale is not shown
     QRectF title;      ///< where the title stands, read from below
     QRectF band;       ///< the part of the drawing area that the scale's curves use
     ScaleMap map;      ///< value to y

@@ -38,8 +38,13 @@ double rounded(double value) {
 
 QString meanText(const CurveStatistics& between) {
     const double range = between.max - between.min;
-    return range > 0 ? DecimalTicks::text(between.mean, range / 1e4)
-                     : TrendReading::valueText(between.mean);
+    if (!(range > 0)) return TrendReading::valueText(between.mean);
+    // Small numbers stand here as they do beside it.
+    const double finest = range / 1e4;
+    const bool plain = finest > 1e-12 && std::abs(between.mean) < 1e15;
+    const int decimals = std::max(0, static_cast<int>(std::ceil(-std::log10(finest))));
+    return plain ? QString::number(between.mean, 'f', decimals)
+                 : DecimalTicks::text(between.mean, finest);
 }
 
 } // namespace

@@ -231,7 +231,7 @@ void CTrendView::OnEditCopy() {
 }
 
 void CTrendView::exportImage() {
-    QFileDialog dialog(this, tr("Export Image"));
+    QFileDialog dialog(this, tr("Export Image"), m_context.saveFolder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(
         {tr("PNG image (*.png)"), tr("SVG drawing (*.svg)"), tr("PDF document (*.pdf)")});

@@ -33,6 +33,8 @@ class CTrendView : public QWidget {
         const InternationalSettings& international;
         MessageSink& messages;
         std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
+        /// Where saving an image starts.
+        std::function<QString()> saveFolder = [] { return QString(); };
     };
 
     explicit CTrendView(const Context& context, QWidget* parent = nullptr);

@@ -132,6 +132,11 @@ TEST(TrendLayout, LeavesNoTextOverAnotherOrCut) {
     }
 }
 
+TEST(TrendLayout, LeavesRoomForCurvesInANarrowWindow) {
+    for (const int width : {150, 275, 400, 800})
+        EXPECT_GE(layoutOf(chartOf(6, 6), QSizeF(width, 300)).plot.width(), 0.3 * width) << width;
+}
+
 TEST(TrendLayout, AScaleOfHiddenCurvesHasNoNumbers) {
     TrendChart chart = chartOf(4, 2);
     chart.curves[0].style().visible = false;
