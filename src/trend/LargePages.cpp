@@ -7,10 +7,9 @@ namespace pellam {
 
 void useLargePages(void* start, std::size_t bytes) {
 #ifdef MADV_HUGEPAGE
-    constexpr std::uintptr_t kPage = std::uintptr_t{2} << 20;
     const auto address = reinterpret_cast<std::uintptr_t>(start);
-    const std::uintptr_t from = (address + kPage - 1) / kPage * kPage;
-    const std::uintptr_t to = (address + bytes) / kPage * kPage;
+    const std::uintptr_t from = (address + largePage - 1) / largePage * largePage;
+    const std::uintptr_t to = (address + bytes) / largePage * largePage;
     // That it may be refused changes nothing but the speed.
     if (from < to) madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
 #else

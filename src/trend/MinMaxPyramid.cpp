@@ -1,9 +1,8 @@
 #include "trend/MinMaxPyramid.h"
 
-#include "trend/LargePages.h"
-
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 namespace pellam {
 namespace {
@@ -11,31 +10,63 @@ namespace {
 constexpr std::size_t branching = MinMaxPyramid::branching;
 constexpr std::size_t fanOut = MinMaxPyramid::fanOut;
 
+using Pair = double __attribute__((vector_size(16)));
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+Pair pairAt(const double* values) {
+    Pair pair;
+    std::memcpy(&pair, values, sizeof pair);
+    return pair;
+}
+
 // A comparison with NaN is false, so that NaN never gets in.
-inline void take(ValueRange& range, double value) {
-    range.min = value < range.min ? value : range.min;
-    range.max = value > range.max ? value : range.max;
+Pair lesser(Pair value, Pair kept) {
+    return value < kept ? value : kept;
 }
 
-inline void take(ValueRange& range, const ValueRange& other) {
-    range.min = other.min < range.min ? other.min : range.min;
-    range.max = other.max > range.max ? other.max : range.max;
+Pair greater(Pair value, Pair kept) {
+    return value > kept ? value : kept;
 }
 
-// Four chains that don't wait for each other.
-template <class Item>
-ValueRange extremes(const Item* items, std::size_t count) {
-    ValueRange ranges[4];
+template <bool positive>
+Extremes extremesOf(const double* values, std::size_t count) {
+    // Two chains of each that don't wait for each other.
+    Pair least[2] = {{infinity, infinity}, {infinity, infinity}};
+    Pair most[2] = {-least[0], -least[0]};
+    const auto take = [&](Pair pair, std::size_t chain) {
+        if constexpr (positive) pair = pair > 0 ? pair : Pair{NAN, NAN};
+        least[chain] = lesser(pair, least[chain]);
+        most[chain] = greater(pair, most[chain]);
+    };
     std::size_t i = 0;
-    for (; i + 4 <= count; i += 4)
-        for (std::size_t chain = 0; chain < 4; ++chain)
-            take(ranges[chain], items[i + chain]);
+    for (; i + 4 <= count; i += 4) {
+        take(pairAt(values + i), 0);
+        take(pairAt(values + i + 2), 1);
+    }
     for (; i < count; ++i)
-        take(ranges[0], items[i]);
-    take(ranges[0], ranges[1]);
-    take(ranges[2], ranges[3]);
-    take(ranges[0], ranges[2]);
-    return ranges[0];
+        take(Pair{values[i], values[i]}, 0);
+    const Pair min = lesser(least[1], least[0]);
+    const Pair max = greater(most[1], most[0]);
+    return Extremes({std::min(min[0], min[1]), std::max(max[0], max[1])});
+}
+
+Extremes extremesOf(const Extremes* nodes, std::size_t count) {
+    Extremes result;
+    for (std::size_t i = 0; i < count; ++i)
+        result.take(nodes[i]);
+    return result;
+}
+
+// Extremes of at most `size` nodes, not none. To take one twice does no harm, and spares a branch
+// that the processor can't foresee.
+template <std::size_t size>
+Extremes few(const Extremes* nodes, std::size_t first, std::size_t last) {
+    Extremes chains[2];
+    for (std::size_t i = 0; i < size; ++i)
+        chains[i % 2].take(nodes[std::min(first + i, last - 1)]);
+    chains[0].take(chains[1]);
+    return chains[0];
 }
 
 constexpr std::size_t blocksOf(std::size_t count, std::size_t size) {
@@ -44,12 +75,9 @@ constexpr std::size_t blocksOf(std::size_t count, std::size_t size) {
 
 } // namespace
 
-ValueRange MinMaxPyramid::block(const double* values, std::size_t first, std::size_t last) const {
-    if (m_samples == Samples::All) return extremes(values + first, last - first);
-    ValueRange range;
-    for (std::size_t i = first; i < last; ++i)
-        take(range, values[i] > 0 ? values[i] : NAN);
-    return range;
+Extremes MinMaxPyramid::block(const double* values, std::size_t first, std::size_t last) const {
+    return m_samples == Samples::All ? extremesOf<false>(values + first, last - first)
+                                     : extremesOf<true>(values + first, last - first);
 }
 
 void MinMaxPyramid::build(const double* values, std::size_t count) {
@@ -68,7 +96,6 @@ void MinMaxPyramid::extend(const double* values, std::size_t count) {
     if (count == 0) return;
     if (m_levels.empty()) m_levels.emplace_back();
     const std::size_t blocks = blocksOf(count, branching);
-    if (m_levels[0].empty()) reserveLarge(m_levels[0], blocks);
     m_levels[0].resize(blocks);
     for (std::size_t i = firstChanged; i < blocks; ++i) {
         const std::size_t first = i * branching;
@@ -86,7 +113,7 @@ void MinMaxPyramid::extendLevel(std::size_t level, std::size_t firstChanged) {
     nodes.resize(blocksOf(below.size(), fanOut));
     for (std::size_t i = firstChanged; i < nodes.size(); ++i) {
         const std::size_t first = i * fanOut;
-        nodes[i] = extremes(below.data() + first, std::min(fanOut, below.size() - first));
+        nodes[i] = extremesOf(below.data() + first, std::min(fanOut, below.size() - first));
     }
 }
 
@@ -100,28 +127,26 @@ std::size_t MinMaxPyramid::bytes() const {
 ValueRange MinMaxPyramid::range(const double* values, std::size_t first, std::size_t last) const {
     last = std::min(last, m_count);
     if (first >= last) return {};
-    if (last - first < 2 * branching) return block(values, first, last);
-    const std::size_t firstBlock = blocksOf(first, branching);
-    const std::size_t lastBlock = last / branching;
-    ValueRange range = block(values, first, firstBlock * branching);
-    take(range, block(values, lastBlock * branching, last));
-    first = firstBlock;
-    last = lastBlock;
+    if (last - first <= 2 * branching) return block(values, first, last).range();
+    // Whole blocks from either end on, whatever number of samples there is up to the next border.
+    Extremes result = block(values, first, first + branching);
+    result.take(block(values, last - branching, last));
+    first = blocksOf(first, branching);
+    last = last / branching;
     for (const Level& level : m_levels) {
-        if (last - first < 3 * fanOut) {
-            take(range, extremes(level.data() + first, last - first));
-            return range;
+        constexpr std::size_t most = 3 * fanOut;
+        if (last - first <= most) {
+            if (first < last) result.take(few<most>(level.data(), first, last));
+            break;
         }
-        const std::size_t firstWhole = blocksOf(first, fanOut);
-        const std::size_t lastWhole = last / fanOut;
-        for (; first < firstWhole * fanOut; ++first)
-            take(range, level[first]);
-        for (; last > lastWhole * fanOut; --last)
-            take(range, level[last - 1]);
-        first = firstWhole;
-        last = lastWhole;
+        const std::size_t head = first / fanOut;
+        const std::size_t tail = (last - 1) / fanOut;
+        result.take(few<fanOut>(level.data(), first, (head + 1) * fanOut));
+        result.take(few<fanOut>(level.data(), tail * fanOut, last));
+        first = head + 1;
+        last = tail;
     }
-    return range;
+    return result.range();
 }
 
 std::size_t MinMaxPyramid::nextSample(const double* values, std::size_t from) const {
@@ -188,10 +213,9 @@ void MinMaxPyramid::prefetch(const double* values, std::size_t index) const {
     __builtin_prefetch(values + start + branching / 2);
     __builtin_prefetch(values + start + branching - 1);
     std::size_t node = start / branching;
-    for (std::size_t level = 0; level < std::min<std::size_t>(3, m_levels.size()); ++level) {
-        node -= node % fanOut;
-        __builtin_prefetch(m_levels[level].data() + node);
-        __builtin_prefetch(m_levels[level].data() + node + fanOut - 1);
+    for (const Level& level : m_levels) {
+        if (level.size() < 64) break;
+        __builtin_prefetch(level.data() + node - node % fanOut);
         node /= fanOut;
     }
 }

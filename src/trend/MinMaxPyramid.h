@@ -1,18 +1,12 @@
 #pragma once
 
+#include "trend/AlignedAllocator.h"
+#include "trend/Extremes.h"
+
 #include <cstddef>
-#include <limits>
 #include <vector>
 
 namespace pellam {
-
-/// Smallest and largest value of a stretch of samples; empty when it holds no value.
-struct ValueRange {
-    double min = std::numeric_limits<double>::infinity();
-    double max = -std::numeric_limits<double>::infinity();
-
-    bool empty() const { return !(min <= max); }
-};
 
 /// Minima and maxima of a row of samples over blocks of 16, 64, 256, … samples, so that the
 /// extremes of any stretch are found in a time that hardly depends on its length. NaN samples are
@@ -55,8 +49,8 @@ class MinMaxPyramid {
     void prefetch(const double* values, std::size_t index) const;
 
   private:
-    using Level = std::vector<ValueRange>;
-    ValueRange block(const double* values, std::size_t first, std::size_t last) const;
+    using Level = std::vector<Extremes, AlignedAllocator<Extremes>>;
+    Extremes block(const double* values, std::size_t first, std::size_t last) const;
     void extendLevel(std::size_t level, std::size_t firstChanged);
 
     Samples m_samples;

@@ -4,6 +4,17 @@
 #include <cmath>
 
 namespace pellam {
+namespace {
+
+// Asks for the times around a later border, which lies about as far on as an earlier one lies back.
+void fetchAhead(const std::vector<double>& times, const std::vector<std::size_t>& starts) {
+    constexpr std::size_t ahead = 8;
+    if (starts.size() <= ahead) return;
+    const std::size_t place = starts.back() + (starts.back() - starts[starts.size() - 1 - ahead]);
+    if (place < times.size()) __builtin_prefetch(times.data() + place);
+}
+
+} // namespace
 
 std::shared_ptr<const TrendTimes> TrendTimes::create(std::vector<double>&& times) {
     if (!times.empty() && !(std::isfinite(times.front()) && std::isfinite(times.back())))
@@ -68,6 +79,7 @@ std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int co
         step = std::max<std::size_t>(1, next - found);
         found = next;
         starts.push_back(found);
+        fetchAhead(m_times, starts);
     }
     starts.back() = upperBound(to);
     return starts;
