@@ -45,7 +45,7 @@ void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layou
     const double left = std::round(metrics.height() * 0.6);
     const double right = layout.size.width() - left;
     const double lowest = top + std::max(metrics.height() * 1.5, layout.size.height() / 4);
-    const double moreWidth = metrics.width(QStringLiteral("+ 1000 ")) + gap;
+    const double moreWidth = metrics.width(QStringLiteral("+ 1000")) + metrics.height();
     QPointF at(left, top);
     int listed = 0;
     for (std::size_t i = 0; i < chart.curves.size(); ++i) {
@@ -57,15 +57,14 @@ void LegendLayout::place(const TrendChart& chart, double top, TrendLayout& layou
         }
         LegendItem item = entry(chart.curves[i], static_cast<int>(i), metrics);
         const double height = item.rect.height();
-        if (at.x() > left && at.x() + item.rect.width() > right)
-            at = QPointF(left, at.y() + height + gap);
-        const bool lastRow = at.y() + 2 * height + gap > lowest;
-        if (at.y() + height > lowest + 1 ||
-            (lastRow && at.x() > left && at.x() + item.rect.width() + moreWidth > right)) {
+        const bool lastRow = at.y() + 2 * height + gap > lowest + 1;
+        const double end = at.x() + item.rect.width();
+        if (lastRow && at.x() > left && end + gap + moreWidth > right) {
             layout.legendLeftOut = {static_cast<int>(i)};
             layout.legendMore = QRectF(at, QSizeF(moreWidth, height));
             continue;
         }
+        if (at.x() > left && end > right) at = QPointF(left, at.y() + height + gap);
         move(item, at);
         at.rx() += item.rect.width() + gap;
         layout.legend.setBottom(item.rect.bottom());

@@ -106,6 +106,8 @@ TEST(TrendLayout, LeavesNoTextOverAnotherOrCut) {
                 std::vector<QRectF> texts;
                 for (const LegendItem& item : layout.legendItems)
                     texts.push_back(item.rect);
+                if (!layout.legendLeftOut.empty()) texts.push_back(layout.legendMore);
+                EXPECT_FALSE(layout.legendMore.intersects(layout.plot));
                 for (const AxisLabel& label : layout.timeLabels)
                     texts.push_back(label.rect);
                 for (const ScaleBand& band : layout.scales) {
