@@ -32,7 +32,8 @@ TrendInteraction::TrendInteraction(CTrend& trend)
 int TrendInteraction::cursorAt(const QPointF& at) {
     const TrendLayout& layout = m_scene.layout();
     if (!layout.plot.contains(at)) return -1;
-    int found = -1;
+    int found = m_scene.overlay().gripAt(at);
+    if (found >= 0) return found;
     double nearest = kGrab;
     for (int i = 0; i < 2; ++i) {
         const auto& cursor = m_scene.marks.cursors[static_cast<std::size_t>(i)];

@@ -66,6 +66,7 @@ void TrendOverlay::prepare(const TrendChart& chart, const TrendLayout& layout,
             addLine(active ? Line::Kind::ActiveCursor : Line::Kind::Cursor, *cursor, layout,
                     i == 0 ? QStringLiteral("A") : QStringLiteral("B"));
     }
+    partGrips();
     m_lasso = lasso.rect().value_or(QRectF());
     ReadoutTable::Avoid avoid{m_lasso, marks.pointer};
     if (lasso.active()) {
@@ -106,7 +107,27 @@ void TrendOverlay::arrange(ReadoutTable& table, const TrendLayout& layout,
 QRectF TrendOverlay::gripRect(const Line& line) const {
     const QFontMetricsF metrics(m_font);
     const double side = std::ceil(metrics.height());
-    return {line.x - side / 2, m_plot.top(), side, side};
+    return {line.x - side / 2 + line.gripShift, m_plot.top(), side, side};
+}
+
+int TrendOverlay::gripAt(const QPointF& point) const {
+    for (const Line& line : m_lines)
+        if (!line.label.isEmpty() && gripRect(line).contains(point))
+            return line.label == u"A" ? 0 : 1;
+    return -1;
+}
+
+// The grips of cursors that are close to each other stand side by side.
+void TrendOverlay::partGrips() {
+    std::vector<Line*> cursors;
+    for (Line& line : m_lines)
+        if (!line.label.isEmpty()) cursors.push_back(&line);
+    if (cursors.size() < 2) return;
+    if (cursors[1]->x < cursors[0]->x) std::swap(cursors[0], cursors[1]);
+    const double missing = gripRect(*cursors[0]).right() + 1 - gripRect(*cursors[1]).left();
+    if (missing <= 0) return;
+    cursors[0]->gripShift = -std::ceil(missing / 2);
+    cursors[1]->gripShift = std::ceil(missing / 2);
 }
 
 void TrendOverlay::findRegion() {

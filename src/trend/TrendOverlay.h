@@ -31,6 +31,9 @@ class TrendOverlay {
 
     void paint(QPainter& painter, const Colours& colours) const;
 
+    /// The cursor (0 = A, 1 = B) whose grip is at a point; -1 = none.
+    int gripAt(const QPointF& point) const;
+
     /// What the reading says now.
     const ReadoutContent& content() const { return m_content; }
 
@@ -43,6 +46,7 @@ class TrendOverlay {
         enum class Kind { Crosshair, Cursor, ActiveCursor, Current } kind;
         double x = 0;
         QString label;
+        double gripShift = 0; ///< of the grip with the label, sideways
     };
 
     struct Dot {
@@ -57,6 +61,7 @@ class TrendOverlay {
     void arrange(ReadoutTable& table, const TrendLayout& layout,
                  const ReadoutTable::Avoid& avoid) const;
     void findFocus(const TrendLayout& layout, const TrendMarks& marks);
+    void partGrips();
     void findRegion();
     QRectF gripRect(const Line& line) const;
     void paintLine(QPainter& painter, const Line& line, const Colours& colours) const;

@@ -78,6 +78,16 @@ TEST(TrendReading, CursorsTellWhatLiesBetween) {
     EXPECT_EQ(bench.reading(), "");
 }
 
+TEST(TrendReading, GripsOfCloseCursorsStandSideBySide) {
+    TrendBench bench("0 1\n 30 2\n 31 4\n 80 6\n");
+    bench.hover(bench.at(0.305, 0.5));
+    bench.key(Qt::Key_A);
+    bench.hover(bench.at(0.315, 0.5));
+    bench.key(Qt::Key_B);
+    bench.drag(bench.at(0.3, 0) + QPointF(-9, 4), bench.at(0.1, 0.5));
+    EXPECT_NE(bench.reading().find("B − A:  31 s"), std::string::npos) << bench.reading();
+}
+
 TEST(TrendReading, ALoneFractionIsShownInFull) {
     std::vector<double> times;
     std::vector<double> values;
