@@ -138,14 +138,9 @@ void placeTitle(const TrendScale& scale, ScaleBand& band, TextMeasure& metrics, 
     band.title = QRectF(x, band.band.top(), height, band.band.height());
 }
 
-} // namespace
-
-void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
-    TextMeasure& metrics = TextMeasure::of(layout.font);
-    const double tickLength = std::round(metrics.height() * 0.4);
-    layout.scales = shownScales(chart);
-    placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.8));
-
+// Finds the ticks of all scales, and what their columns need.
+ColumnWidths measureColumns(const TrendChart& chart, TrendLayout& layout, TextMeasure& metrics,
+                            double tickLength) {
     // A wide chart keeps room for longer labels, so that zooming seldom moves its plot.
     const bool wide = layout.size.width() > 60 * metrics.height();
     const double least = metrics.width(wide ? QStringLiteral("0000") : QStringLiteral("00"));
@@ -160,6 +155,18 @@ void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
         width.whole = std::max(width.whole,
                                std::ceil(tickLength + std::max(least, width.labels) + title + 8));
     }
+    return widths;
+}
+
+} // namespace
+
+void ScaleLayout::place(const TrendChart& chart, TrendLayout& layout) {
+    TextMeasure& metrics = TextMeasure::of(layout.font);
+    const double tickLength = std::round(metrics.height() * 0.4);
+    layout.scales = shownScales(chart);
+    placeBands(chart, layout.scales, layout.plot, std::round(metrics.height() * 0.8));
+
+    ColumnWidths widths = measureColumns(chart, layout, metrics, tickLength);
     dropOuterColumns(widths, 0.6 * layout.size.width());
     double left = layout.plot.left();
     double right = layout.plot.right();
