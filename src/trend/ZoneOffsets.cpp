@@ -16,6 +16,14 @@ QDateTime dateTime(double seconds) {
     return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(std::floor(seconds)), Qt::UTC);
 }
 
+// Many zones have no letters, and their abbreviation is a bare "+1030".
+QString zoneName(const QString& abbreviation) {
+    if (!abbreviation.startsWith(u'+') && !abbreviation.startsWith(u'-')) return abbreviation;
+    QString hours = QString(abbreviation).replace(u'-', QStringLiteral("−"));
+    if (hours.size() > 3) hours.insert(3, u':');
+    return QStringLiteral("UTC") + hours;
+}
+
 } // namespace
 
 void ZoneOffsets::load(double from, double to) const {
@@ -29,7 +37,8 @@ void ZoneOffsets::load(double from, double to) const {
     }
     // Not offsetData(), which knows nothing of zones without rules such as UTC.
     const QDateTime start = dateTime(from);
-    m_known.push_back({from, to, m_zone.offsetFromUtc(start), m_zone.abbreviation(start)});
+    m_known.push_back(
+        {from, to, m_zone.offsetFromUtc(start), zoneName(m_zone.abbreviation(start))});
     // Over centuries only years are marked, and an hour can't be seen.
     if (to - from > 1000 * year || !m_zone.hasTransitions()) return;
     for (const QTimeZone::OffsetData& change : m_zone.transitions(dateTime(from), dateTime(to))) {
@@ -37,7 +46,7 @@ void ZoneOffsets::load(double from, double to) const {
         const auto at = static_cast<double>(change.atUtc.toSecsSinceEpoch());
         if (change.offsetFromUtc == last.offset || at <= last.from) continue;
         last.to = at;
-        m_known.push_back({at, to, change.offsetFromUtc, change.abbreviation});
+        m_known.push_back({at, to, change.offsetFromUtc, zoneName(change.abbreviation)});
     }
 }
 
