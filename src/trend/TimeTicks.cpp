@@ -109,6 +109,15 @@ const ZoneStretch& stretchAt(double time, const std::vector<ZoneStretch>& stretc
     return stretches.back();
 }
 
+// Whether the local clock shows a moment's time once more, before or after it.
+bool comesTwice(double time, const std::vector<ZoneStretch>& stretches) {
+    for (std::size_t i = 1; i < stretches.size(); ++i) {
+        const auto back = static_cast<double>(stretches[i - 1].offset - stretches[i].offset);
+        if (time >= stretches[i].from - back && time < stretches[i].from + back) return true;
+    }
+    return false;
+}
+
 QString changeLabel(std::int64_t seconds, const QString& abbreviation) {
     const std::int64_t minutes = std::abs(seconds) / 60;
     QString text = seconds < 0 ? QStringLiteral("−") : QStringLiteral("+");
@@ -172,11 +181,13 @@ QString TimeTicks::fullText(double time, int digits) const {
     const double unit = std::pow(10.0, digits);
     const double whole = std::floor(time);
     const double rounded = whole + std::round((time - whole) * unit) / unit;
-    const auto stretches = m_offsets.stretches(rounded, rounded);
-    const LocalTime local = localTime(rounded, stretchAt(rounded, stretches).offset);
+    const auto stretches = m_offsets.stretches(rounded - daySeconds, rounded + daySeconds);
+    const ZoneStretch& stretch = stretchAt(rounded, stretches);
+    const LocalTime local = localTime(rounded, stretch.offset);
     return padded(local.year, 4) + u'-' + padded(local.month, 2) + u'-' + padded(local.day, 2) +
            u' ' + clock(local) + u':' + padded(local.second, 2) +
-           fraction(local.microsecond, digits);
+           fraction(local.microsecond, digits) +
+           (comesTwice(rounded, stretches) ? u' ' + stretch.abbreviation : QString());
 }
 
 QString TimeTicks::spanText(double seconds, int digits) {

@@ -32,7 +32,7 @@ class TimeTicks {
     /// ones.
     TimeMarks find(double from, double to, int labels) const;
     /// A time in full for a reading: "2024-03-10 14:05:09.250", with `digits` fraction digits (0 to
-    /// 6).
+    /// 6); in an hour that the clock repeats, with the zone's name behind it.
     QString fullText(double time, int digits) const;
     /// A span of time for a reading: "1 d 02:03:04.5", with `digits` fraction digits.
     static QString spanText(double seconds, int digits);

@@ -100,6 +100,8 @@ TEST(TimeTicks, FallOnRoundLocalTimes) {
          "00:00 (3 Nov 2024) 01:00 01:00 (EST) 02:00 03:00"},
         {"Australia/Sydney", "2024-04-06T14:00:00", "2024-04-06T18:00:00", 4,
          "01:00 (7 Apr 2024) 02:00 02:00 (AEST) 03:00 04:00"},
+        {"Australia/Lord_Howe", "2024-04-06T14:00:00", "2024-04-06T16:30:00", 5,
+         "01:00 (7 Apr 2024) 01:30 01:30 (UTC+10:30) 02:00 02:30 03:00"},
         {"America/New_York", "2024-03-08T00:00:00", "2024-03-13T00:00:00", 5,
          "8 Mar (2024) 9 Mar 10 Mar 11 Mar 12 Mar"},
         {"Australia/Sydney", "2023-11-15T00:00:00", "2024-02-15T00:00:00", 4,
@@ -152,6 +154,13 @@ TEST(TimeTicks, WriteTimesAndSpansInFull) {
               "2024-12-31 23:59:59.25");
     EXPECT_EQ(ticks.fullText(utc("2024-12-31T18:29:59.999"), 1).toStdString(),
               "2025-01-01 00:00:00.0");
+    const TimeTicks newYork{QTimeZone("America/New_York")};
+    QStringList hours;
+    for (const char* time : {"2024-11-03T04:59:59", "2024-11-03T05:00:00", "2024-11-03T06:59:59",
+                             "2024-11-03T07:00:00", "2024-03-10T07:00:00"})
+        hours += newYork.fullText(utc(time), 0).mid(11);
+    EXPECT_EQ(hours.join(u' ').toStdString(),
+              "00:59:59 01:00:00 EDT 01:59:59 EST 02:00:00 03:00:00");
     EXPECT_EQ(TimeTicks::spanText(0.00025, 6).toStdString(), "0.000250 s");
     EXPECT_EQ(TimeTicks::spanText(-93784.5, 1).toStdString(), "−1 d 02:03:04.5");
 }
