@@ -168,6 +168,7 @@ TEST_F(AxisSheet, ShowsAndTakesNumbersInTheUsersForm) {
     EXPECT_EQ(field(sheet, "Title4")->text(), QStringLiteral("title 4"));
     field(sheet, "Minimum2")->setText(QStringLiteral("-1,5"));
     field(sheet, "Maximum2")->setText(QStringLiteral("8.5"));
+    field(sheet, "Minimum3")->setText(QStringLiteral("of no account"));
     sheet.findChild<QCheckBox*>(QStringLiteral("Logarithmic3"))->setChecked(true);
     sheet.accept();
     EXPECT_EQ(sheet.result(), QDialog::Accepted);
