@@ -63,6 +63,7 @@ BENCHMARK_CAPTURE(rebuild, in_order, false)
     ->Args({1'000'000, 12})
     ->Args({10'000'000, 1})
     ->Args({10'000'000, 4})
+    ->Args({10'000'000, 12})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(rebuild, out_of_order, true)
     ->Args({1'000'000, 12})
