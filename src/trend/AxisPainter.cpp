@@ -9,23 +9,6 @@
 #include <cmath>
 
 namespace pellam {
-namespace {
-
-QList<qreal> dashPattern(CurveDash dash) {
-    switch (dash) {
-    case CurveDash::Dash:
-        return {3, 1};
-    case CurveDash::Dot:
-        return {1, 1};
-    case CurveDash::DashDot:
-        return {4, 1, 2, 1};
-    case CurveDash::Solid:
-        break;
-    }
-    return {};
-}
-
-} // namespace
 
 AxisPainter::AxisPainter(QPainter& painter, const TrendChart& chart, const TrendLayout& layout,
                          const TrendTheme& theme, PixelRects* rects)

@@ -8,7 +8,7 @@
 namespace pellam {
 namespace {
 
-// Lines steeper than this look smooth without their slant being worked out.
+// The ends of lines steeper than this look smooth without their slant being worked out.
 constexpr float steepest = 64;
 
 // Where so many samples share a column, no single line is seen whose rim could matter.
@@ -17,7 +17,7 @@ constexpr std::uint32_t crowd = 16;
 bool isSlant(const ColumnSpan& span) {
     const float height = span.bottom - span.top;
     if (height <= 1) return true;
-    if (height > steepest || !span.entersLeft || !span.leavesRight) return false;
+    if (!span.entersLeft || !span.leavesRight) return false;
     return std::abs(span.enter - span.exit) >= height - 0.01f;
 }
 
@@ -80,9 +80,11 @@ class CurveFill {
         const ColumnSpan& span = m_spans[index];
         ColumnInk column = columnAt(m_left + static_cast<int>(index));
         const float middle = (span.top + span.bottom) / 2;
-        if (isSlant(span)) {
-            m_line.setSlope(span.bottom - span.top);
-            if (isInsideLine(m_spans, index)) return column.slant(m_line, middle);
+        const float height = span.bottom - span.top;
+        const bool inside = isInsideLine(m_spans, index);
+        if (isSlant(span) && (inside || height <= steepest)) {
+            m_line.setSlope(height);
+            if (inside) return column.slant(m_line, middle);
             if (isDot(m_spans, index)) return dot(index);
             float least = 0;
             float most = 0;
@@ -91,7 +93,7 @@ class CurveFill {
             if (!isTall(span)) return;
             if (!goesOn(index, -1)) widen(index, -1);
             if (!goesOn(index, 1)) widen(index, 1);
-        } else if (isDot(m_spans, index)) {
+        } else if (!isTall(span) && isDot(m_spans, index)) {
             dot(index);
         } else {
             column.box(span.top - m_half, span.bottom + m_half);

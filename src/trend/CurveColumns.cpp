@@ -105,16 +105,16 @@ class Finder {
         if (m_next >= m_count) return false;
         if (!m_joinKnown) findJoin();
         if (!m_joined) return false;
-        const double time = m_grid.from + m_width * static_cast<double>(column);
-        m_border = static_cast<float>(m_lastPixel + (time - m_before) * m_slope);
+        const double time = m_fromLast + m_width * static_cast<double>(column);
+        m_border = static_cast<float>(m_lastPixel + time * m_slope);
         return true;
     }
 
     // The line from the last sample to the next; it is the same for all borders between them.
     void findJoin() {
         m_joinKnown = true;
-        m_before = m_times[m_last];
-        const double step = m_times[m_next] - m_before;
+        const double step = m_times[m_next] - m_times[m_last];
+        m_fromLast = m_grid.from - m_times[m_last];
         m_joined = step <= m_longest;
         m_slope = step > 0 ? (m_nextPixel - m_lastPixel) / step : 0;
     }
@@ -132,8 +132,8 @@ class Finder {
     double m_lastPixel = 0;
     std::size_t m_next = unknown; // the one after it, where known
     double m_nextPixel = 0;
-    double m_before = 0; // time of the last one
-    double m_slope = 0;  // pixels a second from the last to the next
+    double m_fromLast = 0; // seconds from the last one to the left border of the first column
+    double m_slope = 0;    // pixels a second from the last to the next
     bool m_joinKnown = false;
     bool m_joined = false;
     float m_border = 0;

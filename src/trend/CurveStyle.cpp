@@ -54,6 +54,20 @@ QColor colourOfContrast(const QColor& colour, const QColor& background, double c
     return result;
 }
 
+QList<qreal> dashPattern(CurveDash dash) {
+    switch (dash) {
+    case CurveDash::Dash:
+        return {3, 1};
+    case CurveDash::Dot:
+        return {1, 1};
+    case CurveDash::DashDot:
+        return {4, 1, 2, 1};
+    case CurveDash::Solid:
+        break;
+    }
+    return {};
+}
+
 CurveStyle defaultCurveStyle(int index) {
     constexpr int hues = static_cast<int>(palette.size());
     const int place = std::max(0, index);

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QColor>
+#include <QList>
 
 namespace pellam {
 
 /// How a curve's line is broken up.
 enum class CurveDash { Solid, Dash, Dot, DashDot };
+
+/// Lengths of dash and gap in turn, in widths of the pen; empty for a solid line.
+QList<qreal> dashPattern(CurveDash dash);
 
 /// Display settings of one curve.
 struct CurveStyle {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "trend/CurveStyle.h"
+
 #include <QColor>
 #include <QStringList>
 #include <vector>
@@ -12,6 +14,7 @@ struct ReadoutContent {
     struct Row {
         QColor colour; ///< of the curve; invalid = none
         QStringList cells;
+        CurveDash dash = CurveDash::Solid;
     };
 
     QStringList lines;

@@ -155,13 +155,19 @@ bool ReadoutTable::arrange(const ReadoutContent& content, const QFont& font, con
     return false;
 }
 
-void ReadoutTable::paintRow(QPainter& painter, const QPointF& at, const QStringList& cells,
-                            const QColor& swatch) const {
-    if (swatch.isValid()) {
-        const double side = std::round(m_lineHeight * 0.5);
-        painter.fillRect(QRectF(at.x(), at.y() + std::round((m_lineHeight - side) / 2), side, side),
-                         swatch);
-    }
+// A piece of the curve's line, as in the legend.
+void ReadoutTable::paintMark(QPainter& painter, const QPointF& at, const ReadoutContent::Row& row,
+                             const TrendTheme& theme) const {
+    if (!row.colour.isValid()) return;
+    QPen pen(colourOnScreen(row.colour, theme.background), 3, Qt::SolidLine, Qt::FlatCap);
+    if (row.dash != CurveDash::Solid) pen.setDashPattern(dashPattern(row.dash));
+    painter.setPen(pen);
+    const double y = at.y() + std::round(m_lineHeight / 2) + 0.5;
+    painter.drawLine(QPointF(at.x(), y), QPointF(at.x() + std::round(m_lineHeight * 0.7), y));
+    painter.setPen(theme.text);
+}
+
+void ReadoutTable::paintRow(QPainter& painter, const QPointF& at, const QStringList& cells) const {
     double x = at.x() + m_lineHeight;
     for (qsizetype i = 0; i < cells.size(); ++i) {
         const double width = m_widths[static_cast<std::size_t>(i)];
@@ -197,14 +203,13 @@ void ReadoutTable::paint(QPainter& painter, const TrendTheme& theme) const {
         const QPointF cell = at + QPointF(column * block, titleLine + line * m_lineHeight);
         if (line == 0 && titleLine > 0) {
             painter.setPen(theme.faintText);
-            paintRow(painter, at + QPointF(column * block, 0), m_content.titles, {});
+            paintRow(painter, at + QPointF(column * block, 0), m_content.titles);
         }
         painter.setPen(theme.text);
         if (row < m_shown) {
             const ReadoutContent::Row& shown = m_content.rows[row];
-            paintRow(painter, cell, shown.cells,
-                     shown.colour.isValid() ? colourOnScreen(shown.colour, theme.background)
-                                            : QColor());
+            paintMark(painter, cell, shown, theme);
+            paintRow(painter, cell, shown.cells);
         } else {
             const auto more = static_cast<int>(m_content.rows.size() - m_shown);
             painter.drawText(

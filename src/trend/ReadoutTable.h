@@ -46,8 +46,9 @@ class ReadoutTable {
     double blockWidth() const;
     QSizeF size() const;
     bool place(const QRectF& area, const Avoid& avoid);
-    void paintRow(QPainter& painter, const QPointF& at, const QStringList& cells,
-                  const QColor& swatch) const;
+    void paintMark(QPainter& painter, const QPointF& at, const ReadoutContent::Row& row,
+                   const TrendTheme& theme) const;
+    void paintRow(QPainter& painter, const QPointF& at, const QStringList& cells) const;
 
     ReadoutContent m_content;
     QFont m_font;

@@ -210,8 +210,8 @@ ReadoutContent TrendReading::table(const TrendMarks& marks) const {
             content.titles += {tr("B − A"), tr("Min"), tr("Max"), tr("Mean"), tr("Count")};
     }
     for (const int curve : curves) {
-        const QColor colour = m_chart.curves[static_cast<std::size_t>(curve)].style().colour;
-        content.rows.push_back({colour, cells(curve, marks, heading)});
+        const CurveStyle& style = m_chart.curves[static_cast<std::size_t>(curve)].style();
+        content.rows.push_back({style.colour, cells(curve, marks, heading), style.dash});
         content.firstText = content.rows.back().cells.size() - 2;
     }
     return content;
@@ -244,7 +244,8 @@ ReadoutContent TrendReading::spans(const QRectF& rect, const TrendLayout& layout
         QStringList cells{band->titleText};
         for (const double value : {from, to, to - from})
             cells += m_chart.state.numbers(DecimalTicks::text(value, step));
-        content.rows.push_back({only ? only->style().colour : QColor(), cells});
+        const CurveStyle style = only ? only->style() : CurveStyle{};
+        content.rows.push_back({style.colour, cells, style.dash});
     }
     return content;
 }

@@ -53,19 +53,22 @@ std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int co
     std::size_t step = 1;
     starts.push_back(found);
     for (int column = 1; column <= columns; ++column) {
-        const double border = column == columns ? to : from + width * column;
+        // Compared as spans from the first border: moments are rounded to a quarter of a
+        // microsecond, which may be several columns.
+        const double border = width * column;
+        const auto before = [&](double time) { return time - from < border; };
         // Logged times are nearly regular: the next border lies about as far on as the last one
         // did.
         std::size_t low = found;
         std::size_t high = std::min(count, found + step);
         std::size_t reach = 1;
-        if (high > low && m_times[high - 1] >= border) {
-            while (high - low > reach && m_times[high - 1 - reach] >= border)
+        if (high > low && !before(m_times[high - 1])) {
+            while (high - low > reach && !before(m_times[high - 1 - reach]))
                 high -= reach, reach *= 2;
             if (high - low > reach) low = high - reach;
         } else {
             low = high;
-            while (high < count && m_times[high] < border) {
+            while (high < count && before(m_times[high])) {
                 low = high + 1;
                 high = std::min(count, high + reach);
                 reach *= 2;
@@ -73,8 +76,8 @@ std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int co
         }
         const auto begin = m_times.begin();
         const auto next = static_cast<std::size_t>(
-            std::lower_bound(begin + static_cast<std::ptrdiff_t>(low),
-                             begin + static_cast<std::ptrdiff_t>(high), border) -
+            std::partition_point(begin + static_cast<std::ptrdiff_t>(low),
+                                 begin + static_cast<std::ptrdiff_t>(high), before) -
             begin);
         step = std::max<std::size_t>(1, next - found);
         found = next;

@@ -6,22 +6,23 @@
 #include "views/PaperLayout.h"
 
 #include <QBuffer>
+#include <QFileInfo>
 
 namespace pellam {
 
 namespace {
 
 /// The file's content; empty when the chart could not be drawn.
-QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize& size,
+QByteArray chartBytes(const TrendChart& chart, const QString& kind, const QSize& size,
                       double pixelRatio) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     const TrendTheme theme = TrendTheme::paper();
     bool written = false;
-    if (path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive)) {
+    if (kind == u"svg") {
         written = writeChartSvg(buffer, chart, size, theme);
-    } else if (path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) {
+    } else if (kind == u"pdf") {
         written = writeChartPdf(buffer, chart, size, theme);
     } else {
         written = chartImage(chart, size, theme, pixelRatio).save(&buffer, "PNG");
@@ -33,10 +34,13 @@ QByteArray chartBytes(const TrendChart& chart, const QString& path, const QSize&
 
 Failure writeChartFile(TrendOperations& trend, const std::string& path, const QSize& size,
                        double pixelRatio) {
+    const QString kind = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+    if (kind != u"png" && kind != u"svg" && kind != u"pdf")
+        return {Failure::Kind::Write, path, -1, "a chart's file ends in .png, .svg or .pdf"};
     QByteArray bytes;
     {
         const PaperLayout paper(trend);
-        bytes = chartBytes(trend.chart(), QString::fromStdString(path), size, pixelRatio);
+        bytes = chartBytes(trend.chart(), kind, size, pixelRatio);
     }
     if (bytes.isEmpty()) return {Failure::Kind::Write, path, -1, "the chart could not be drawn"};
     AtomicFile file;

@@ -95,6 +95,26 @@ TEST(CurveColumns, KeepOneSpikeInMillionsStays) {
     }
 }
 
+TEST(CurveColumns, AreStraightWithinMicroseconds) {
+    std::vector<double> times; // far finer columns than moments of today can be told apart
+    std::vector<double> values;
+    for (int i = 0; i <= 20; ++i) {
+        times.push_back(1.7e9 + i * 1e-6);
+        values.push_back(times.back() - times.front());
+    }
+    const ColumnGrid grid{times.front(), times.back(), 500};
+    const ScaleMap map(0, values.back(), false, 500, 0);
+    TrendCurve curve;
+    curve.setPoints(TrendTimes::create(std::move(times)), std::move(values));
+    const auto starts = curve.times()->columnStarts(grid.from, grid.to, grid.columns);
+    const auto spans = CurveColumns::find(curve, starts, grid, map, true);
+    for (int i = 0; i < grid.columns; ++i) {
+        const ColumnSpan& span = spans[static_cast<std::size_t>(i)];
+        ASSERT_NEAR(span.bottom, 500 - i, 0.01) << i;
+        ASSERT_NEAR(span.top, 499 - i, 0.01) << i;
+    }
+}
+
 TEST(CurveColumns, ALineBreaksOnlyOverMoreThanThreeSteps) {
     struct Row {
         double gap;
