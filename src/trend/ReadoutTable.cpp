@@ -159,11 +159,15 @@ bool ReadoutTable::arrange(const ReadoutContent& content, const QFont& font, con
 void ReadoutTable::paintMark(QPainter& painter, const QPointF& at, const ReadoutContent::Row& row,
                              const TrendTheme& theme) const {
     if (!row.colour.isValid()) return;
+    const double length = std::round(m_lineHeight * 0.7);
     QPen pen(colourOnScreen(row.colour, theme.background), 3, Qt::SolidLine, Qt::FlatCap);
-    if (row.dash != CurveDash::Solid) pen.setDashPattern(dashPattern(row.dash));
+    QList<qreal> dashes = dashPattern(row.dash);
+    for (qreal& part : dashes) // each pattern is told by its first seven units
+        part *= length / 7 / pen.widthF();
+    if (!dashes.isEmpty()) pen.setDashPattern(dashes);
     painter.setPen(pen);
     const double y = at.y() + std::round(m_lineHeight / 2) + 0.5;
-    painter.drawLine(QPointF(at.x(), y), QPointF(at.x() + std::round(m_lineHeight * 0.7), y));
+    painter.drawLine(QPointF(at.x(), y), QPointF(at.x() + length, y));
     painter.setPen(theme.text);
 }
 
