@@ -32,8 +32,6 @@ class TrendCurve {
     CurveStyle& style() { return m_style; }
 
     /// Most points that the curve keeps; 0 = no limit. Points beyond it push the oldest out.
-    std::size_t maxDataSets() const { return m_maxDataSets; }
-
     void setMaxDataSets(std::size_t count);
 
     /// Replaces all points. False, and the curve left empty, when the two lengths differ.

@@ -14,8 +14,6 @@ class TrendFont {
         : m_name(name),
           m_changed(std::move(changed)) {}
 
-    const QString& GetName() const { return m_name; }
-
     /// Font family; one that is not installed is replaced by a similar one when drawing.
     void SetName(const QString& name) {
         m_name = name;

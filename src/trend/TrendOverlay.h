@@ -37,10 +37,6 @@ class TrendOverlay {
     /// What the reading says now.
     const ReadoutContent& content() const { return m_content; }
 
-    QRectF readingRect() const {
-        return m_spans.rect().isEmpty() ? m_table.rect() : m_spans.rect();
-    }
-
   private:
     struct Line {
         enum class Kind { Crosshair, Cursor, ActiveCursor, Current } kind;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/AnswerStore.h"
-#include "ui/ShowMessage.h"
 
 #include <QMessageBox>
 #include <QString>

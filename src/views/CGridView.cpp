@@ -5,7 +5,6 @@
 #include "views/GoToDialog.h"
 #include "views/GridClipboard.h"
 #include "views/GridFinder.h"
-#include "views/GridHeader.h"
 #include "views/GridModel.h"
 #include "views/GridPrinter.h"
 #include "views/MyCug.h"
@@ -174,10 +173,6 @@ void CGridView::copyWithHeadings() {
 
 void CGridView::paste() {
     m_cug->clipboard().paste();
-}
-
-void CGridView::selectAllCells() {
-    m_cug->selectAll();
 }
 
 void CGridView::find() {

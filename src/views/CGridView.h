@@ -71,8 +71,6 @@ class CGridView : public QWidget {
     void copy();
     void copyWithHeadings();
     void paste();
-    /// Selects every data cell.
-    void selectAllCells();
     /// Opens the find bar.
     void find();
     void findNext();

@@ -109,15 +109,19 @@ void GridClipboard::fill(const std::vector<CellArea>& areas, const std::string& 
         if (!command->isEmpty()) model.undoStack().push(command.release());
         return;
     }
-    if (!m_question ||
-        !m_question(tr("This changes %L1 cells and can't be undone. Go on?").arg(cells)))
-        return;
+    if (!mayChange(cells)) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     each([&](int column, GridRow row) { EditCommand::write(model, column, row, text); });
     model.undoStack().clear();
     for (const CellArea& area : areas)
         model.cellsChanged(area);
     QApplication::restoreOverrideCursor();
+}
+
+bool GridClipboard::mayChange(std::int64_t cells) const {
+    if (cells <= EditCommand::kMaximumCells) return true;
+    return m_question &&
+           m_question(tr("This changes %L1 cells and can't be undone. Go on?").arg(cells));
 }
 
 void GridClipboard::paste() {
@@ -131,29 +135,29 @@ void GridClipboard::paste() {
     }
 }
 
+CellArea GridClipboard::pasteTarget(GridRow rows, std::int64_t columns) const {
+    const GridModel& model = m_cug.gridModel();
+    const auto areas = m_cug.selectedAreas();
+    const QModelIndex current = m_cug.currentIndex();
+    const int column = areas.size() == 1 ? areas.front().firstColumn : current.column();
+    const GridRow row = areas.size() == 1 ? areas.front().firstRow : current.row();
+    const auto endColumn = std::min<std::int64_t>(column + columns, model.columnCount());
+    return {column, static_cast<int>(endColumn) - 1, row,
+            std::min<GridRow>(row + rows, model.rowCount()) - 1};
+}
+
 void GridClipboard::pasteTable(const std::vector<std::vector<std::string>>& table) {
     GridModel& model = m_cug.gridModel();
-    const auto areas = m_cug.selectedAreas();
-    CellArea target = areas.size() == 1 ? areas.front()
-                                        : CellArea{m_cug.currentIndex().column(), 0,
-                                                   m_cug.currentIndex().row(), 0};
-    std::size_t widest = 0;
+    std::int64_t widest = 0;
     std::int64_t cells = 0;
     for (const auto& row : table) {
-        widest = std::max(widest, row.size());
-        cells += static_cast<std::int64_t>(row.size());
+        const auto columns = static_cast<std::int64_t>(row.size());
+        widest = std::max(widest, columns);
+        cells += columns;
     }
-    const GridRow endRow = target.firstRow + static_cast<GridRow>(table.size());
-    const std::int64_t endColumn = target.firstColumn + static_cast<std::int64_t>(widest);
-    target.lastRow = std::min<GridRow>(endRow, model.rowCount()) - 1;
-    target.lastColumn =
-        static_cast<int>(std::min<std::int64_t>(endColumn, model.columnCount())) - 1;
+    if (!mayChange(cells)) return;
     const bool undoable = cells <= EditCommand::kMaximumCells;
-    if (!undoable &&
-        (!m_question ||
-         !m_question(tr("This changes %L1 cells and can't be undone. Go on?").arg(cells))))
-        return;
-
+    const CellArea target = pasteTarget(static_cast<GridRow>(table.size()), widest);
     auto command = std::make_unique<EditCommand>(model, tr("Paste"));
     for (GridRow row = target.firstRow; row <= target.lastRow; ++row) {
         const auto& texts = table[static_cast<std::size_t>(row - target.firstRow)];
@@ -174,7 +178,7 @@ void GridClipboard::pasteTable(const std::vector<std::vector<std::string>>& tabl
         model.undoStack().push(command.release());
     }
     m_cug.selectArea(target);
-    if (endRow > model.rowCount() || endColumn > model.columnCount()) {
+    if (target.rows() < static_cast<GridRow>(table.size()) || target.columns() < widest) {
         Q_EMIT notice(
             tr("Part of the clipboard lies past the end of the grid and was not pasted."));
     }

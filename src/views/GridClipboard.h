@@ -37,6 +37,9 @@ class GridClipboard : public QObject {
 
   private:
     bool writable();
+    /// Asks about what is too much to be undone.
+    [[nodiscard]] bool mayChange(std::int64_t cells) const;
+    [[nodiscard]] CellArea pasteTarget(GridRow rows, std::int64_t columns) const;
     bool buildText(const ClipboardTable::Block& block, std::string& text);
     void fill(const std::vector<CellArea>& areas, const std::string& text, const QString& name);
     void pasteTable(const std::vector<std::vector<std::string>>& table);

@@ -1,7 +1,6 @@
 #include "views/GridModel.h"
 
 #include "base/Utf8.h"
-#include "views/AxisNumber.h"
 #include "views/EditCommand.h"
 
 #include <QBrush>

@@ -32,8 +32,6 @@ class GridModel : public QAbstractTableModel {
     /// Refuses editing, of axis numbers too.
     void setProtected(bool on) { m_protected = on; }
 
-    [[nodiscard]] bool isProtected() const { return m_protected; }
-
     /// Chooses text colours that are readable on a dark background.
     void setDarkBackground(bool dark);
 

@@ -7,17 +7,14 @@
 #include "views/GridDelegate.h"
 #include "views/GridHeader.h"
 #include "views/GridKeys.h"
+#include "views/GridMenu.h"
 #include "views/GridModel.h"
 #include "views/GridRowHeader.h"
 #include "views/LockedColumn.h"
 #include "views/MoveColumnCommand.h"
 #include "views/SampledWidth.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QMenu>
-#include <QMimeData>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -90,7 +87,7 @@ void MyCug::connectHeadings() {
         if (column == 0) viewport()->update();
     });
     connect(m_rowNumbers, &QHeaderView::sectionPressed, this,
-            [this](int row) { m_anchor = m_grid.index(row, 0); });
+            [this](int row) { m_selection.beginAt(m_grid.index(row, 0)); });
 }
 
 void MyCug::setHeights() {
@@ -187,24 +184,7 @@ void MyCug::OnMenuCommand(int command) {
 }
 
 void MyCug::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    const auto add = [&menu](const QString& text, const QKeySequence& keys, int command) {
-        QAction* action = menu.addAction(text);
-        action->setShortcut(keys);
-        action->setData(command);
-        return action;
-    };
-    const bool editable = m_enableProtection != 1;
-    const bool loaded = m_grid.grid().rowCount() > 0;
-    const bool pasteable = editable && QApplication::clipboard()->mimeData()->hasText();
-    add(tr("Cut"), QKeySequence::Cut, kCutCommand)->setEnabled(loaded && editable);
-    add(tr("Copy"), QKeySequence::Copy, kCopyCommand)->setEnabled(loaded);
-    add(tr("Copy with Headings"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, kCopyWithHeadingsCommand)
-        ->setEnabled(loaded);
-    add(tr("Paste"), QKeySequence::Paste, kPasteCommand)->setEnabled(pasteable);
-    menu.addSeparator();
-    add(tr("Find..."), QKeySequence::Find, kFindCommand)->setEnabled(loaded);
-    add(tr("Go to..."), Qt::CTRL | Qt::Key_G, kGoToCommand)->setEnabled(loaded);
+    GridMenu menu(*this);
     const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint place = keyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).center())
                                   : event->globalPos();
@@ -253,44 +233,22 @@ void MyCug::fitColumns() {
 }
 
 std::vector<CellArea> MyCug::selectedAreas() const {
-    std::vector<CellArea> areas;
-    if (selectionModel() == nullptr) return areas;
-    for (const QItemSelectionRange& range : selectionModel()->selection()) {
-        areas.push_back({range.left(), range.right(), range.top(), range.bottom()});
-    }
-    return areas;
+    return m_selection.areas();
 }
 
 void MyCug::selectArea(const CellArea& area) {
     if (area.isEmpty()) return;
-    const QModelIndex first = m_grid.index(static_cast<int>(area.firstRow), area.firstColumn);
-    const QModelIndex last = m_grid.index(static_cast<int>(area.lastRow), area.lastColumn);
-    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
-    m_anchor = first;
-    scrollTo(first);
+    m_selection.select(area);
+    scrollTo(currentIndex());
 }
 
 void MyCug::selectAll() {
-    if (m_grid.rowCount() < 2) return;
-    selectionModel()->select(
-        QItemSelection(m_grid.index(1, 0),
-                       m_grid.index(m_grid.rowCount() - 1, m_grid.columnCount() - 1)),
-        QItemSelectionModel::ClearAndSelect);
+    m_selection.selectAll();
 }
 
 void MyCug::selectColumn(int column, Qt::KeyboardModifiers modifiers) {
-    if (m_grid.rowCount() < 2) return;
-    const bool extend = (modifiers & Qt::ShiftModifier) && m_anchor.isValid();
-    const int other = extend ? m_anchor.column() : column;
-    const QItemSelection columns(m_grid.index(1, std::min(column, other)),
-                                 m_grid.index(m_grid.rowCount() - 1, std::max(column, other)));
-    const int row = std::max(1, rowAt(currentIndex().row() == 0 ? rowHeight(0) : 0));
-    selectionModel()->setCurrentIndex(m_grid.index(row, column), QItemSelectionModel::NoUpdate);
-    selectionModel()->select(columns, modifiers & Qt::ControlModifier
-                                          ? QItemSelectionModel::Toggle
-                                          : QItemSelectionModel::ClearAndSelect);
-    if (!extend) m_anchor = m_grid.index(row, column);
+    const int row = rowAt(currentIndex().row() == 0 ? rowHeight(0) : 0);
+    m_selection.selectColumn(column, row, modifiers);
 }
 
 bool MyCug::isLockedColumnShifted() const {
@@ -331,13 +289,7 @@ void MyCug::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags 
     QModelIndex end = currentIndex();
     if (dragging && indexAt(place).isValid()) end = indexAt(place);
     if (!end.isValid()) return;
-    if (!m_anchor.isValid() || !(dragging || (command & QItemSelectionModel::Current))) {
-        m_anchor = end;
-    }
-    const auto [top, bottom] = std::minmax({m_anchor.row(), end.row()});
-    const auto [left, right] = std::minmax({m_anchor.column(), end.column()});
-    selectionModel()->select(QItemSelection(m_grid.index(top, left), m_grid.index(bottom, right)),
-                             command);
+    m_selection.extendTo(end, !dragging && !(command & QItemSelectionModel::Current), command);
 }
 
 QRegion MyCug::visualRegionForSelection(const QItemSelection& selection) const {

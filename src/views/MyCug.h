@@ -1,8 +1,7 @@
 #pragma once
 
-#include "views/CellArea.h"
+#include "views/GridSelection.h"
 
-#include <QPersistentModelIndex>
 #include <QTableView>
 
 #include <memory>
@@ -132,7 +131,7 @@ class MyCug : public QTableView {
     GridDelegate* m_delegate;
     GridClipboard* m_clipboard;
     std::unique_ptr<GridKeys> m_keys;
-    QPersistentModelIndex m_anchor; ///< where the selection that is being extended began
+    GridSelection m_selection{*this};
     int m_enableProtection = 0;
     int m_largeFileMode = 0;
     bool m_swapping = true;
