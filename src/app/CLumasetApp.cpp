@@ -38,19 +38,27 @@ bool CLumasetApp::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void CLumasetApp::chooseSaveFolder() {
-    if (!GetProfileString(profile::kSection, profile::kSaveFolder).isEmpty()) return;
+    if (!storedSaveFolder().isEmpty()) return;
     const auto folder = saveFolder();
-    if (!folder.isEmpty()) WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
+    if (!folder.isEmpty()) storeSaveFolder(folder);
 }
 
 QString CLumasetApp::saveFolder() const {
-    const auto stored = GetProfileString(profile::kSection, profile::kSaveFolder);
+    const auto stored = storedSaveFolder();
     if (!stored.isEmpty()) return stored;
     const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (documents.isEmpty()) return {};
     const auto folder = documents + QStringLiteral("/Korvane/Pellam");
     QDir().mkpath(folder);
     return folder;
+}
+
+QString CLumasetApp::storedSaveFolder() const {
+    return GetProfileString(profile::kSection, profile::kSaveFolder);
+}
+
+void CLumasetApp::storeSaveFolder(const QString& folder) {
+    WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
 }
 
 void CLumasetApp::OnMyHelp() {

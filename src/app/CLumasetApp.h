@@ -50,6 +50,9 @@ class CLumasetApp : public QObject {
     /// The folder for converted and dropped files: the stored one, or where none is stored, that of
     /// a first start, which is made.
     [[nodiscard]] QString saveFolder() const;
+    /// The folder as the preferences have it; empty where none is stored.
+    [[nodiscard]] QString storedSaveFolder() const;
+    void storeSaveFolder(const QString& folder);
 
     /// How this user writes numbers, dates and lists: the "[intl]" settings over the locale's.
     [[nodiscard]] InternationalSettings international() const;

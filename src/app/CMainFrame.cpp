@@ -3,8 +3,10 @@
 #include "app/AboutBox.h"
 #include "app/CLumasetApp.h"
 #include "app/CPreferences.h"
+#include "app/CommandIds.h"
 #include "app/FrameActions.h"
 #include "app/FrameExport.h"
+#include "app/FrameLayout.h"
 #include "app/FrameLoader.h"
 #include "app/FramePreview.h"
 #include "app/FramePrinting.h"
@@ -12,9 +14,10 @@
 #include "app/FrameSidebar.h"
 #include "app/FrameStatusBar.h"
 #include "app/PageCommands.h"
-#include "app/ProfileKeys.h"
+#include "app/PageLink.h"
 #include "app/RecentFiles.h"
 #include "app/SettingsAnswers.h"
+#include "database/SessionRequest.h"
 #include "database/ui/CConnectionStatus.h"
 #include "export/ui/CMyDropTarget.h"
 #include "logger/TaggedDownload.h"
@@ -24,7 +27,6 @@
 #include "ui/TabPages.h"
 #include "views/CGridView.h"
 #include "views/CTrendView.h"
-#include "views/GridCorner.h"
 #include "views/MyCug.h"
 
 #include <QAbstractEventDispatcher>
@@ -35,11 +37,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
-#include <QToolBar>
 
 #include <clocale>
 #include <ctime>
@@ -54,17 +54,16 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     setWindowTitle(QStringLiteral("Pellam"));
     m_actions = new FrameActions(this);
     m_actions->buildMenus();
-    m_toolbar = m_actions->buildToolbar();
     m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
     m_status = new FrameStatusBar(statusBar());
     createClient();
+    m_layout = std::make_unique<FrameLayout>(*this, app, *m_sidebar, *m_actions->buildToolbar());
     createHelpers();
     connectCommands();
     connectPageCommands(*m_actions, *m_gridView, *m_trendView);
     connectPages();
-    connectTrend();
     connectDrops();
-    restoreWindow();
+    m_layout->restoreWindow();
     ViewSidebar();
     OnViewDatagrid();
     OnIdleUpdateCmdUI();
@@ -108,17 +107,16 @@ void CMainFrame::createHelpers() {
                                 m_messages, [this] { OnFilePreferences(); }});
     m_sessions =
         new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
-    m_export = new FrameExport(
-        {.window = this,
-         .grid = m_data,
-         .messages = m_messages,
-         .memory = *m_memory,
-         .listSeparator = m_international.listSeparator,
-         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
-         .saveFolder =
-             [this] { return m_app.GetProfileString(profile::kSection, profile::kSaveFolder); },
-         .openPreferences = [this] { OnFilePreferences(); },
-         .loadedFile = [this] { return m_file; }});
+    m_export =
+        new FrameExport({.window = this,
+                         .grid = m_data,
+                         .messages = m_messages,
+                         .memory = *m_memory,
+                         .listSeparator = m_international.listSeparator,
+                         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+                         .saveFolder = [this] { return m_app.storedSaveFolder(); },
+                         .openPreferences = [this] { OnFilePreferences(); },
+                         .loadedFile = [this] { return m_file; }});
     connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
 }
 
@@ -147,39 +145,8 @@ void CMainFrame::connectCommands() {
     m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
 }
 
-void CMainFrame::connectTrend() {
-    connect(m_trendView, &CTrendView::stateChanged, this, &CMainFrame::OnIdleUpdateCmdUI);
-    connect(m_trendView, &CTrendView::rebuilt, this, &CMainFrame::chartRebuilt);
-    connect(m_trendView, &CTrendView::rowChosen, this, &CMainFrame::goToRow);
-    connect(m_gridView, &CGridView::currentRowChanged, m_trendView, &CTrendView::setCurrentRow);
-    // Channels can be selected while the chart is in front.
-    connect(
-        m_gridView, &CGridView::changedMark, this,
-        [this](bool changed) {
-            if (changed && !m_loader->isBusy()) pageActivated(m_pages->activePage());
-        },
-        Qt::QueuedConnection);
-}
-
 bool CMainFrame::chartInFront() const {
     return m_pages->activePage() == kTrendPage;
-}
-
-void CMainFrame::pageActivated(int page) {
-    if (page != kTrendPage) return;
-    m_trendView->OnActivateView(true, m_trendView, m_gridView);
-}
-
-void CMainFrame::chartRebuilt() {
-    m_gridView->grid().corner().setMarked(m_data.changed());
-    if (m_closeWhenLoaded) QTimer::singleShot(0, this, &CMainFrame::close);
-}
-
-void CMainFrame::goToRow(qint64 row) {
-    auto& grid = m_gridView->grid();
-    const int column = qMax(0, grid.currentIndex().column());
-    grid.selectArea({column, column, row + 1, row + 1});
-    remark(tr("Row %L1 on the grid").arg(row + 1));
 }
 
 void CMainFrame::connectPages() {
@@ -188,7 +155,14 @@ void CMainFrame::connectPages() {
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
-    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::pageActivated);
+    connect(m_trendView, &CTrendView::stateChanged, this, &CMainFrame::OnIdleUpdateCmdUI);
+    auto* link = new PageLink(
+        {*m_pages, kTrendPage, *m_gridView, *m_trendView, [this] { return m_loader->isBusy(); }},
+        this);
+    connect(link, &PageLink::notice, this, &CMainFrame::remark);
+    connect(m_trendView, &CTrendView::rebuilt, this, [this] {
+        if (m_closeWhenLoaded) QTimer::singleShot(0, this, &CMainFrame::close);
+    });
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &CMainFrame::OnIdleUpdateCmdUI);
 }
@@ -206,15 +180,6 @@ void CMainFrame::connectDrops() {
                 [this](const QString& path) { OnDropFiles({path}); });
         connect(target, &CMyDropTarget::notice, this, &CMainFrame::remark);
     }
-}
-
-void CMainFrame::restoreWindow() {
-    if (!restoreGeometry(m_app.GetProfileBinary(profile::kSection, profile::kWindow))) {
-        const auto room = screen()->availableSize() * 0.9;
-        resize(QSize(1120, 740).boundedTo(room));
-    }
-    m_toolbarShown = m_app.GetProfileInt(profile::kSection, profile::kToolbar, 1) != 0;
-    m_toolbar->setVisible(m_toolbarShown);
 }
 
 void CMainFrame::finishStartUp() {
@@ -258,8 +223,7 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
     if (file.isEmpty()) file = m_loader->askForFile();
     if (file.isEmpty()) return;
 
-    const auto outcome = m_loader->load(file);
-    showLoaded(file, outcome);
+    const auto outcome = ReadReplayFile(file);
     if (outcome.loaded)
         m_recent->add(file);
     else if (!QFileInfo::exists(file))
@@ -276,9 +240,9 @@ LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
 void CMainFrame::OnLoadFromDatabase() {
     if (m_loader->isBusy()) return;
     OnViewDatagrid();
-    if (const auto selection = m_sessions->ask()) {
-        const auto outcome = m_sessions->load(*selection);
-        showLoaded(m_sessions->exportPath(*selection), outcome, FrameSessions::title(*selection));
+    if (const auto request = m_sessions->ask()) {
+        const auto outcome = m_sessions->load(*request);
+        showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
     }
     Grid()->clearSelection();
     if (m_closeWhenLoaded) close();
@@ -326,10 +290,6 @@ void CMainFrame::ExportTXT(const QString& path) {
     m_export->writeTxt(path);
 }
 
-void CMainFrame::ExportXLS(const QString& /*path*/) {}
-
-void CMainFrame::ExportXML(const QString& /*path*/) {}
-
 int CMainFrame::ConvertFile(const QString& path) {
     const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
     if (!failure) return 1;
@@ -342,13 +302,9 @@ void CMainFrame::OnFileViewin() {
 }
 
 void CMainFrame::OnFilePreferences() {
-    const auto load = [this] {
-        return m_app.GetProfileString(profile::kSection, profile::kSaveFolder);
-    };
-    const auto save = [this](const QString& folder) {
-        m_app.WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
-    };
-    CPreferences(load, save, this).exec();
+    CPreferences([this] { return m_app.storedSaveFolder(); },
+                 [this](const QString& folder) { m_app.storeSaveFolder(folder); }, this)
+        .exec();
 }
 
 void CMainFrame::OnClearXMessage() {
@@ -377,21 +333,18 @@ void CMainFrame::OnViewTrendchart() {
 }
 
 void CMainFrame::OnViewSidebar() {
-    const int width = m_app.GetProfileInt(profile::kSection, profile::kSidebarWidth, kSidebarWidth);
-    m_app.WriteProfileInt(profile::kSection, profile::kSidebarWidth, width > 0 ? 0 : kSidebarWidth);
+    m_layout->toggleSidebar();
     ViewSidebar();
     OnIdleUpdateCmdUI();
 }
 
 void CMainFrame::ViewSidebar() {
-    m_sidebarWidth = m_app.GetProfileInt(profile::kSection, profile::kSidebarWidth, kSidebarWidth);
-    m_sidebar->setStoredWidth(preview() ? 0 : m_sidebarWidth);
+    m_layout->layOut(preview() != nullptr);
 }
 
 void CMainFrame::toggleToolbar() {
-    m_toolbarShown = !m_toolbarShown;
-    m_toolbar->setVisible(m_toolbarShown);
-    m_app.WriteProfileInt(profile::kSection, profile::kToolbar, m_toolbarShown ? 1 : 0);
+    m_layout->toggleToolbar();
+    ViewSidebar();
 }
 
 void CMainFrame::OnSetPreviewMode(bool on) {
@@ -405,7 +358,6 @@ void CMainFrame::OnSetPreviewMode(bool on) {
         m_trendView->OnEndPrinting(true);
         m_pages->activate(m_pages->activePage());
     }
-    m_toolbar->setVisible(m_toolbarShown && !preview());
     ViewSidebar();
     OnIdleUpdateCmdUI();
     setUpdatesEnabled(true);
@@ -427,8 +379,8 @@ void CMainFrame::OnIdleUpdateCmdUI() {
                           .stacked = m_trendView->isStacked(),
                           .canIncreaseFont = m_trendView->canIncreaseFont(),
                           .canDecreaseFont = m_trendView->canDecreaseFont(),
-                          .sidebar = m_sidebarWidth > 0,
-                          .toolbar = m_toolbarShown});
+                          .sidebar = m_layout->hasSidebar(),
+                          .toolbar = m_layout->hasToolbar()});
 }
 
 // --- Events
@@ -440,7 +392,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    m_app.WriteProfileBinary(profile::kSection, profile::kWindow, saveGeometry());
+    m_layout->saveWindow();
     event->accept();
 }
 

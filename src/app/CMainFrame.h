@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommandIds.h"
 #include "app/WindowMessages.h"
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
@@ -20,6 +19,7 @@ class CLumasetApp;
 class CTrendView;
 class FrameActions;
 class FrameExport;
+class FrameLayout;
 class FrameLoader;
 class FramePreview;
 class FramePrinting;
@@ -41,7 +41,6 @@ class CMainFrame : public QMainWindow {
   public:
     static constexpr int kGridPage = 0;
     static constexpr int kTrendPage = 1;
-    static constexpr int kSidebarWidth = 225; ///< pixels, when shown
 
     explicit CMainFrame(CLumasetApp& app);
     ~CMainFrame() override;
@@ -63,9 +62,12 @@ class CMainFrame : public QMainWindow {
     void ExportData();
     void ExportCSV(const QString& path);
     void ExportTXT(const QString& path);
+
     /// These two kinds are accepted and write nothing.
-    void ExportXLS(const QString& path);
-    void ExportXML(const QString& path);
+    void ExportXLS(const QString& /*path*/) {}
+
+    void ExportXML(const QString& /*path*/) {}
+
     /// Converts a tagged text download to a .csv file beside it: 1, or 0 after a file error, which
     /// is shown.
     int ConvertFile(const QString& path);
@@ -133,13 +135,8 @@ class CMainFrame : public QMainWindow {
     void createHelpers();
     void connectCommands();
     void connectPages();
-    void connectTrend();
     void connectDrops();
     [[nodiscard]] bool chartInFront() const;
-    void pageActivated(int page);
-    void chartRebuilt();
-    void goToRow(qint64 row);
-    void restoreWindow();
     void toggleToolbar();
     void remark(const QString& text);
     void openLater(const QString& path);
@@ -152,6 +149,7 @@ class CMainFrame : public QMainWindow {
     WindowMessages m_messages{this};
     std::unique_ptr<SettingsAnswers> m_answers;
     std::unique_ptr<MessageMemory> m_memory;
+    std::unique_ptr<FrameLayout> m_layout;
 
     FrameActions* m_actions = nullptr;
     FrameSidebar* m_sidebar = nullptr;
@@ -162,7 +160,6 @@ class CMainFrame : public QMainWindow {
     FramePrinting* m_printing = nullptr;
     FramePreview* m_preview = nullptr;
     RecentFiles* m_recent = nullptr;
-    QToolBar* m_toolbar = nullptr;
     QStackedWidget* m_stack = nullptr;
     TabPages* m_pages = nullptr;
     CGridView* m_gridView = nullptr;
@@ -170,8 +167,6 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
-    int m_sidebarWidth = 0; ///< as stored; 0 is hidden
-    bool m_toolbarShown = true;
     bool m_clipboardText = false;
     bool m_closeWhenLoaded = false;
 };

@@ -3,7 +3,6 @@
 #include "app/CLumasetApp.h"
 #include "app/COptionTreeDlg.h"
 #include "app/ProfileKeys.h"
-#include "base/MessageSink.h"
 #include "database/ui/CConnectionStatus.h"
 #include "replay/SessionLoader.h"
 #include "views/CGridView.h"
@@ -88,9 +87,7 @@ LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOut
 LoadOutcome FrameLoader::read(const QString& path) {
     DialogChooser chooser(m_context.window, progress());
     const auto saveFolder = [this] {
-        return QFile::encodeName(
-                   m_context.app.GetProfileString(profile::kSection, profile::kSaveFolder))
-            .toStdString();
+        return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
     SessionLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
                           m_context.messages, progress(), chooser, false, saveFolder,
