@@ -74,7 +74,7 @@ int BatchCommand::run() {
     bool done = m_line.convert.empty() || convert();
     done = (m_line.dump.empty() || dump()) && done;
     if (m_line.database.list) done = report(writeOut(m_session.list())) && done;
-    if (!m_line.database.session.empty() && !fetchSession()) return kFailed;
+    if (!m_line.database.request.session.empty() && !fetchSession()) return kFailed;
     if (m_line.hasOutput()) {
         if (!load()) return kFailed;
         done = makeOutputs() && done;
@@ -102,8 +102,8 @@ bool BatchCommand::fetchSession() {
 }
 
 bool BatchCommand::load() {
-    const bool stored = !m_line.database.session.empty();
-    const std::string& source = stored ? m_line.database.session : m_line.file;
+    const bool stored = !m_line.database.request.session.empty();
+    const std::string& source = stored ? m_line.database.request.session : m_line.file;
     const auto saveFolder = [this] {
         return m_settings.GetProfileString(profile::kSection.toStdString(),
                                            profile::kSaveFolder.toStdString());
@@ -142,8 +142,8 @@ void BatchCommand::keepChosenColumns() {
 }
 
 bool BatchCommand::writeInfo() {
-    return report(
-        writeOut(fileInfoText(m_outcome, m_grid, {m_line.database.dsn, m_line.database.session})));
+    return report(writeOut(fileInfoText(
+        m_outcome, m_grid, {m_line.database.request.dataSource, m_line.database.request.session})));
 }
 
 bool BatchCommand::report(const Failure& failure) {

@@ -2,7 +2,6 @@
 
 #include "base/AtomicFile.h"
 #include "database/SessionLists.h"
-#include "database/SessionTime.h"
 #include "logger/BinaryInput.h"
 
 #include <cstdint>
@@ -10,16 +9,16 @@
 
 namespace pellam {
 
-BatchSession::BatchSession(const SessionOptions& options, const TimeCorrections& corrections,
+BatchSession::BatchSession(const SessionRequest& request, const TimeCorrections& corrections,
                            TerminalMessages& messages, TerminalProgress& progress)
-    : m_options(options),
+    : m_request(request),
       m_messages(messages),
       m_progress(progress),
       m_call(progress),
       m_loader({messages, progress, m_call, corrections}) {}
 
 std::string BatchSession::list() {
-    const auto sessions = SessionLists(m_options.dsn, m_call).sessions();
+    const auto sessions = SessionLists(m_request.dataSource, m_call).sessions();
     std::string text;
     for (std::size_t i = 0; i < sessions.texts.size(); ++i)
         text.append(sessions.texts[i]).append("\n");
@@ -28,17 +27,9 @@ std::string BatchSession::list() {
 }
 
 bool BatchSession::fetch() {
-    const bool written = m_loader.CreateFileFromDatabaseSession(
-        {.dataSource = m_options.dsn,
-         .session = m_options.session,
-         .site = m_options.site,
-         .job = m_options.job,
-         .schedule = m_options.schedule,
-         .label = m_options.label,
-         .start = sessionTime(m_options.from).value_or(CMyTime()),
-         .end = sessionTime(m_options.to).value_or(CMyTime())});
+    const bool written = m_loader.CreateFileFromDatabaseSession(m_request);
     if (m_progress.aborted())
-        m_messages.show(Failure{Failure::Kind::Aborted, m_options.session, -1, {}}.text());
+        m_messages.show(Failure{Failure::Kind::Aborted, m_request.session, -1, {}}.text());
     else if (m_loader.LastError() && !m_loader.IsErrorShown())
         m_messages.show(m_loader.LastError()->text);
     return written;

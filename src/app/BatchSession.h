@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/CommandLine.h"
 #include "app/TerminalMessages.h"
 #include "app/TerminalProgress.h"
 #include "base/Failure.h"
@@ -17,7 +16,7 @@ namespace pellam {
 class BatchSession {
   public:
     /// What is handed in outlives this object.
-    BatchSession(const SessionOptions& options, const TimeCorrections& corrections,
+    BatchSession(const SessionRequest& request, const TimeCorrections& corrections,
                  TerminalMessages& messages, TerminalProgress& progress);
 
     /// The names of all sessions, one a line, as far as they could be read.
@@ -49,7 +48,7 @@ class BatchSession {
         TerminalProgress& m_progress;
     };
 
-    const SessionOptions& m_options;
+    const SessionRequest& m_request;
     TerminalMessages& m_messages;
     TerminalProgress& m_progress;
     Call m_call;

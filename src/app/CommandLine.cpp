@@ -97,25 +97,31 @@ class Parser {
 
     bool takeSessionOption(std::string_view name) {
         SessionOptions& database = m_line.database;
-        if (name == "--dsn") return takeOnce(name, database.dsn), true;
+        SessionRequest& request = database.request;
+        if (name == "--dsn") return takeOnce(name, request.dataSource), true;
         if (name == "--list-sessions") return takeFlag(name, database.list), true;
         if (name == "--dump-replay") return takeOutput(name, database.replays, {".dlr"}), true;
+        if (name == "--session") return takeOnce(name, request.session), true;
         const std::pair<std::string_view, std::string*> texts[] = {
-            {"--session", &database.session}, {"--site", &database.site},
-            {"--job", &database.job},         {"--schedule", &database.schedule},
-            {"--label", &database.label},     {"--from", &database.from},
-            {"--to", &database.to},
+            {"--site", &request.site},   {"--job", &request.job}, {"--schedule", &request.schedule},
+            {"--label", &request.label}, {"--from", &m_from},     {"--to", &m_to},
         };
         for (const auto& [option, text] : texts) {
             if (name != option) continue;
             takeOnce(name, *text);
-            const bool time = text == &database.from || text == &database.to;
-            if (time && !text->empty() && !sessionTime(*text))
-                fail(name, "needs a date and time such as 2024/03/31,09:30:00, not " + *text);
-            if (name != "--session") m_sessionOption = option;
+            if (text == &m_from) takeTime(name, m_from, request.start);
+            if (text == &m_to) takeTime(name, m_to, request.end);
+            m_sessionOption = option;
             return true;
         }
         return false;
+    }
+
+    void takeTime(std::string_view name, const std::string& text, CMyTime& time) {
+        const auto read = sessionTime(text);
+        if (!read && !text.empty())
+            fail(name, "needs a date and time such as 2024/03/31,09:30:00, not " + text);
+        time = read.value_or(CMyTime());
     }
 
     void takeDumpOption(std::string_view name, CDumpDBD::Option option) {
@@ -175,26 +181,27 @@ class Parser {
 
     void checkSession() {
         const SessionOptions& database = m_line.database;
+        const SessionRequest& request = database.request;
         const bool wanted = m_line.hasOutput() || !database.replays.empty();
-        if (database.dsn.empty()) {
-            if (!database.session.empty()) fail("--session", "needs --dsn beside it");
+        if (request.dataSource.empty()) {
+            if (!request.session.empty()) fail("--session", "needs --dsn beside it");
             if (database.list) fail("--list-sessions", "needs --dsn beside it");
         } else if (!m_line.file.empty()) {
             fail(m_line.file, "has no use beside --dsn");
-        } else if (database.session.empty() && !database.list) {
+        } else if (request.session.empty() && !database.list) {
             fail("--dsn", "needs --session or --list-sessions beside it");
-        } else if (!database.session.empty() && !wanted) {
+        } else if (!request.session.empty() && !wanted) {
             fail("--session",
                  "needs --export, --info, --print, --chart or --dump-replay beside it");
         }
-        if (!database.session.empty()) return;
+        if (!request.session.empty()) return;
         if (!database.replays.empty()) fail("--dump-replay", "needs --dsn and --session beside it");
         if (!m_sessionOption.empty()) fail(m_sessionOption, "needs --session beside it");
     }
 
     void checkTogether() {
         checkSession();
-        if (m_line.hasOutput() && m_line.file.empty() && m_line.database.session.empty()) {
+        if (m_line.hasOutput() && m_line.file.empty() && m_line.database.request.session.empty()) {
             fail(m_line.info               ? "--info"
                  : !m_line.exports.empty() ? "--export"
                  : !m_line.prints.empty()  ? "--print"
@@ -220,6 +227,8 @@ class Parser {
     int m_next = 1;
     bool m_onlyFiles = false;
     bool m_hasSize = false;
+    std::string m_from; ///< as given, and the next
+    std::string m_to;
     std::string_view m_sessionOption; ///< the last of those that go with --session
     std::string_view m_dumpOption;    ///< the last of those that go with --dump
     bool m_hasValue = false;          ///< the option came as --option=value
@@ -238,7 +247,7 @@ bool CommandLine::hasOutput() const {
 
 bool CommandLine::wantsWindow() const {
     return error.empty() && !help && !version && !hasOutput() && convert.empty() && dump.empty() &&
-           database.dsn.empty();
+           database.request.dataSource.empty();
 }
 
 std::string CommandLine::usage() {

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "database/SessionRequest.h"
+
 #include <string>
 #include <vector>
 
 namespace pellam {
 
-/// A session of a database instead of a file, and which of its readings. Texts are empty where
-/// nothing was given.
+/// A session of a database instead of a file.
 struct SessionOptions {
-    std::string dsn;     ///< the ODBC data source
-    std::string session; ///< '*' and '?' are wildcards in this and the next four
-    std::string site;
-    std::string job;
-    std::string schedule;
-    std::string label;
-    std::string from; ///< "yyyy/MM/dd,HH:mm:ss"
-    std::string to;
+    SessionRequest request;           ///< empty where nothing was given; '*' and '?' are wildcards
     bool list = false;                ///< print the sessions
     std::vector<std::string> replays; ///< files to keep the replay text in, ".dlr"
 };

@@ -5,8 +5,8 @@
 #include "app/ProfileKeys.h"
 #include "base/Utf8.h"
 #include "database/CSessionFromDatabase.h"
-#include "database/SessionTime.h"
 #include "database/ui/CConnectionStatus.h"
+#include "database/ui/CSessionNameDlg.h"
 #include "database/ui/LoadCall.h"
 #include "database/ui/WorkEvent.h"
 #include "replay/TimeCorrections.h"
@@ -19,9 +19,9 @@ namespace pellam {
 namespace {
 
 /// A file name of a session's name.
-QString fileName(const SessionSelection& selection) {
+QString fileName(const SessionRequest& request) {
     static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f/\\\\*?\"<>|:]"));
-    return FrameSessions::title(selection).replace(unfit, QStringLiteral("_"));
+    return FrameSessions::title(request).replace(unfit, QStringLiteral("_"));
 }
 
 } // namespace
@@ -30,7 +30,7 @@ FrameSessions::FrameSessions(const Context& context)
     : QObject(context.window),
       m_context(context) {}
 
-std::optional<SessionSelection> FrameSessions::ask() {
+std::optional<SessionRequest> FrameSessions::ask() {
     auto& app = m_context.app;
     CSessionNameDlg dialog(
         {[&app] { return app.GetProfileString(profile::kSection, profile::kLastDsn); },
@@ -41,33 +41,24 @@ std::optional<SessionSelection> FrameSessions::ask() {
          m_context.corrections.daylightBias},
         m_context.window);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.selection();
+    return dialog.request();
 }
 
-LoadOutcome FrameSessions::load(const SessionSelection& selection) {
-    return m_context.loader.onPage(fileName(selection), [&] {
+LoadOutcome FrameSessions::load(const SessionRequest& request) {
+    return m_context.loader.onPage(fileName(request), [&] {
         m_context.page.data().reset();
-        return fetch(selection);
+        return fetch(request);
     });
 }
 
-LoadOutcome FrameSessions::fetch(const SessionSelection& selection) {
+LoadOutcome FrameSessions::fetch(const SessionRequest& request) {
     auto& progress = m_context.loader.progress();
     // From here on, so that a connection that takes its time can be seen and stopped.
-    const ProgressScope scope(progress, "Loading Session - " + selection.choice.session,
-                              "Querying the database. Please wait...", 0, 100);
+    const ProgressScope scope = sessionProgress(progress, request.session);
     LoadCall call(progress);
     const auto tell = [this](bool starts) { WorkEvent::post(m_context.window, starts); };
     CSessionFromDatabase session({m_context.messages, progress, call, m_context.corrections, tell});
-    const bool written = session.CreateFileFromDatabaseSession(
-        {.dataSource = selection.dsn,
-         .session = selection.choice.session,
-         .site = selection.choice.site,
-         .job = selection.choice.job,
-         .schedule = selection.choice.schedule,
-         .label = selection.label,
-         .start = sessionTime(selection.start).value_or(CMyTime()),
-         .end = sessionTime(selection.end).value_or(CMyTime())});
+    const bool written = session.CreateFileFromDatabaseSession(request);
     LoadOutcome outcome;
     if (!written) {
         outcome.aborted = progress.Aborted();
@@ -78,13 +69,12 @@ LoadOutcome FrameSessions::fetch(const SessionSelection& selection) {
     return outcome;
 }
 
-QString FrameSessions::title(const SessionSelection& selection) {
-    return QString::fromStdString(toUtf8(selection.choice.session));
+QString FrameSessions::title(const SessionRequest& request) {
+    return QString::fromStdString(toUtf8(request.session));
 }
 
-QString FrameSessions::exportPath(const SessionSelection& selection) const {
-    const auto folder = m_context.app.GetProfileString(profile::kSection, profile::kSaveFolder);
-    return folder + u'/' + fileName(selection) + QStringLiteral(".dlr");
+QString FrameSessions::exportPath(const SessionRequest& request) const {
+    return m_context.app.storedSaveFolder() + u'/' + fileName(request) + QStringLiteral(".dlr");
 }
 
 } // namespace pellam

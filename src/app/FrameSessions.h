@@ -1,6 +1,5 @@
 #pragma once
 
-#include "database/ui/CSessionNameDlg.h"
 #include "replay/LoadOutcome.h"
 
 #include <QObject>
@@ -15,6 +14,7 @@ class CGridView;
 class CLumasetApp;
 class FrameLoader;
 class MessageSink;
+struct SessionRequest;
 struct TimeCorrections;
 
 /// Brings sessions from databases onto the grid page: the dialog, and the load by way of a
@@ -35,18 +35,18 @@ class FrameSessions : public QObject {
     explicit FrameSessions(const Context& context);
 
     /// Shows the session dialog; nothing when it was cancelled.
-    [[nodiscard]] std::optional<SessionSelection> ask();
+    [[nodiscard]] std::optional<SessionRequest> ask();
 
     /// Empties the grid and loads the session into it. Nothing happens while another load runs.
-    LoadOutcome load(const SessionSelection& selection);
+    LoadOutcome load(const SessionRequest& request);
 
     /// What a session is called on the screen.
-    [[nodiscard]] static QString title(const SessionSelection& selection);
+    [[nodiscard]] static QString title(const SessionRequest& request);
     /// A file of the session's name in the save folder, as exports propose it.
-    [[nodiscard]] QString exportPath(const SessionSelection& selection) const;
+    [[nodiscard]] QString exportPath(const SessionRequest& request) const;
 
   private:
-    LoadOutcome fetch(const SessionSelection& selection);
+    LoadOutcome fetch(const SessionRequest& request);
 
     Context m_context;
 };

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "database/CRecordset.h"
+#include "database/CDBDataTime.h"
 
 namespace pellam {
 
-/// Table data_data: the earliest reading that matches the filter.
-class CDBDataData1 : public CRecordset {
+/// The earliest time.
+class CDBDataData1 : public CDBDataTime {
   public:
-    using CRecordset::CRecordset;
-
-    CTime m_data_time; ///< null where no reading matches
-
-    [[nodiscard]] std::string_view GetDefaultSQL() const override { return "[data_data]"; }
-
-  protected:
-    void DoFieldExchange(CFieldExchange& exchange) override;
+    explicit CDBDataData1(CDatabase& database) : CDBDataTime(database, "Min([data_time])") {}
 };
 
 } // namespace pellam

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "database/CRecordset.h"
+#include "database/CDBDataTime.h"
 
 namespace pellam {
 
-/// Table data_data: the latest reading that matches the filter.
-class CDBDataData2 : public CRecordset {
+/// The latest time.
+class CDBDataData2 : public CDBDataTime {
   public:
-    using CRecordset::CRecordset;
-
-    CTime m_data_time; ///< null where no reading matches
-
-    [[nodiscard]] std::string_view GetDefaultSQL() const override { return "[data_data]"; }
-
-  protected:
-    void DoFieldExchange(CFieldExchange& exchange) override;
+    explicit CDBDataData2(CDatabase& database) : CDBDataTime(database, "Max([data_time])") {}
 };
 
 } // namespace pellam

@@ -49,10 +49,6 @@ const std::vector<BoundField>& CRecordset::fields() {
     return m_exchange.fields();
 }
 
-std::size_t CRecordset::fieldCount() {
-    return fields().size();
-}
-
 SqlFailure CRecordset::Open(OpenType type) {
     Close();
     if (!m_database.IsOpen()) return SqlError{"08003", 0, "The database is not open."};

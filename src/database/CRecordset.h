@@ -50,9 +50,6 @@ class CRecordset {
     /// Harmless when not open.
     void Close();
 
-    /// The number of bound columns.
-    [[nodiscard]] std::size_t fieldCount();
-
     /// Rows a fetch asks for, from the next Open() on; 1 to fetch one by one.
     void setBlockRows(std::size_t rows) { m_blockRows = rows; }
 

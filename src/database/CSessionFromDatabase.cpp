@@ -10,6 +10,10 @@
 
 namespace pellam {
 
+ProgressScope sessionProgress(ProgressSink& sink, const std::string& session) {
+    return {sink, "Loading Session - " + session, "Querying the database. Please wait...", 0, 100};
+}
+
 CSessionFromDatabase::CSessionFromDatabase(const SessionContext& context)
     : m_context(context),
       m_database(context.call) {}
@@ -52,8 +56,7 @@ bool CSessionFromDatabase::openFile() {
 }
 
 bool CSessionFromDatabase::writeSession() {
-    const ProgressScope scope(m_context.progress, "Loading Session - " + m_request.session,
-                              "Querying the database. Please wait...", 0, 100);
+    const ProgressScope scope = sessionProgress(m_context.progress, m_request.session);
     m_schedules = {};
     if (!openFile()) return false;
     const bool header = writeHeader();

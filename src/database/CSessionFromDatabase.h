@@ -31,6 +31,10 @@ struct SessionContext {
     std::function<void(bool)> tellMainWindow = {};
 };
 
+/// The progress display of a session's load, as the load opens it and whoever started it may
+/// before.
+[[nodiscard]] ProgressScope sessionProgress(ProgressSink& sink, const std::string& session);
+
 /// Writes one stored session as replay text to a temporary file, which is gone with this object.
 /// One object serves one load. It shows no message once the person has stopped it.
 class CSessionFromDatabase {

@@ -17,13 +17,13 @@ std::string sessionTerm(std::string_view session) {
     return session == "*" ? "session_id <> ''" : typedTerm("session_id", session);
 }
 
-std::string narrowed(std::string filter, const SessionChoice& choice, bool mySql) {
+std::string narrowed(std::string filter, const SessionRequest& request, bool mySql) {
     const auto add = [&](std::string_view column, const std::string& value) {
         if (value != "%") filter += " and " + sqlTerm(column, value, mySql);
     };
-    add("site_id", choice.site);
-    add("job", choice.job);
-    add("schedule", choice.schedule);
+    add("site_id", request.site);
+    add("job", request.job);
+    add("schedule", request.schedule);
     return filter;
 }
 
@@ -41,12 +41,12 @@ std::string scheduleListFilter(std::string_view session, std::string_view site) 
     return sessionTerm(session) + " AND " + compare("site_id", " = ", site);
 }
 
-std::string earliestFilter(const SessionChoice& choice, bool mySql) {
-    return narrowed(compare("session_id", " LIKE ", choice.session, "%"), choice, mySql);
+std::string earliestFilter(const SessionRequest& request, bool mySql) {
+    return narrowed(compare("session_id", " LIKE ", request.session, "%"), request, mySql);
 }
 
-std::string latestFilter(const SessionChoice& choice, bool mySql) {
-    return narrowed(sqlSessionTerm(choice.session, mySql), choice, mySql);
+std::string latestFilter(const SessionRequest& request, bool mySql) {
+    return narrowed(sqlSessionTerm(request.session, mySql), request, mySql);
 }
 
 } // namespace pellam

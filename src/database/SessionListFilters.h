@@ -1,17 +1,11 @@
 #pragma once
 
+#include "database/SessionRequest.h"
+
 #include <string>
 #include <string_view>
 
 namespace pellam {
-
-/// What a person narrows the stored readings by.
-struct SessionChoice {
-    std::string session;
-    std::string site;
-    std::string job;
-    std::string schedule;
-};
 
 // The conditions (what stands behind WHERE) by which the session dialog fills its lists and finds
 // the range of times. Values stand in them as they are: quotes are not escaped.
@@ -26,12 +20,13 @@ struct SessionChoice {
 /// stands, so that "*" finds none.
 [[nodiscard]] std::string scheduleListFilter(std::string_view session, std::string_view site);
 
-/// The readings whose earliest gives the start of the range. The choice has SQL wildcards already;
-/// with `mySql` an exact value is compared as the beginning of a text, which the session always is.
-[[nodiscard]] std::string earliestFilter(const SessionChoice& choice, bool mySql);
+/// The readings whose earliest gives the start of the range. The request has SQL wildcards already,
+/// its label does not count; with `mySql` an exact value is compared as the beginning of a text,
+/// which the session always is.
+[[nodiscard]] std::string earliestFilter(const SessionRequest& request, bool mySql);
 
 /// The readings whose latest gives the end of the range; as above, but the session is compared as
 /// the others are.
-[[nodiscard]] std::string latestFilter(const SessionChoice& choice, bool mySql);
+[[nodiscard]] std::string latestFilter(const SessionRequest& request, bool mySql);
 
 } // namespace pellam

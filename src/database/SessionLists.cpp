@@ -5,6 +5,7 @@
 #include "database/CDBDataDetails.h"
 #include "database/CDBDataHeader.h"
 #include "database/CDatabase.h"
+#include "database/SessionListFilters.h"
 
 #include <set>
 
@@ -146,16 +147,17 @@ SessionLists::List SessionLists::schedules(std::string_view session, std::string
     return list;
 }
 
-SessionLists::Range SessionLists::range(const SessionChoice& choice, bool mySql) const {
+SessionLists::Range SessionLists::range(const SessionRequest& request, bool mySql) const {
     Range range;
     CDatabase database(m_call);
     range.failure = open(database, m_dsn, CDatabase::defaultOptions);
     if (!range.failure) {
         range.failure =
-            readTime<CDBDataData1>(database, earliestFilter(choice, mySql), range.earliest);
+            readTime<CDBDataData1>(database, earliestFilter(request, mySql), range.earliest);
     }
     if (!range.failure)
-        range.failure = readTime<CDBDataData2>(database, latestFilter(choice, mySql), range.latest);
+        range.failure =
+            readTime<CDBDataData2>(database, latestFilter(request, mySql), range.latest);
     return range;
 }
 

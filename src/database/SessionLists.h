@@ -2,7 +2,7 @@
 
 #include "database/CTime.h"
 #include "database/LongCall.h"
-#include "database/SessionListFilters.h"
+#include "database/SessionRequest.h"
 #include "database/SqlError.h"
 #include "database/TextList.h"
 
@@ -44,8 +44,8 @@ class SessionLists {
     [[nodiscard]] List jobs(std::string_view session, std::string_view site) const;
     /// "*", then each schedule of a session at a site once.
     [[nodiscard]] List schedules(std::string_view session, std::string_view site) const;
-    /// The range of times; the choice has SQL wildcards. See SessionListFilters on `mySql`.
-    [[nodiscard]] Range range(const SessionChoice& choice, bool mySql) const;
+    /// The range of times; the request has SQL wildcards. See SessionListFilters on `mySql`.
+    [[nodiscard]] Range range(const SessionRequest& request, bool mySql) const;
 
   private:
     [[nodiscard]] List distinct(std::string_view column, const std::string& filter) const;

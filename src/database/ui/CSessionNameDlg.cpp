@@ -3,6 +3,8 @@
 #include "base/MessageSink.h"
 #include "base/Utf8.h"
 #include "database/DataSources.h"
+#include "database/SessionFilter.h"
+#include "database/SessionTime.h"
 #include "database/Wildcards.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
@@ -29,10 +31,10 @@ std::string foldCase(std::string_view text) {
     return shown(text).toCaseFolded().toStdString();
 }
 
-std::string momentText(const QDateEdit* date, const QTimeEdit* time) {
-    return (date->date().toString(QStringLiteral("yyyy/MM/dd")) + u',' +
-            time->time().toString(QStringLiteral("HH:mm:ss")))
-        .toStdString();
+CMyTime moment(const QDateEdit* date, const QTimeEdit* time) {
+    const QString text = date->date().toString(QStringLiteral("yyyy/MM/dd")) + u',' +
+                         time->time().toString(QStringLiteral("HH:mm:ss"));
+    return sessionTime(text.toStdString()).value_or(CMyTime());
 }
 
 } // namespace
@@ -85,7 +87,7 @@ void CSessionNameDlg::OnInitDialog() {
     m_label->selectFirst();
     OnFillDSN1();
     m_dsn->setEditText(m_context.lastDsn());
-    m_selection.dsn = m_dsn->bytes();
+    m_request.dataSource = m_dsn->bytes();
     (m_dsn->currentText().isEmpty() ? m_dsn : m_session)->setFocus();
     showReady();
 }
@@ -102,7 +104,7 @@ void CSessionNameDlg::OnFillDSN1() {
 
 void CSessionNameDlg::startQuestion(const QString& what) {
     // A name that was typed counts as picked once it is used.
-    if (m_dsn->bytes() != m_selection.dsn) rememberDsn();
+    if (m_dsn->bytes() != m_request.dataSource) rememberDsn();
     m_status->setText(what);
     m_call.begin();
 }
@@ -113,7 +115,7 @@ void CSessionNameDlg::endQuestion() {
 }
 
 SessionLists CSessionNameDlg::lists() {
-    return {m_selection.dsn, m_call, foldCase};
+    return {m_request.dataSource, m_call, foldCase};
 }
 
 template <class Question>
@@ -141,7 +143,7 @@ bool CSessionNameDlg::OnDropdownSession() {
 
 bool CSessionNameDlg::OnDropdownSite() {
     const auto question = [this](const SessionLists& lists) {
-        return lists.sites(m_selection.choice.session);
+        return lists.sites(m_request.session);
     };
     if (!fill(m_site, tr("Reading the sites..."), question)) return false;
     m_site->selectFirst();
@@ -151,7 +153,7 @@ bool CSessionNameDlg::OnDropdownSite() {
 
 bool CSessionNameDlg::OnDropdownJob() {
     const auto question = [this](const SessionLists& lists) {
-        return lists.jobs(m_selection.choice.session, m_selection.choice.site);
+        return lists.jobs(m_request.session, m_request.site);
     };
     if (!fill(m_job, tr("Reading the jobs..."), question)) return false;
     m_job->selectFirst();
@@ -160,9 +162,9 @@ bool CSessionNameDlg::OnDropdownJob() {
 }
 
 bool CSessionNameDlg::OnDropdownSchedule() {
-    m_selection.choice.schedule.clear();
+    m_request.schedule.clear();
     const auto question = [this](const SessionLists& lists) {
-        return lists.schedules(m_selection.choice.session, m_selection.choice.site);
+        return lists.schedules(m_request.session, m_request.site);
     };
     if (!fill(m_schedule, tr("Reading the schedules..."), question)) return false;
     m_schedule->selectFirst();
@@ -172,7 +174,7 @@ bool CSessionNameDlg::OnDropdownSchedule() {
 // --- Choices
 
 void CSessionNameDlg::rememberDsn() {
-    m_selection.dsn = m_dsn->bytes();
+    m_request.dataSource = m_dsn->bytes();
     m_context.saveDsn(m_dsn->currentText());
 }
 
@@ -182,38 +184,43 @@ void CSessionNameDlg::OnSelchangeDatabase() {
 }
 
 void CSessionNameDlg::OnEditSession() {
-    m_selection.choice.session = toSqlWildcards(m_session->bytes());
+    m_request.session = toSqlWildcards(m_session->bytes());
 }
 
 void CSessionNameDlg::OnSelchangeSession() {
-    m_selection.choice.session = m_session->bytes();
+    m_request.session = m_session->bytes();
     OnDropdownSite();
 }
 
 void CSessionNameDlg::OnSelchangeSite() {
-    m_selection.choice.site = m_site->bytes();
+    m_request.site = m_site->bytes();
     OnDropdownJob();
 }
 
 void CSessionNameDlg::OnSelchangeJob() {
-    m_selection.choice.job = m_job->bytes();
+    m_request.job = m_job->bytes();
     OnDropdownSchedule();
 }
 
 void CSessionNameDlg::OnSelchangeSchedule() {
-    m_selection.choice.schedule = m_schedule->bytes();
+    m_request.schedule = m_schedule->bytes();
+}
+
+void CSessionNameDlg::takeFields() {
+    m_request.session = m_session->bytes();
+    m_request.site = m_site->bytes();
+    m_request.job = m_job->bytes();
+    m_request.schedule = m_schedule->bytes();
+    m_request.label = m_label->bytes();
 }
 
 // --- The range
 
 void CSessionNameDlg::OnCheck1() {
-    auto& choice = m_selection.choice;
-    choice = {.session = toSqlWildcards(m_session->bytes()),
-              .site = toSqlWildcards(m_site->bytes()),
-              .job = toSqlWildcards(m_job->bytes()),
-              .schedule = toSqlWildcards(m_schedule->bytes())};
+    takeFields();
+    m_request = withSqlWildcards(m_request);
     startQuestion(tr("Looking for the first and the last reading..."));
-    const auto range = lists().range(choice, isMySqlDriver(firstDriverText()));
+    const auto range = lists().range(m_request, isMySqlDriver(firstDriverText()));
     endQuestion();
     setPickers(m_startDate, m_startTime, range.earliest);
     setPickers(m_endDate, m_endTime, range.latest);
@@ -237,14 +244,10 @@ void CSessionNameDlg::showReady() {
 
 void CSessionNameDlg::OnOK() {
     if (m_call.isRunning() || !m_ok->isEnabled()) return;
-    if (m_dsn->bytes() != m_selection.dsn) rememberDsn();
-    m_selection.choice = {.session = m_session->bytes(),
-                          .site = m_site->bytes(),
-                          .job = m_job->bytes(),
-                          .schedule = m_schedule->bytes()};
-    m_selection.label = m_label->bytes();
-    m_selection.start = momentText(m_startDate, m_startTime);
-    m_selection.end = momentText(m_endDate, m_endTime);
+    if (m_dsn->bytes() != m_request.dataSource) rememberDsn();
+    takeFields();
+    m_request.start = moment(m_startDate, m_startTime);
+    m_request.end = moment(m_endDate, m_endTime);
     QDialog::accept();
 }
 

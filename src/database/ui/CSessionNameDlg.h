@@ -2,6 +2,7 @@
 
 #include "database/CTime.h"
 #include "database/SessionLists.h"
+#include "database/SessionRequest.h"
 #include "database/ui/WindowCall.h"
 
 #include <QDialog>
@@ -24,15 +25,6 @@ namespace pellam {
 class MessageSink;
 class PickBox;
 
-/// What a person chose of a data source: texts as they stand in the fields.
-struct SessionSelection {
-    std::string dsn;
-    SessionChoice choice; ///< '*' and '?' are wildcards
-    std::string label;
-    std::string start; ///< "yyyy/MM/dd,HH:mm:ss"
-    std::string end;
-};
-
 /// The dialog "Session Name": chooses a data source, a session stored in it, and what to take of
 /// it. The lists are read from the database as they are opened.
 class CSessionNameDlg : public QDialog {
@@ -50,8 +42,8 @@ class CSessionNameDlg : public QDialog {
     explicit CSessionNameDlg(Context context, QWidget* parent = nullptr);
     ~CSessionNameDlg() override;
 
-    /// The choice; after OK.
-    [[nodiscard]] const SessionSelection& selection() const { return m_selection; }
+    /// The choice, texts as they stand in the fields; after OK.
+    [[nodiscard]] const SessionRequest& request() const { return m_request; }
 
   public Q_SLOTS:
     /// Sets the pickers and the data sources.
@@ -97,11 +89,12 @@ class CSessionNameDlg : public QDialog {
     void endQuestion();
     void setPickers(QDateEdit* date, QTimeEdit* time, const CTime& moment);
     void rememberDsn();
+    void takeFields();
     void showReady();
 
     Context m_context;
     WindowCall m_call;
-    SessionSelection m_selection; ///< as the lists are read by; OnOK takes the fields anew
+    SessionRequest m_request; ///< as the lists are read by; OnOK takes the fields anew
 
     PickBox* m_dsn = nullptr;
     PickBox* m_session = nullptr;

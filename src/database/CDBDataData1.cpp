@@ -1,9 +1,0 @@
-#include "database/CDBDataData1.h"
-
-namespace pellam {
-
-void CDBDataData1::DoFieldExchange(CFieldExchange& exchange) {
-    exchange.bind("Min([data_time])", m_data_time);
-}
-
-} // namespace pellam
