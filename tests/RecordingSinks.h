@@ -12,16 +12,16 @@ struct RecordedMessages : SilentMessages {
     std::string texts;
 };
 
-/// Counts what is open, and asks to stop at a chosen question.
-struct CountedProgress : SilentProgress {
-    void start(std::string_view title, std::string_view, std::int64_t first,
+/// Writes down what is shown, a line a call, and asks to stop at a chosen question.
+struct RecordedProgress : SilentProgress {
+    void start(std::string_view title, std::string_view line, std::int64_t first,
                std::int64_t last) override {
-        started.append(title).append("\n");
-        range = std::to_string(first) + ".." + std::to_string(last);
+        log.append(title).append("|").append(line).append("|");
+        log += std::to_string(first) + ".." + std::to_string(last) + '\n';
         ++open;
     }
 
-    void addString(std::string_view text) override { lastText = text; }
+    void addString(std::string_view text) override { log.append(text).append("\n"); }
 
     void setPosition(std::int64_t at) override { position = at; }
 
@@ -29,9 +29,7 @@ struct CountedProgress : SilentProgress {
 
     void finish() override { --open; }
 
-    std::string started;
-    std::string range; ///< of the last start
-    std::string lastText;
+    std::string log;
     std::int64_t position = 0;
     int open = 0;
     int asked = 0;

@@ -38,8 +38,10 @@ class ScratchFolder {
     }
 
     /// All bytes of a file; "(missing)" when there is none.
-    [[nodiscard]] std::string read(const std::string& name) const {
-        std::ifstream file(path(name), std::ios::binary);
+    [[nodiscard]] std::string read(const std::string& name) const { return contents(path(name)); }
+
+    static std::string contents(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
         if (!file) return "(missing)";
         return {std::istreambuf_iterator<char>(file), {}};
     }

@@ -6,8 +6,6 @@
 #include <string>
 #include <sys/wait.h>
 
-#include <gtest/gtest.h>
-
 namespace pellam {
 
 /// Runs the program as a person would, in a folder of its own and without a display.

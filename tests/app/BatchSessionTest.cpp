@@ -50,13 +50,9 @@ TEST_F(BatchSessionTest, EveryOutputComesFromOneLoad) {
     EXPECT_EQ(m_folder.read("again.csv"), m_folder.read("out.csv"));
 }
 
-struct Narrowed {
-    const char* options;
-    const char* times; ///< minutes past ten of the rows, and the channels
-};
-
 TEST_F(BatchSessionTest, OptionsNarrowTheReadings) {
-    const Narrowed rows[] = {
+    // times: minutes past ten of the rows, and the channels
+    const Table<const char*, const char*> rows = {
         {"--site North", "00 05 06 A.Temp(degC) B.Rain(mm)"},
         {"--site S*", "00 A.Wind Ü(m/s)"},
         {"--job F?ow", "05 B.Rain(mm)"},
@@ -68,11 +64,10 @@ TEST_F(BatchSessionTest, OptionsNarrowTheReadings) {
         {"--channels '*Rain*' --from 2024/03/01,10:05:00 --to 2024/03/01,10:05:00",
          "05 B.Rain(mm)"},
     };
-    for (const Narrowed& row : rows) {
+    for (const auto& [options, times] : rows) {
         EXPECT_EQ(
-            run(std::string("--dsn Site --session 'Run?' --export out.csv --info ") + row.options),
-            0)
-            << row.options << '\n'
+            run(std::string("--dsn Site --session 'Run?' --export out.csv --info ") + options), 0)
+            << options << '\n'
             << m_err;
         std::string found;
         const std::string text = m_folder.read("out.csv");
@@ -81,7 +76,7 @@ TEST_F(BatchSessionTest, OptionsNarrowTheReadings) {
         for (auto at = m_out.find("channel: "); at != std::string::npos;
              at = m_out.find("channel: ", at + 1))
             found += m_out.substr(at + 9, m_out.find('\n', at) - at - 9) + ' ';
-        EXPECT_EQ(found, std::string(row.times) + ' ') << row.options;
+        EXPECT_EQ(found, std::string(times) + ' ') << options;
     }
 }
 
@@ -94,13 +89,9 @@ TEST_F(BatchSessionTest, SessionsAreListedAsTheyStand) {
     EXPECT_EQ(m_err, "no/such.dlr can not be written: No such file or directory.\n");
 }
 
-struct Failing {
-    const char* arguments;
-    const char* error; ///< part of what is told
-};
-
 TEST_F(BatchSessionTest, FailuresAreToldInTheDriversWords) {
-    const Failing rows[] = {
+    // error: part of what is told
+    const Table<const char*, const char*> rows = {
         {"--dsn Unknown --session Run1", "[unixODBC][Driver Manager]Data source name not found"},
         {"--dsn Gone --session Run1", "libmissing.so"},
         {"--dsn Empty --session Run1", "data_details"},
@@ -110,12 +101,11 @@ TEST_F(BatchSessionTest, FailuresAreToldInTheDriversWords) {
         {"--dsn Site --session \"O'Hara\"", "Hara"},
         {"--dsn Empty --list-sessions", "data_header"},
     };
-    for (const Failing& row : rows) {
-        const bool list = std::string_view(row.arguments).ends_with("sessions");
-        EXPECT_EQ(run(std::string(row.arguments) + (list ? "" : " --export out.csv")), 1)
-            << row.arguments;
-        EXPECT_NE(m_err.find(row.error), std::string::npos) << row.arguments << '\n' << m_err;
-        EXPECT_EQ(m_out, "") << row.arguments;
+    for (const auto& [arguments, error] : rows) {
+        const bool list = std::string_view(arguments).ends_with("sessions");
+        EXPECT_EQ(run(std::string(arguments) + (list ? "" : " --export out.csv")), 1) << arguments;
+        EXPECT_NE(m_err.find(error), std::string::npos) << arguments << '\n' << m_err;
+        EXPECT_EQ(m_out, "") << arguments;
     }
 }
 

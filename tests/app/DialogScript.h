@@ -1,15 +1,7 @@
 #pragma once
 
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QMessageBox>
-#include <QPointer>
-#include <QTimer>
-
 #include <deque>
 #include <functional>
-
-#include <gtest/gtest.h>
 
 namespace pellam {
 
@@ -34,6 +26,14 @@ class DialogScript {
             widget->close();
         });
         return *this;
+    }
+
+    /// The next dialog must be a message, which is closed; `text` takes what it says.
+    DialogScript& thenMessage(std::string* text = nullptr) {
+        return then<QMessageBox>([text](QMessageBox& box) {
+            if (text) *text = box.text().toStdString();
+            box.accept();
+        });
     }
 
   private:

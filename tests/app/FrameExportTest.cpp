@@ -1,9 +1,5 @@
 #include "FrameFixture.h"
 
-#include <QCheckBox>
-#include <QFileDialog>
-#include <QLineEdit>
-
 namespace pellam {
 
 /// Answers the export's dialogs.
@@ -39,12 +35,23 @@ class FrameExportTest : public FrameFixture {
 
     static std::string text(const QString& path) { return read(path).toStdString(); }
 
+    static std::function<void(QMessageBox&)> tick(const std::function<void(QMessageBox&)>& then) {
+        return [=](QMessageBox& box) {
+            box.checkBox()->setChecked(true);
+            then(box);
+        };
+    }
+
     /// A delimited file with this many rows on the grid.
     void startWithRows(int count) {
         QByteArray rows = "Time,Level (m)\r\n";
         for (int row = 0; row < count; ++row)
             rows += "2024/03/01 10:00:00," + QByteArray::number(row) + "\r\n";
-        start(write(QStringLiteral("many.csv"), rows));
+        const auto file = write("many.csv", rows);
+        if (m_app->mainFrame())
+            frame().OnLoadSessionFromFile(file);
+        else
+            start(file);
         ASSERT_EQ(frame().data().rowCount(), count);
     }
 
@@ -54,20 +61,12 @@ class FrameExportTest : public FrameFixture {
     const std::string kTxt = "Time\tLevel (m)\tFlow (l/s)\t\r\n"
                              "2024/03/01 10:00:00\t4.25\t17\t\r\n"
                              "2024/03/01 10:15:00\t4.31\t18.5\t\r\n";
-    const QString kOverwrite =
-        QStringLiteral("The file already exists, Do you want to overwrite it ?");
-};
-
-struct ExportCase {
-    const char* name;
-    const char* typed;  ///< null: the proposed name stays
-    const char* filter; ///< empty: the first
-    const char* file;   ///< written; empty when none is
-    bool tabs;
+    const QString kOverwrite = u"The file already exists, Do you want to overwrite it ?"_qs;
 };
 
 TEST_F(FrameExportTest, TheEndingDecidesTheKind) {
-    const ExportCase cases[] = {
+    // typed: null for the proposed name; filter: empty for the first; file: empty for none
+    const Table<const char*, const char*, const char*, const char*, bool> cases = {
         {"proposed name, first filter", nullptr, "", "site.2024.csv", false},
         {"proposed name, text filter", nullptr, "Text Files (*.txt)", "site.2024.txt", true},
         {"typed without an ending", "out", "", "out.csv", false},
@@ -76,21 +75,21 @@ TEST_F(FrameExportTest, TheEndingDecidesTheKind) {
         {"capitals are another kind", "c.CSV", "", "", false},
         {"a kind that is not written", "d.xls", "", "", false},
     };
-    start(csv(QStringLiteral("site.2024.dat.csv")));
-    QFile::rename(path(QStringLiteral("site.2024.dat.csv")), path(QStringLiteral("site.2024.dlr")));
-    frame().OnLoadSessionFromFile(csv(QStringLiteral("site.2024.csv")));
-    QFile::remove(path(QStringLiteral("site.2024.csv")));
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
+    start(csv("site.2024.dat.csv"));
+    QFile::rename(path("site.2024.dat.csv"), path("site.2024.dlr"));
+    frame().OnLoadSessionFromFile(csv("site.2024.csv"));
+    QFile::remove(path("site.2024.csv"));
+    for (const auto& [name, typed, filter, file, tabs] : cases) {
+        SCOPED_TRACE(name);
         const auto before = QDir(m_home.path()).entryList(QDir::Files);
         {
             DialogScript dialogs;
-            dialogs.then<QFileDialog>(save(row.typed ? QString::fromLatin1(row.typed) : QString(),
-                                           QString::fromLatin1(row.filter)));
+            dialogs.then<QFileDialog>(
+                save(typed ? QString::fromLatin1(typed) : QString(), QString::fromLatin1(filter)));
             give(Command::Export);
         }
-        if (*row.file) {
-            EXPECT_EQ(text(path(QString::fromLatin1(row.file))), row.tabs ? kTxt : kCsv);
+        if (*file) {
+            EXPECT_EQ(text(path(file)), tabs ? kTxt : kCsv);
         } else {
             EXPECT_EQ(QDir(m_home.path()).entryList(QDir::Files), before);
         }
@@ -99,7 +98,7 @@ TEST_F(FrameExportTest, TheEndingDecidesTheKind) {
 
 TEST_F(FrameExportTest, AnExistingFileIsAskedForWithThreeAnswers) {
     start(csv());
-    const auto old = write(QStringLiteral("old.csv"), "keep");
+    const auto old = write("old.csv", "keep");
     {
         DialogScript dialogs;
         dialogs.then<QFileDialog>(save(old))
@@ -117,20 +116,18 @@ TEST_F(FrameExportTest, AnExistingFileIsAskedForWithThreeAnswers) {
 
 TEST_F(FrameExportTest, AFolderThatIsNotThereIsReported) {
     start(csv());
+    std::string message;
     DialogScript dialogs;
-    dialogs.then<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.icon(), QMessageBox::Critical);
-        EXPECT_TRUE(box.text().contains(u"x.csv")) << box.text().toStdString();
-        box.accept();
-    });
-    frame().ExportCSV(path(QStringLiteral("no/such/x.csv")));
+    dialogs.thenMessage(&message);
+    frame().ExportCSV(path("no/such/x.csv"));
+    EXPECT_NE(message.find("x.csv can not be written: No such file"), std::string::npos) << message;
 }
 
 /// Stands in for the desktop's program that opens files: notes them and ends with a status.
 class Desktop {
   public:
     explicit Desktop(int status = 0) {
-        QFile script(m_folder.filePath(QStringLiteral("xdg-open")));
+        QFile script(m_folder.filePath(u"xdg-open"_qs));
         EXPECT_TRUE(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"$0.log\"\nexit " +
                      QByteArray::number(status) + "\n");
@@ -142,7 +139,7 @@ class Desktop {
 
     /// The files opened so far, a line each, once there are `count`.
     std::string opened(int count) {
-        QFile log(m_folder.filePath(QStringLiteral("xdg-open.log")));
+        QFile log(m_folder.filePath(u"xdg-open.log"_qs));
         QByteArray lines;
         (void)QTest::qWaitFor([&] {
             lines = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
@@ -160,14 +157,11 @@ class Desktop {
 TEST_F(FrameExportTest, AFileThatNoProgramOpensIsSaid) {
     start(csv());
     Desktop desktop(3);
-    const auto out = path(QStringLiteral("a b.csv"));
+    const auto out = path("a b.csv");
     std::string message;
     {
         DialogScript dialogs;
-        dialogs.then<QFileDialog>(save(out)).then<QMessageBox>([&](QMessageBox& box) {
-            message = box.text().toStdString();
-            box.accept();
-        });
+        dialogs.then<QFileDialog>(save(out)).thenMessage(&message);
         give(Command::ViewSpreadsheet);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !message.empty(); }));
     }
@@ -177,46 +171,37 @@ TEST_F(FrameExportTest, AFileThatNoProgramOpensIsSaid) {
     EXPECT_EQ(text(out), kCsv);
 }
 
-TEST_F(FrameExportTest, ASpreadsheetGetsUpTo65536RowsWithoutAQuestion) {
-    startWithRows(65536);
-    Desktop desktop;
-    const auto out = path(QStringLiteral("sheet.csv"));
-    DialogScript dialogs;
-    dialogs.then<QFileDialog>(save(out));
-    give(Command::ViewSpreadsheet);
-    EXPECT_EQ(desktop.opened(1), out.toStdString() + '\n');
-    EXPECT_EQ(read(out).count('\n'), 65537);
-}
-
 TEST_F(FrameExportTest, MoreRowsThanASpreadsheetTakesAreAskedFor) {
-    startWithRows(65537);
     Desktop desktop;
+    startWithRows(65536);
+    {
+        DialogScript dialogs; // no question yet
+        dialogs.then<QFileDialog>(save(path("sheet.csv")));
+        give(Command::ViewSpreadsheet);
+    }
+    const auto sheet = path("sheet.csv").toStdString() + '\n';
+    EXPECT_EQ(desktop.opened(1), sheet);
+    EXPECT_EQ(read(path("sheet.csv")).count('\n'), 65537);
+    QFile::remove(path("sheet.csv"));
+    startWithRows(65537);
     const auto question = QStringLiteral("The file contains more rows (65537) than will load into "
                                          "an external spreadsheet.\r\nDo you wish to continue?");
     {
         DialogScript dialogs;
-        dialogs.then<QMessageBox>([&](QMessageBox& box) {
-            box.checkBox()->setChecked(true);
-            press(QMessageBox::No, question)(box);
-        });
+        dialogs.then<QMessageBox>(tick(press(QMessageBox::No, question)));
         give(Command::ViewSpreadsheet);
     }
-    EXPECT_EQ(desktop.opened(0), "");
+    EXPECT_EQ(desktop.opened(1), sheet);
     {
         DialogScript dialogs;
-        dialogs
-            .then<QMessageBox>([&](QMessageBox& box) {
-                box.checkBox()->setChecked(true);
-                press(QMessageBox::Yes, question)(box);
-            })
+        dialogs.then<QMessageBox>(tick(press(QMessageBox::Yes, question)))
             .then<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
         give(Command::ViewSpreadsheet);
     }
     DialogScript dialogs;
-    dialogs.then<QFileDialog>(save(path(QStringLiteral("sheet.csv"))));
+    dialogs.then<QFileDialog>(save(path("sheet.csv")));
     give(Command::ViewSpreadsheet);
-    EXPECT_EQ(desktop.opened(1), path(QStringLiteral("sheet.csv")).toStdString() + '\n')
-        << "a kept Yes asks no more, a No was not kept";
+    EXPECT_EQ(desktop.opened(2), sheet + sheet) << "a kept Yes asks no more, a No was not kept";
 }
 
 } // namespace pellam

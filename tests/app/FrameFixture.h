@@ -8,12 +8,6 @@
 #include "app/FrameStatusBar.h"
 #include "settings/SettingsStore.h"
 
-#include <QAction>
-#include <QDir>
-#include <QMessageBox>
-#include <QTemporaryDir>
-#include <QtTest>
-
 namespace pellam {
 
 /// The whole main window on settings and folders of its own.
@@ -21,9 +15,7 @@ class FrameFixture : public testing::Test {
   protected:
     void SetUp() override {
         qputenv("HOME", m_home.path().toUtf8());
-        qputenv("XDG_CONFIG_HOME", m_home.filePath(QStringLiteral("config")).toUtf8());
-        m_settings =
-            std::make_unique<SettingsStore>(m_home.filePath(QStringLiteral("p.ini")).toStdString());
+        m_settings = std::make_unique<SettingsStore>(m_home.filePath(u"p.ini"_qs).toStdString());
         m_app = std::make_unique<CLumasetApp>(*m_settings);
     }
 
@@ -37,10 +29,10 @@ class FrameFixture : public testing::Test {
 
     CMainFrame& frame() { return *m_app->mainFrame(); }
 
-    QString path(const QString& name) const { return m_home.filePath(name); }
+    QString path(const QByteArray& name) const { return m_home.filePath(QString::fromUtf8(name)); }
 
     /// Writes a file into the home folder and gives its path.
-    QString write(const QString& name, const QByteArray& content) const {
+    QString write(const QByteArray& name, const QByteArray& content) const {
         QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
@@ -53,7 +45,7 @@ class FrameFixture : public testing::Test {
     }
 
     /// A small delimited file with two channels.
-    QString csv(const QString& name = QStringLiteral("store.csv")) const {
+    QString csv(const QByteArray& name = "store.csv") const {
         return write(name, "Time,Level (m),Flow (l/s)\r\n"
                            "2024/03/01 10:00:00,4.25,17\r\n"
                            "2024/03/01 10:15:00,4.31,18.5\r\n");
@@ -62,9 +54,7 @@ class FrameFixture : public testing::Test {
     void give(Command command) { frame().actions().action(command)->trigger(); }
 
     /// What the status bar's fields say, in one line.
-    std::string status() {
-        return frame().statusFields().texts().join(QStringLiteral(" | ")).toStdString();
-    }
+    std::string status() { return frame().statusFields().texts().join(u" | "_qs).toStdString(); }
 
     std::string setting(const char* key) { return m_settings->GetProfileString("Default", key); }
 

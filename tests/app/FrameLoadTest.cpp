@@ -7,11 +7,6 @@
 #include "views/CGridView.h"
 #include "views/CTrendView.h"
 
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-
 namespace pellam {
 
 using FrameLoadTest = FrameFixture;
@@ -30,42 +25,23 @@ TEST_F(FrameLoadTest, TheCommandLinesFileIsOnTheGridOnceTheWindowIsShown) {
     EXPECT_EQ(cell(frame, 2, 1), u"18.5");
 }
 
-TEST_F(FrameLoadTest, ChannelsAreOnAxesByTheirUnits) {
-    auto& frame =
-        start(write(QStringLiteral("units.csv"), "Time,T1 (C),Flow (l/s),T2 (C),Last (m)\r\n"
-                                                 "2024/03/01 10:00:00,1,2,3,4\r\n"));
-    std::string axes;
-    for (int column = 1; column <= 4; ++column)
-        axes += std::to_string(frame.data().column(column).axis());
-    EXPECT_EQ(axes, "1211");
-}
-
-TEST_F(FrameLoadTest, OpeningTurnsToTheGrid) {
+TEST_F(FrameLoadTest, OpeningTakesQuotesOffANameAndTurnsToTheGrid) {
     auto& frame = start();
     frame.OnViewTrendchart();
-    frame.OnLoadSessionFromFile(csv());
-    EXPECT_EQ(frame.pages().activePage(), CMainFrame::kGridPage);
-}
-
-TEST_F(FrameLoadTest, QuotesAroundANameAreTakenOff) {
-    auto& frame = start();
     frame.OnLoadSessionFromFile(u'"' + csv() + u'"');
     EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | store.csv");
+    EXPECT_EQ(frame.pages().activePage(), CMainFrame::kGridPage);
 }
 
 TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
     auto& frame = start(csv());
-    const auto gone = path(QStringLiteral("gone.csv"));
-    QString message;
+    std::string message;
     {
         DialogScript dialogs;
-        dialogs.then<QMessageBox>([&](QMessageBox& box) {
-            message = box.text();
-            box.accept();
-        });
-        frame.OnLoadSessionFromFile(gone);
+        dialogs.thenMessage(&message);
+        frame.OnLoadSessionFromFile(path("gone.csv"));
     }
-    EXPECT_TRUE(message.contains(u"gone.csv")) << message.toStdString();
+    EXPECT_NE(message.find("gone.csv"), std::string::npos) << message;
     EXPECT_EQ(status(), "");
     EXPECT_EQ(frame.windowTitle(), u"Pellam");
     EXPECT_EQ(frame.data().rowCount(), 0);
@@ -74,26 +50,21 @@ TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
 TEST_F(FrameLoadTest, ABinaryFileAsksForTheSaveFolderThatItIsConvertedInto) {
     auto& frame = start();
     m_settings->WriteProfileString("Default", "SaveDir", "");
-    const auto file = path(QStringLiteral("gauge.dbd"));
+    const auto file = path("gauge.dbd");
     QFile::copy(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd"), file);
-    QString message;
+    std::string message;
     {
         DialogScript dialogs;
-        dialogs
-            .then<QMessageBox>([&](QMessageBox& box) {
-                message = box.text();
-                box.accept();
-            })
-            .then<CPreferences>([this](CPreferences& preferences) {
-                preferences.saveFolder()->setPath(m_home.path());
-                preferences.accept();
-            });
+        dialogs.thenMessage(&message).then<CPreferences>([this](CPreferences& preferences) {
+            preferences.saveFolder()->setPath(m_home.path());
+            preferences.accept();
+        });
         frame.OnLoadSessionFromFile(file);
     }
-    EXPECT_TRUE(message.startsWith(u"Warning: No default save directory")) << qPrintable(message);
+    EXPECT_TRUE(message.starts_with("Warning: No default save directory")) << message;
     EXPECT_EQ(status(), "Rows: 300 | Channels: 5 | Bad lines: 0 | gauge.dbd");
     EXPECT_EQ(cell(frame, 4, 34), u"filling, pump 2");
-    EXPECT_TRUE(read(path(QStringLiteral("gauge.csv"))).startsWith("Datetime,A.Level(m),"));
+    EXPECT_TRUE(read(path("gauge.csv")).startsWith("Datetime,A.Level(m),"));
 }
 
 /// Drops on a widget and lets the window load what was dropped; whether the drop was taken.
@@ -115,13 +86,11 @@ TEST_F(FrameLoadTest, OfSeveralFilesDroppedAnywhereTheFirstIsOpened) {
     auto& frame = start();
     for (QWidget* target :
          {static_cast<QWidget*>(&frame), pageOf<CGridView>(frame), pageOf<CTrendView>(frame)}) {
-        const auto name = QString::fromLatin1(target->metaObject()->className()).section(u':', -1);
+        const auto name = QByteArray(target->metaObject()->className()).mid(8) + ".csv"; // pellam::
         QMimeData files;
-        files.setUrls({QUrl::fromLocalFile(csv(name + QStringLiteral(".csv"))),
-                       QUrl::fromLocalFile(csv(QStringLiteral("two.csv")))});
+        files.setUrls({QUrl::fromLocalFile(csv(name)), QUrl::fromLocalFile(csv("two.csv"))});
         EXPECT_TRUE(drop(*target, files));
-        EXPECT_EQ(status(),
-                  "Rows: 2 | Channels: 2 | Bad lines: 0 | " + name.toStdString() + ".csv");
+        EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | " + name.toStdString());
     }
     EXPECT_EQ(frame.recentFiles().paths().size(), 3);
 }
@@ -129,41 +98,38 @@ TEST_F(FrameLoadTest, OfSeveralFilesDroppedAnywhereTheFirstIsOpened) {
 TEST_F(FrameLoadTest, ADroppedVirtualFileIsKeptInTheSaveFolderOrThatOfAFirstStart) {
     auto& frame = start();
     QMimeData file;
-    file.setData(QStringLiteral("FileGroupDescriptor"),
-                 QByteArray("\1\0\0\0", 4) + QByteArray(72, '\0') +
-                     QByteArray("tank.dbd").leftJustified(260, '\0'));
-    file.setData(QStringLiteral("FileContents"),
-                 read(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd")));
+    file.setData(u"FileGroupDescriptor"_qs, QByteArray("\1\0\0\0", 4) + QByteArray(72, '\0') +
+                                                QByteArray("tank.dbd").leftJustified(260, '\0'));
+    file.setData(u"FileContents"_qs, read(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd")));
     m_settings->WriteProfileString("Default", "SaveDir", "");
     {
         // Its conversion asks for the folder that is not set.
         DialogScript dialogs;
-        dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); })
-            .then<CPreferences>([](CPreferences& preferences) { preferences.reject(); });
+        dialogs.thenMessage().then<CPreferences>([](CPreferences& dialog) { dialog.reject(); });
         EXPECT_TRUE(drop(*pageOf<CTrendView>(frame), file));
     }
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("Documents/Korvane/Pellam/tank.dbd"))));
+    EXPECT_TRUE(QFile::exists(path("Documents/Korvane/Pellam/tank.dbd")));
     m_settings->WriteProfileString("Default", "SaveDir", m_home.path().toStdString());
     EXPECT_TRUE(drop(*pageOf<CGridView>(frame), file));
     EXPECT_EQ(status(), "Rows: 300 | Channels: 5 | Bad lines: 0 | tank.dbd");
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("tank.dbd"))));
+    EXPECT_TRUE(QFile::exists(path("tank.dbd")));
 }
 
 TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     auto& frame = start();
     for (const auto* name : {"a", "b", "c", "d", "e", "c"})
-        frame.OnLoadSessionFromFile(csv(QString::fromLatin1(name) + QStringLiteral(".csv")));
-    QFile::remove(path(QStringLiteral("d.csv")));
+        frame.OnLoadSessionFromFile(csv(QByteArray(name) + ".csv"));
+    QFile::remove(path("d.csv"));
     {
         DialogScript dialogs;
-        dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); });
-        frame.OnLoadSessionFromFile(path(QStringLiteral("d.csv")));
+        dialogs.thenMessage();
+        frame.OnLoadSessionFromFile(path("d.csv"));
     }
     QStringList texts;
     QMenu again;
     const RecentFiles kept(*m_settings, &again);
     for (const auto* action : again.actions())
-        texts += QStringLiteral("%1 %2").arg(action->text()).arg(action->data().toInt());
+        texts += u"%1 %2"_qs.arg(action->text()).arg(action->data().toInt());
     EXPECT_EQ(texts.join(u',').toStdString(), "&1 c.csv 57616,&2 e.csv 57617,&3 b.csv 57618")
         << "d, which is gone, was taken off; a had fallen off before";
     frame.actions().recentMenu()->actions().at(1)->trigger();
@@ -171,33 +137,27 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
 }
 
-struct FolderCase {
-    const char* name;
-    const char* last;     ///< "MRUReplayDir"
-    const char* standard; ///< "ReplayDir"
-    const char* start;
-};
-
 TEST_F(FrameLoadTest, TheOpenDialogStartsWhereThePersonLeftAndRemembers) {
-    const FolderCase cases[] = {
+    // last: "MRUReplayDir"; standard: "ReplayDir"
+    const Table<const char*, const char*, const char*, const char*> cases = {
         {"last choice", "sub/old.dlr", "other/x", "sub"},
         {"standard folder", "", "other/x", "other"},
     };
     auto& frame = start();
     for (const auto* folder : {"sub", "other"})
         QDir(m_home.path()).mkdir(QString::fromLatin1(folder));
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, last, standard, start] : cases) {
+        SCOPED_TRACE(name);
         const auto whole = [&](const char* part) {
-            return *part ? path(QString::fromLatin1(part)).toStdString() : std::string();
+            return *part ? path(part).toStdString() : std::string();
         };
-        m_settings->WriteProfileString("Default", "MRUReplayDir", whole(row.last));
-        m_settings->WriteProfileString("Default", "ReplayDir", whole(row.standard));
-        const auto file = csv(QString::fromLatin1(row.start) + QStringLiteral("/new.csv"));
+        m_settings->WriteProfileString("Default", "MRUReplayDir", whole(last));
+        m_settings->WriteProfileString("Default", "ReplayDir", whole(standard));
+        const auto file = csv(QByteArray(start) + "/new.csv");
         DialogScript dialogs;
         dialogs.then<QFileDialog>([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle(), u"Select Replay File");
-            EXPECT_EQ(dialog.directory().absolutePath().toStdString(), whole(row.start));
+            EXPECT_EQ(dialog.directory().absolutePath().toStdString(), whole(start));
             dialog.findChild<QLineEdit*>()->setText(file);
             QMetaObject::invokeMethod(&dialog, "accept");
         });
@@ -205,37 +165,31 @@ TEST_F(FrameLoadTest, TheOpenDialogStartsWhereThePersonLeftAndRemembers) {
         EXPECT_EQ(setting("MRUReplayDir"), file.toStdString());
         EXPECT_EQ(frame.windowTitle(), u"new.csv - Pellam");
     }
-}
-
-TEST_F(FrameLoadTest, CancellingTheOpenDialogKeepsEverything) {
-    auto& frame = start(csv());
+    const auto before = setting("MRUReplayDir");
     DialogScript dialogs;
     dialogs.then<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     give(Command::Open);
-    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam");
-    EXPECT_EQ(setting("MRUReplayDir"), "");
+    EXPECT_EQ(frame.windowTitle(), u"new.csv - Pellam") << "cancelled";
+    EXPECT_EQ(setting("MRUReplayDir"), before);
 }
 
-TEST_F(FrameLoadTest, TheFirstStartMakesTheSaveFolder) {
-    start();
-    const auto folder = path(QStringLiteral("Documents/Korvane/Pellam"));
-    EXPECT_EQ(setting("SaveDir"), folder.toStdString());
-    EXPECT_TRUE(QDir(folder).exists());
-}
-
-TEST_F(FrameLoadTest, AStoredSaveFolderIsNeverReplaced) {
+TEST_F(FrameLoadTest, TheFirstStartMakesTheSaveFolderAndALaterOneKeepsIt) {
     m_settings->WriteProfileString("Default", "SaveDir", "/nowhere/at/all");
     start();
+    const auto folder = path("Documents/Korvane/Pellam");
     EXPECT_EQ(setting("SaveDir"), "/nowhere/at/all");
-    EXPECT_FALSE(QDir(path(QStringLiteral("Documents"))).exists());
+    EXPECT_FALSE(QDir(folder).exists());
+    m_settings->WriteProfileString("Default", "SaveDir", "");
+    m_app = std::make_unique<CLumasetApp>(*m_settings);
+    start();
+    EXPECT_EQ(setting("SaveDir"), folder.toStdString());
+    EXPECT_TRUE(QDir(folder).exists());
 }
 
 TEST_F(FrameLoadTest, SizeAndPlaceOfTheWindowComeBack) {
     start().resize(777, 555);
     QTest::qWait(10);
     frame().close();
-    EXPECT_FALSE(m_app->GetProfileBinary(QStringLiteral("Default"), QStringLiteral("WindowPlace"))
-                     .isEmpty());
     m_app = std::make_unique<CLumasetApp>(*m_settings);
     EXPECT_EQ(start().size(), QSize(777, 555));
 }
@@ -250,7 +204,7 @@ TEST_F(FrameLoadTest, WhileALoadRunsAnotherIsRefusedAndClosingWaits) {
         EXPECT_TRUE(frame.isVisible());
         box.accept();
     });
-    frame.OnLoadSessionFromFile(path(QStringLiteral("gone.csv")));
+    frame.OnLoadSessionFromFile(path("gone.csv"));
     EXPECT_FALSE(frame.isVisible()) << "closed once the load had ended";
 }
 

@@ -1,18 +1,13 @@
 #include "FrameFixture.h"
 
-#include <QClipboard>
-#include <QMenu>
-#include <QMenuBar>
-
 namespace pellam {
 
 using FrameMenuTest = FrameFixture;
 
 static QString line(const QAction* action) {
-    if (action->isSeparator()) return QStringLiteral("  --");
-    if (action->menu()) return QStringLiteral("  %1 >").arg(action->text());
-    return QStringLiteral("  %1 | %2 | %3")
-        .arg(action->text(), action->shortcut().toString())
+    if (action->isSeparator()) return u"  --"_qs;
+    if (action->menu()) return u"  %1 >"_qs.arg(action->text());
+    return u"  %1 | %2 | %3"_qs.arg(action->text(), action->shortcut().toString())
         .arg(action->data().toInt());
 }
 
@@ -70,33 +65,23 @@ TEST_F(FrameMenuTest, HasEveryItemWithItsKeyAndNumber) {
   &About... |  | 57664)");
 }
 
-/// The commands that can be given now, by their letters: O open, d database, E export, S
-/// spreadsheet, P print, v preview, f preferences, X cut, C copy, H copy with headings, V paste,
-/// A select all, D deselect all, F find, N find next, G go to, 8 damaged, s sidebar, t toolbar,
-/// x axis.
+/// The commands that can be given now, by their letters.
 static std::string enabled(CMainFrame& frame) {
     frame.OnIdleUpdateCmdUI();
     const std::pair<char, Command> letters[] = {
-        {'O', Command::Open},
-        {'d', Command::OpenDatabase},
-        {'E', Command::Export},
-        {'S', Command::ViewSpreadsheet},
-        {'P', Command::Print},
-        {'v', Command::PrintPreview},
-        {'f', Command::Preferences},
-        {'X', Command::Cut},
-        {'C', Command::Copy},
-        {'H', Command::CopyWithHeadings},
-        {'V', Command::Paste},
-        {'A', Command::SelectAllChannels},
-        {'D', Command::DeselectAllChannels},
-        {'F', Command::Find},
-        {'N', Command::FindNext},
-        {'G', Command::GoTo},
-        {'8', Command::NextDamaged},
-        {'s', Command::Sidebar},
-        {'t', Command::Toolbar},
-        {'x', Command::EditAxis},
+        {'O', Command::Open},         {'d', Command::OpenDatabase},
+        {'E', Command::Export},       {'S', Command::ViewSpreadsheet},
+        {'P', Command::Print},        {'v', Command::PrintPreview},
+        {'f', Command::Preferences},  {'X', Command::Cut},
+        {'C', Command::Copy},         {'H', Command::CopyWithHeadings},
+        {'V', Command::Paste},        {'A', Command::SelectAllChannels},
+        {'F', Command::Find},         {'D', Command::DeselectAllChannels},
+        {'N', Command::FindNext},     {'G', Command::GoTo},
+        {'8', Command::NextDamaged},  {'s', Command::Sidebar},
+        {'t', Command::Toolbar},      {'x', Command::EditAxis},
+        {'a', Command::AutoScale},    {'z', Command::SelectionZoom},
+        {'+', Command::IncreaseFont}, {'-', Command::DecreaseFont},
+        {'|', Command::StripChart},
     };
     std::string text;
     for (const auto& [letter, command] : letters)
@@ -108,20 +93,22 @@ TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     QApplication::clipboard()->clear();
     auto& frame = start();
     EXPECT_EQ(enabled(frame), "Odfst") << "empty window";
-    frame.OnLoadSessionFromFile(csv());
-    EXPECT_EQ(enabled(frame), "OdESPvfXCHADFNGst") << "grid with data";
-    QApplication::clipboard()->setText(QStringLiteral("1"));
-    QTest::qWait(10);
-    EXPECT_EQ(enabled(frame), "OdESPvfXCHVADFNGst") << "text on the clipboard";
     give(Command::TrendChart);
-    EXPECT_EQ(enabled(frame), "OdESPvfCADstx") << "trend page";
+    EXPECT_EQ(enabled(frame), "OdfCstxaz+-") << "no chart to print, no scales to stack";
+    frame.OnLoadSessionFromFile(csv());
+    EXPECT_EQ(enabled(frame), "OdESPvfXCHAFDNGst") << "grid with data";
+    QApplication::clipboard()->setText(u"1"_qs);
+    QTest::qWait(10);
+    EXPECT_EQ(enabled(frame), "OdESPvfXCHVAFDNGst") << "text on the clipboard";
+    give(Command::TrendChart);
+    EXPECT_EQ(enabled(frame), "OdESPvfCADstxaz+-") << "trend page";
     give(Command::DataGrid);
     frame.OnSetPreviewMode(true);
     EXPECT_EQ(enabled(frame), "OdPf") << "print preview";
     frame.OnSetPreviewMode(false);
     DialogScript dialogs;
-    dialogs.then<QMessageBox>([](QMessageBox& box) { box.accept(); });
-    frame.OnLoadSessionFromFile(path(QStringLiteral("missing.csv")));
+    dialogs.thenMessage();
+    frame.OnLoadSessionFromFile(path("missing.csv"));
     EXPECT_EQ(enabled(frame), "OdfVst") << "after a load that failed";
 }
 

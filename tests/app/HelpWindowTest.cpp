@@ -1,11 +1,5 @@
 #include "app/HelpWindow.h"
 
-#include <QDir>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QRegularExpression>
-#include <QTextBrowser>
-
 namespace pellam {
 
 static QStringList shownTitles(const HelpWindow& help) {
@@ -18,19 +12,19 @@ static QStringList shownTitles(const HelpWindow& help) {
 
 TEST(HelpWindowTest, EveryPageIsInTheContentsAndEveryLinkLeadsToOne) {
     HelpWindow help(nullptr);
-    auto compiled = QDir(QStringLiteral(":/help")).entryList({QStringLiteral("*.html")});
+    auto compiled = QDir(u":/help"_qs).entryList({u"*.html"_qs});
     auto listed = HelpWindow::pages();
     listed.sort();
     EXPECT_EQ(listed, compiled);
 
-    static const QRegularExpression link(QStringLiteral("href=\"([^\"]+)\""));
+    static const QRegularExpression link(u"href=\"([^\"]+)\""_qs);
     for (const auto& page : compiled) {
-        QFile file(QStringLiteral(":/help/") + page);
+        QFile file(u":/help/"_qs + page);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         auto links = link.globalMatch(QString::fromUtf8(file.readAll()));
         while (links.hasNext()) {
             const auto target = links.next().captured(1);
-            EXPECT_TRUE(QFile::exists(QStringLiteral(":/help/") + target))
+            EXPECT_TRUE(QFile::exists(u":/help/"_qs + target))
                 << page.toStdString() << " -> " << target.toStdString();
         }
     }
@@ -39,10 +33,10 @@ TEST(HelpWindowTest, EveryPageIsInTheContentsAndEveryLinkLeadsToOne) {
 TEST(HelpWindowTest, SearchLeavesThePagesThatHaveAllWords) {
     HelpWindow help(nullptr);
     auto* search = help.findChild<QLineEdit*>();
-    search->setText(QStringLiteral("CRC-16"));
-    EXPECT_EQ(shownTitles(help), QStringList{QStringLiteral("Damaged lines")});
+    search->setText(u"CRC-16"_qs);
+    EXPECT_EQ(shownTitles(help), QStringList{u"Damaged lines"_qs});
     EXPECT_EQ(help.findChild<QTextBrowser*>()->source().fileName(), u"damaged.html");
-    search->setText(QStringLiteral("zebra"));
+    search->setText(u"zebra"_qs);
     EXPECT_TRUE(shownTitles(help).isEmpty());
     search->clear();
     EXPECT_EQ(shownTitles(help).size(), HelpWindow::pages().size());

@@ -2,10 +2,6 @@
 
 #include "ui/OptionTree.h"
 
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -49,15 +45,16 @@ TEST_F(OptionTreeDlgTest, CollectsInFileOrderEachOnce) {
     EXPECT_EQ(chosen(), "X.Rain(mm){0} ");
     check(0);
     EXPECT_EQ(chosen(), "B.Temp(degC){0} X.Rain(mm){0} ");
-}
-
-TEST_F(OptionTreeDlgTest, EqualLabelsAreCollectedOnceAndRemovedTogether) {
     m_dialog.offer({"A.T{0}", "B.T{0}", "A.T{0}"});
     check(2);
     check(0);
     EXPECT_EQ(chosen(), "A.T{0} ");
     check(0, false);
+    EXPECT_EQ(chosen(), "") << "equal labels are removed together";
+    m_dialog.offer({});
+    button("Select all")->click();
     EXPECT_EQ(chosen(), "");
+    EXPECT_EQ(m_dialog.tree()->model()->rowCount(), 1) << "the group is there, empty";
 }
 
 TEST_F(OptionTreeDlgTest, LabelsComeBackByteForByte) {
@@ -101,13 +98,6 @@ TEST_F(OptionTreeDlgTest, KeysInTheFilterStayInTheDialog) {
     const auto labels = m_dialog.choose({"A.Temp{0}", "A.Wind{1}"});
     EXPECT_EQ(trace, "open tree cleared closed");
     EXPECT_EQ(labels, std::vector<std::string>{"A.Wind{1}"}) << "Cancel keeps what was collected";
-}
-
-TEST_F(OptionTreeDlgTest, NothingOfferedNothingChosen) {
-    m_dialog.offer({});
-    button("Select all")->click();
-    EXPECT_EQ(chosen(), "");
-    EXPECT_EQ(m_dialog.tree()->model()->rowCount(), 1) << "the group is there, empty";
 }
 
 } // namespace

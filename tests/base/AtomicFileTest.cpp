@@ -2,8 +2,6 @@
 
 #include "ScratchFolder.h"
 
-#include <gtest/gtest.h>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
@@ -22,59 +20,41 @@ class AtomicFileTest : public testing::Test {
         return file.commit().text();
     }
 
+    static mode_t modeOf(const std::string& path) {
+        struct stat status {};
+
+        EXPECT_EQ(::lstat(path.c_str(), &status), 0);
+        return status.st_mode;
+    }
+
     ScratchFolder m_folder;
 };
 
-TEST_F(AtomicFileTest, EarlierFileStaysUntilCommit) {
+TEST_F(AtomicFileTest, EarlierFileStaysUntilCommitAndWhereThereIsNone) {
     const std::string path = m_folder.write("a.csv", "earlier");
-    AtomicFile file;
-    ASSERT_FALSE(file.create(path));
-    ASSERT_FALSE(file.write("new"));
-    EXPECT_EQ(m_folder.read("a.csv"), "earlier");
-    ASSERT_FALSE(file.commit());
-    EXPECT_EQ(m_folder.read("a.csv"), "new");
-    EXPECT_EQ(m_folder.list(), "a.csv");
-}
-
-TEST_F(AtomicFileTest, DiscardLeavesNothingBehind) {
-    const std::string path = m_folder.write("a.csv", "earlier");
-    {
-        AtomicFile file;
-        ASSERT_FALSE(file.create(path));
-        ASSERT_FALSE(file.write("half"));
-        EXPECT_NE(m_folder.list(), "a.csv");
+    for (const bool commit : {false, true}) {
+        {
+            AtomicFile file;
+            ASSERT_FALSE(file.create(path));
+            ASSERT_FALSE(file.write("new"));
+            EXPECT_EQ(m_folder.read("a.csv"), "earlier");
+            EXPECT_NE(m_folder.list(), "a.csv");
+            EXPECT_TRUE(!commit || !file.commit());
+        }
+        EXPECT_EQ(m_folder.read("a.csv"), commit ? "new" : "earlier");
+        EXPECT_EQ(m_folder.list(), "a.csv");
     }
-    EXPECT_EQ(m_folder.list(), "a.csv");
-    EXPECT_EQ(m_folder.read("a.csv"), "earlier");
 }
 
-TEST_F(AtomicFileTest, PermissionsOfAnEarlierFileAreKept) {
+TEST_F(AtomicFileTest, PermissionsAreThoseOfTheEarlierFileOrOfTheCreationMask) {
     const std::string path = m_folder.write("a.csv", "earlier");
-    ASSERT_EQ(::chmod(path.c_str(), 0640), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0604), 0);
     EXPECT_EQ(put(path, "new"), "");
-
-    struct stat status {};
-
-    ASSERT_EQ(::stat(path.c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-}
-
-TEST_F(AtomicFileTest, NewFileFollowsTheCreationMask) {
+    EXPECT_EQ(modeOf(path) & 07777U, 0604U);
     const mode_t before = ::umask(027);
-    EXPECT_EQ(put(m_folder.path("a.csv"), "new"), "");
+    EXPECT_EQ(put(m_folder.path("b.csv"), "new"), "");
     ::umask(before);
-
-    struct stat status {};
-
-    ASSERT_EQ(::stat(m_folder.path("a.csv").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-}
-
-TEST_F(AtomicFileTest, ReadOnlyFileIsRefused) {
-    const std::string path = m_folder.write("a.csv", "earlier");
-    ASSERT_EQ(::chmod(path.c_str(), 0444), 0);
-    EXPECT_EQ(put(path, "new"), path + " can not be written: Permission denied.");
-    EXPECT_EQ(m_folder.read("a.csv"), "earlier");
+    EXPECT_EQ(modeOf(m_folder.path("b.csv")) & 07777U, 0640U);
 }
 
 TEST_F(AtomicFileTest, LinksStayAndTheirTargetIsReplaced) {
@@ -86,11 +66,7 @@ TEST_F(AtomicFileTest, LinksStayAndTheirTargetIsReplaced) {
     EXPECT_EQ(put(m_folder.path("dangling.csv"), "made"), "");
     EXPECT_EQ(m_folder.read("real.csv"), "new");
     EXPECT_EQ(m_folder.read("missing.csv"), "made");
-
-    struct stat status {};
-
-    ASSERT_EQ(::lstat(m_folder.path("two.csv").c_str(), &status), 0);
-    EXPECT_TRUE(S_ISLNK(status.st_mode));
+    EXPECT_TRUE(S_ISLNK(modeOf(m_folder.path("two.csv"))));
 }
 
 TEST_F(AtomicFileTest, TargetsThatCanNotBeWritten) {
@@ -103,6 +79,21 @@ TEST_F(AtomicFileTest, TargetsThatCanNotBeWritten) {
     EXPECT_EQ(put(loop, "x"), loop + " can not be written: Too many levels of symbolic links.");
     EXPECT_EQ(put(missing, "x"), missing + " can not be written: No such file or directory.");
     EXPECT_EQ(put("", "x"), "The file can not be written: No such file or directory.");
+    const std::string readOnly = m_folder.write("a.csv", "earlier");
+    ASSERT_EQ(::chmod(readOnly.c_str(), 0444), 0);
+    EXPECT_EQ(put(readOnly, "new"), readOnly + " can not be written: Permission denied.");
+    EXPECT_EQ(m_folder.read("a.csv"), "earlier");
+}
+
+TEST_F(AtomicFileTest, ReadOnlyFolderKeepsItsFile) {
+    const std::string path = m_folder.write("a.csv", "earlier");
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0555));
+    const bool root = ::geteuid() == 0; // may write everywhere: become somebody who may not
+    ASSERT_EQ(root ? ::seteuid(65534) : 0, 0);
+    const std::string failure = put(path, "new");
+    ASSERT_EQ(root ? ::seteuid(0) : 0, 0);
+    EXPECT_EQ(failure, path + " can not be written: Permission denied.");
+    EXPECT_EQ(m_folder.read("a.csv"), "earlier");
 }
 
 TEST_F(AtomicFileTest, FullDeviceTellsAndIsNeverReplaced) {
@@ -110,11 +101,7 @@ TEST_F(AtomicFileTest, FullDeviceTellsAndIsNeverReplaced) {
     ASSERT_EQ(::symlink("/dev/full", link.c_str()), 0);
     EXPECT_EQ(put(link, "x"),
               link + " can not be written, the disk is full: No space left on device.");
-
-    struct stat status {};
-
-    ASSERT_EQ(::stat("/dev/full", &status), 0);
-    EXPECT_TRUE(S_ISCHR(status.st_mode));
+    EXPECT_TRUE(S_ISCHR(modeOf("/dev/full")));
     EXPECT_EQ(m_folder.list(), "full.csv");
 }
 
@@ -138,6 +125,16 @@ TEST_F(AtomicFileTest, LongestFileNameStillHasRoom) {
     const std::string name(255, 'n');
     EXPECT_EQ(put(m_folder.path(name), "new"), "");
     EXPECT_EQ(m_folder.list(), name);
+}
+
+using Kind = Failure::Kind;
+
+TEST(Failure, TextNamesFileTroublePlaceAndAdvice) {
+    EXPECT_EQ(Failure().text(), "");
+    EXPECT_EQ((Failure{Kind::Read, "a.dlr", -1, ""}.text()), "a.dlr can not be read.");
+    EXPECT_EQ((Failure{Kind::Format, "a.dlr", 17, "the header is short."}.text()),
+              "a.dlr is not in the expected form (at byte 17): the header is short.");
+    EXPECT_EQ((Failure{Kind::Open, "", -1, "why"}.text()), "The file can not be opened: why.");
 }
 
 } // namespace

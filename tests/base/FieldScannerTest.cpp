@@ -1,7 +1,5 @@
 #include "base/FieldScanner.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <string>
 
@@ -19,12 +17,7 @@ std::string fieldsOf(const std::string& line, FieldScanner::Quotes quotes) {
 }
 
 TEST(FieldScanner, TakesLinesApart) {
-    const struct {
-        const char* name;
-        std::string line;
-        FieldScanner::Quotes quotes;
-        std::string expected;
-    } cases[] = {
+    const Table<const char*, std::string, FieldScanner::Quotes, std::string> cases = {
         {"empty line", "", FieldScanner::Quotes::Plain, "[]"},
         {"empty fields keep their place", ",a,,b,", FieldScanner::Quotes::Plain, "[][a][][b][]"},
         {"separator in quotes", "a,\"b,c\",d", FieldScanner::Quotes::Group, "[a][\"b,c\"][d]"},
@@ -38,9 +31,8 @@ TEST(FieldScanner, TakesLinesApart) {
         {"quoted, then an empty field", "\"b\",", FieldScanner::Quotes::Group, "[\"b\"][]"},
         {"quote inside a field", "a\"b,c\"d", FieldScanner::Quotes::Group, "[a\"b][c\"d]"},
     };
-
-    for (const auto& c : cases)
-        EXPECT_EQ(fieldsOf(c.line, c.quotes), c.expected) << c.name;
+    for (const auto& [name, line, quotes, expected] : cases)
+        EXPECT_EQ(fieldsOf(line, quotes), expected) << name;
 }
 
 TEST(FieldScanner, AgreesWithASearchForEverySeparatorAtEveryLength) {

@@ -1,11 +1,7 @@
 #include "base/LineReader.h"
+#include "ScratchFolder.h"
 #include "base/Utf8.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
 #include <sys/stat.h>
 
 namespace pellam {
@@ -13,20 +9,6 @@ namespace {
 
 class LineReaderTest : public testing::Test {
   protected:
-    LineReaderTest()
-        : m_folder(std::filesystem::path(testing::TempDir()) /
-                   testing::UnitTest::GetInstance()->current_test_info()->name()) {
-        std::filesystem::create_directories(m_folder);
-    }
-
-    ~LineReaderTest() override { std::filesystem::remove_all(m_folder); }
-
-    std::string write(const std::string& bytes) const {
-        const std::string path = m_folder / "file.txt";
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
-    }
-
     // Lines as [text], with their line ends shown as r and n.
     static std::string shown(LineReader& reader) {
         std::string all;
@@ -40,7 +22,7 @@ class LineReaderTest : public testing::Test {
         return all;
     }
 
-    std::filesystem::path m_folder;
+    ScratchFolder m_folder;
 };
 
 std::string utf16(const std::string& ascii, bool little) {
@@ -55,31 +37,18 @@ TEST_F(LineReaderTest, ServesLinesOfEveryEncodingAndLineEnd) {
     const std::string text = "time,value one two three\n1,2\n";
     const std::string once = "[time,value one two threen][1,2n]";
     const std::string three = once + once + once;
-
-    const struct {
-        const char* name;
-        std::string bytes;
-        Ends ends;
-        std::string expected;
-    } cases[] = {
+    const Table<const char*, std::string, Ends, std::string> cases = {
         {"empty", "", Ends::LineFeed, ""},
         {"no last line end", "A\nB", Ends::LineFeed, "[An][B]"},
         {"crlf", "A\r\nB\r\n", Ends::LineFeed, "[Arn][Brn]"},
         {"empty lines", "\n\nA\n", Ends::LineFeed, "[n][n][An]"},
         {"returns end lines", "A\rB\r\nC\nD\r", Ends::AnyReturn, "[Ar][Brn][Cn][Dr]"},
         {"returns do not end lines", "A\rB\n", Ends::LineFeed, "[ArBn]"},
-        {"utf-8 mark",
-         "\xEF\xBB\xBF"
-         "A\n",
-         Ends::LineFeed, "[An]"},
-        {"utf-16 little with mark", "\xFF\xFE" + utf16(text, true), Ends::LineFeed,
-         "[time,value one two threen][1,2n]"},
-        {"utf-16 big with mark", "\xFE\xFF" + utf16(text, false), Ends::LineFeed,
-         "[time,value one two threen][1,2n]"},
-        {"utf-16 little without mark", utf16(text, true), Ends::LineFeed,
-         "[time,value one two threen][1,2n]"},
-        {"utf-16 big without mark", utf16(text, false), Ends::LineFeed,
-         "[time,value one two threen][1,2n]"},
+        {"utf-8 mark", "\357\273\277A\n", Ends::LineFeed, "[An]"},
+        {"utf-16 little with mark", "\xFF\xFE" + utf16(text, true), Ends::LineFeed, once},
+        {"utf-16 big with mark", "\xFE\xFF" + utf16(text, false), Ends::LineFeed, once},
+        {"utf-16 little without mark", utf16(text, true), Ends::LineFeed, once},
+        {"utf-16 big without mark", utf16(text, false), Ends::LineFeed, once},
         {"utf-16 without mark, cut, with a few letters of other scripts",
          utf16(text + text + text, true) + std::string("\x0D\x54\x00\x4E\n\0x", 7), Ends::LineFeed,
          three + "[\xE5\x90\x8D\xE4\xB8\x80n]"},
@@ -88,14 +57,13 @@ TEST_F(LineReaderTest, ServesLinesOfEveryEncodingAndLineEnd) {
         {"zero bytes are data", std::string("A\0B\n", 4), Ends::LineFeed,
          std::string("[A\0Bn]", 6)},
     };
-
-    for (const auto& c : cases) {
+    for (const auto& [name, bytes, ends, expected] : cases) {
         LineReader reader;
-        ASSERT_FALSE(reader.open(write(c.bytes), c.ends)) << c.name;
-        EXPECT_EQ(shown(reader), c.expected) << c.name;
-        EXPECT_EQ(reader.bytesRead(), reader.fileSize()) << c.name;
+        ASSERT_FALSE(reader.open(m_folder.write("file.txt", bytes), ends)) << name;
+        EXPECT_EQ(shown(reader), expected) << name;
+        EXPECT_EQ(reader.bytesRead(), reader.fileSize()) << name;
         reader.rewind();
-        EXPECT_EQ(shown(reader), c.expected) << c.name << " again";
+        EXPECT_EQ(shown(reader), expected) << name << " again";
     }
 }
 
@@ -104,7 +72,7 @@ TEST_F(LineReaderTest, ALongRunWithoutLineEndComesInPieces) {
     LineReader reader;
     std::string bytes(limit + 5, 'x');
     bytes += "\nyyyyyyyyy";
-    ASSERT_FALSE(reader.open(write(bytes)));
+    ASSERT_FALSE(reader.open(m_folder.write("file.txt", bytes)));
     std::string_view line;
     std::string lengths;
     while (reader.next(line))
@@ -117,7 +85,7 @@ TEST_F(LineReaderTest, LinesAcrossBlocksStayWhole) {
     for (int i = 0; i < 40'000; ++i)
         bytes += std::to_string(i) + ";" + std::string(i % 97, 'z') + "\r\n";
     LineReader reader;
-    ASSERT_FALSE(reader.open(write(bytes), LineReader::LineEnds::AnyReturn));
+    ASSERT_FALSE(reader.open(m_folder.write("file.txt", bytes), LineReader::LineEnds::AnyReturn));
     std::string joined;
     std::string_view line;
     int count = 0;
@@ -131,49 +99,35 @@ TEST_F(LineReaderTest, LinesAcrossBlocksStayWhole) {
 }
 
 TEST_F(LineReaderTest, RefusesWhatIsNoRegularFile) {
-    const std::string pipe = m_folder / "pipe";
+    const std::string pipe = m_folder.path("pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
-
-    const struct {
-        std::string path;
-        Failure::Kind kind;
-    } cases[] = {{m_folder, Failure::Kind::NotAFile},
-                 {pipe, Failure::Kind::NotAFile},
-                 {"/dev/zero", Failure::Kind::NotAFile},
-                 {m_folder / "missing", Failure::Kind::Open}};
-
-    for (const auto& c : cases) {
+    const Table<std::string, Failure::Kind> cases = {
+        {m_folder.path(), Failure::Kind::NotAFile},
+        {pipe, Failure::Kind::NotAFile},
+        {"/dev/zero", Failure::Kind::NotAFile},
+        {m_folder.path("missing"), Failure::Kind::Open}};
+    for (const auto& [path, kind] : cases) {
         LineReader reader;
-        const Failure failure = reader.open(c.path);
-        EXPECT_EQ(failure.kind, c.kind) << c.path;
-        EXPECT_NE(failure.text().find(c.path), std::string::npos);
+        const Failure failure = reader.open(path);
+        EXPECT_EQ(failure.kind, kind) << path;
+        EXPECT_NE(failure.text().find(path), std::string::npos);
         EXPECT_FALSE(reader.isOpen());
     }
 }
 
 TEST(Utf8, TellsWellFormedTextAndReadsTheRestAsWindows1252) {
-    const struct {
-        const char* bytes;
-        const char* expected;
-    } cases[] = {
+    const Table<const char*, const char*> cases = {
         {"plain", "plain"},
-        {"\xC2\xB0"
-         "C",
-         "\xC2\xB0"
-         "C"},
-        {"20 \xB0"
-         "C \x80",
-         "20 \xC2\xB0"
-         "C \xE2\x82\xAC"},
+        {"°C", "°C"},
+        {"20 \260C \x80", "20 °C €"},
         {"\xC0\xAF", "\xC3\x80\xC2\xAF"},
         {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},
         {"\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xE2\x82\xAC\xE2\x82\xAC"},
         {"cut \xE2\x82", "cut \xC3\xA2\xE2\x80\x9A"},
         {"eight by\xC3\xA9te", "eight by\xC3\xA9te"},
     };
-
-    for (const auto& c : cases)
-        EXPECT_EQ(toUtf8(c.bytes), c.expected);
+    for (const auto& [bytes, expected] : cases)
+        EXPECT_EQ(toUtf8(bytes), expected);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "database/BackgroundCall.h"
 
-#include <gtest/gtest.h>
-
 #include <atomic>
 #include <thread>
 

@@ -1,13 +1,7 @@
-#include "database/CDBDataData1.h"
-#include "database/CDBDataData2.h"
-#include "database/CDBDataData3.h"
-#include "database/CDBDataDetails.h"
 #include "database/CDBDataHeader.h"
 #include "database/DataSources.h"
 
 #include "OdbcSetup.h"
-
-#include <gtest/gtest.h>
 
 namespace pellam {
 namespace {
@@ -49,10 +43,7 @@ INSERT INTO data_header VALUES (NULL, NULL, 'Run 2', NULL, 'n');
 
 // Texts end at 255 bytes, never inside a character, and without trailing white space.
 TEST(CRecordset, CutsAndTrimsTexts) {
-    const struct {
-        const char* sql;
-        std::string text;
-    } cases[] = {
+    const Table<const char*, std::string> cases = {
         {"printf('%0254d', 0) || 'x'", zeros(254, "x")},
         {"printf('%0256d', 0)", zeros(255, "")},
         {"printf('%0254d', 0) || 'é'", zeros(254, "")},
@@ -62,10 +53,9 @@ TEST(CRecordset, CutsAndTrimsTexts) {
         {"'  a' || char(9, 32, 13, 10)", "  a"},
         {"'   '", ""},
     };
-
     std::string sql = OdbcSetup::tables();
-    for (const auto& row : cases)
-        sql.append("INSERT INTO data_header(session_id) VALUES (").append(row.sql).append(");\n");
+    for (const auto& [value, text] : cases)
+        sql.append("INSERT INTO data_header(session_id) VALUES (").append(value).append(");\n");
     OdbcSetup odbc;
     odbc.addSqlite("Texts", sql);
     InlineCall call;
@@ -73,8 +63,8 @@ TEST(CRecordset, CutsAndTrimsTexts) {
     ASSERT_FALSE(database.OpenEx("DSN=Texts"));
     CDBDataHeader rows(database);
     ASSERT_FALSE(rows.Open(CRecordset::forwardOnly));
-    for (const auto& row : cases) {
-        EXPECT_EQ(rows.m_session_id, row.text) << row.sql;
+    for (const auto& [value, text] : cases) {
+        EXPECT_EQ(rows.m_session_id, text) << value;
         ASSERT_FALSE(rows.MoveNext());
     }
     EXPECT_TRUE(rows.IsEOF());
@@ -90,22 +80,6 @@ TEST(CRecordset, CutsAndTrimsTexts) {
     EXPECT_EQ(failure->state.size(), 5U);
     database.Close();
     EXPECT_TRUE(rows.Open(CRecordset::forwardOnly)) << "closed";
-}
-
-template <class Rows>
-std::string facts(CDatabase& database) {
-    Rows rows(database);
-    return std::string(rows.GetDefaultSQL()) + std::to_string(rows.fieldCount());
-}
-
-TEST(CRecordset, ClassesAndTheirTables) {
-    InlineCall call;
-    CDatabase database(call);
-    EXPECT_EQ(facts<CDBDataHeader>(database), "[data_header]5");
-    EXPECT_EQ(facts<CDBDataDetails>(database), "[data_details]16");
-    EXPECT_EQ(facts<CDBDataData3>(database), "[data_data]9");
-    EXPECT_EQ(facts<CDBDataData1>(database), "[data_data]1");
-    EXPECT_EQ(facts<CDBDataData2>(database), "[data_data]1");
 }
 
 TEST(DataSources, AreListedWithTheirDescriptions) {

@@ -1,10 +1,10 @@
+#include "GridText.h"
 #include "OdbcSetup.h"
 #include "SessionLoad.h"
 #include "SessionRows.h"
+#include "ZoneScope.h"
 #include "replay/AllChannels.h"
 #include "replay/SessionLoader.h"
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <filesystem>
@@ -17,7 +17,6 @@ namespace pellam {
 namespace {
 
 using test::OdbcSetup;
-
 using test::SessionRows;
 
 class SessionTest : public testing::Test, protected test::SessionLoad {
@@ -38,30 +37,18 @@ TEST_F(SessionTest, WritesReplayText) {
     fill(SessionRows()
              .channels("Run", "A|0|60|Temp|C|2|S|J\n")
              .readings("Run", "0|2008-02-25 10:00:00|0|A|0|Temp|23.4|0|S|J\n"));
-    EXPECT_EQ(run(kRun), R"(Descriptor
-Name "Hembric"
-Lock N
-Desc "Run"
-EndDescriptor
-
-<IDATA_MAP>
-S,0,0,10:0,1989,1,0,"",<A,"60lS",G,<"Temp","C",1,0,8,4,1>><B><C><D><E><F><G><H><I><J><K><X><V>>:
-
-<ALL_DATA>
-D,0,2008/02/25,10:00:00,0.000000,1:A,0,23.,$0l:
-)");
+    const std::string text = run(kRun);
+    EXPECT_TRUE(text.starts_with("Descriptor\nName \"Hembric\"\nLock N\nDesc \"Run\"\n")) << text;
+    EXPECT_TRUE(text.ends_with("D,0,2008/02/25,10:00:00,0.000000,1:A,0,23.,$0l:\n")) << text;
     EXPECT_EQ(messages.texts + error, "");
-    EXPECT_EQ(progress.started + progress.range, "Loading Session - Run\n0..100");
-    EXPECT_EQ(progress.lastText, "Starting data retrieval...");
+    EXPECT_TRUE(progress.log.starts_with("Loading Session - Run|")) << progress.log;
+    EXPECT_TRUE(progress.log.ends_with("\nStarting data retrieval...\n")) << progress.log;
     EXPECT_EQ(progress.open, 0);
 }
 
 TEST_F(SessionTest, StatusLine) {
-    const struct {
-        const char* name;
-        const char* channels;
-        const char* schedules; ///< what differs from a line without channels
-    } cases[] = {
+    // schedules: what differs from a line without channels
+    const Table<const char*, const char*, const char*> cases = {
         {"value types",
          "A|0|5|a|u|2|S|J\nA|1|5|b|u|4|S|J\nA|2|5|c|u|8|S|J\nA|3|5|d|u|16|S|J\nA|4|5|e|u|3|S|J\n",
          "<A,\"5lS\",G,<\"a\",\"u\",1,0,8,4,1>,<\"b\",\"u\",2,0,8,4,1>,<\"c\",\"u\",3,0,8,4,1>,<"
@@ -75,13 +62,11 @@ TEST_F(SessionTest, StatusLine) {
         {"rates", "B|0|4294967295|a|u|2|S|J\n",
          "<A><B,\"4294967295lS\",G,<\"a\",\"u\",1,0,8,4,1>>"},
     };
-
-    for (const auto& row : cases) {
-        odbc.addSqlite(row.name, SessionRows().channels("Run", row.channels).sql());
-        EXPECT_EQ(status({row.name, "Run"}), "S,0,0,10:0,1989,1,0,\"\"," +
-                                                 std::string(row.schedules) +
-                                                 "<C><D><E><F><G><H><I><J><K><X><V>>:")
-            << row.name;
+    for (const auto& [name, channels, schedules] : cases) {
+        odbc.addSqlite(name, SessionRows().channels("Run", channels).sql());
+        EXPECT_EQ(status({name, "Run"}), "S,0,0,10:0,1989,1,0,\"\"," + std::string(schedules) +
+                                             "<C><D><E><F><G><H><I><J><K><X><V>>:")
+            << name;
     }
     fill(SessionRows().channels("Run", "X|0|900|x|u|2|S|J\nV|0|60|v|w|2|S|J\nK|0|7|k|u|2|S|J\n"));
     EXPECT_EQ(status(kRun),
@@ -91,11 +76,8 @@ TEST_F(SessionTest, StatusLine) {
 }
 
 TEST_F(SessionTest, DataLines) {
-    const struct {
-        const char* name;
-        const char* readings;
-        const char* lines; ///< without "2008/02/25," and the line's ends
-    } cases[] = {
+    // data: without "2008/02/25," and the line's ends
+    const Table<const char*, const char*, const char*> cases = {
         {"values stay until the next", "1|10:00:00|0|A|0|a|1|0\n1|10:00:01|0|A|1|b|2|7\n",
          "D,1,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l D,1,10:00:01,0.000000,1:A,0,1.,$0l,2.,$7l"},
         {"parts of a second",
@@ -122,23 +104,22 @@ TEST_F(SessionTest, DataLines) {
         {"nulls", "NULL|10:00:00|NULL|A|0|a|NULL|NULL\n",
          "D,,10:00:00,0.000000,1:A,0,0.,$0l,0.,$4l"},
     };
-
-    for (const auto& row : cases) {
+    for (const auto& [name, rows, data] : cases) {
         std::string readings;
-        std::istringstream input(row.readings);
+        std::istringstream input(rows);
         for (std::string line; std::getline(input, line);)
             readings += line.insert(line.find('|') + 1, "2008-02-25 ") + "|S|J\n";
-        odbc.addSqlite(row.name, SessionRows()
-                                     .channels("Run", "A|0|60|a|u|2|S|J\nA|1|60|b|u|2|S|J\n"
-                                                      "B|-1|60|Lone|u|2|S|J\nB|8|60|aTime|u|2|S|J\n"
-                                                      "B|9|60|DateTime|u|2|S|J\n")
-                                     .readings("Run", readings)
-                                     .sql());
+        odbc.addSqlite(name, SessionRows()
+                                 .channels("Run", "A|0|60|a|u|2|S|J\nA|1|60|b|u|2|S|J\n"
+                                                  "B|-1|60|Lone|u|2|S|J\nB|8|60|aTime|u|2|S|J\n"
+                                                  "B|9|60|DateTime|u|2|S|J\n")
+                                 .readings("Run", readings)
+                                 .sql());
         std::string expected;
-        std::istringstream shown(row.lines);
+        std::istringstream shown(data);
         for (std::string line; std::getline(shown, line, ' ');)
             expected += line.insert(line.find(',', 2) + 1, "2008/02/25,") + ":\n";
-        EXPECT_EQ(lines({row.name, "Run"}), expected) << row.name;
+        EXPECT_EQ(lines({name, "Run"}), expected) << name;
     }
 }
 
@@ -152,8 +133,7 @@ TEST_F(SessionTest, TimesAreThoseOfTheDatabaseInEveryZone) {
                               "1|2008-11-02 01:30:00|0|A|0|a|4|0|S|J\n"
                               "1|NULL|0|A|0|a|5|0|S|J\n1|soon|0|A|0|a|5|0|S|J\n"));
     for (const char* zone : {"UTC", "America/New_York", "Australia/Adelaide"}) {
-        ::setenv("TZ", zone, 1);
-        ::tzset();
+        const ZoneScope scope(zone);
         EXPECT_EQ(lines(kRun), "D,1,2008/03/09,02:30:00,0.000000,1:A,0,1.,$0l:\n"
                                "D,1,2008/07/04,12:00:00,0.000000,1:A,0,2.,$0l:\n"
                                "D,1,2008/10/05,02:30:00,0.000000,1:A,0,3.,$0l:\n"
@@ -164,8 +144,6 @@ TEST_F(SessionTest, TimesAreThoseOfTheDatabaseInEveryZone) {
         range.end.ParseDateTime("2008/11/02,01:30:00");
         EXPECT_EQ(lines(range).size(), 2 * 47U) << zone;
     }
-    ::unsetenv("TZ");
-    ::tzset();
 }
 
 TEST_F(SessionTest, BadInput) {
@@ -178,14 +156,8 @@ TEST_F(SessionTest, BadInput) {
     odbc.addSqlite("nothing logged", rows.sql());
     const std::string none = "Warning: No records were found matching the supplied criteria\n";
     const std::string aborted = "Warning: Database exception. Load aborted.\n";
-
-    const struct {
-        const char* source;
-        const char* session;
-        bool good;
-        std::string message; ///< "=": the driver's own text
-        bool error;
-    } cases[] = {
+    // message: "=": the driver's own text
+    const Table<const char*, const char*, bool, std::string, bool> cases = {
         {"nowhere", "Run", false, "=", true},
         {"missing driver", "Run", false, "=", true},
         {"no tables", "Run", false, "", true},
@@ -199,12 +171,11 @@ TEST_F(SessionTest, BadInput) {
         {"nothing logged", "x'; DROP TABLE data_data; --", false, "", true},
         {"nothing logged", "Grün\xFF", false, none, false},
     };
-
-    for (const auto& row : cases) {
-        const std::string text = run({row.source, row.session});
-        EXPECT_EQ(!text.starts_with("(false)"), row.good) << row.source << ' ' << row.session;
-        EXPECT_EQ(messages.texts, row.message == "=" ? error + "\n" : row.message) << row.source;
-        EXPECT_EQ(!error.empty(), row.error) << row.source << ' ' << row.session << ' ' << error;
+    for (const auto& [source, session, good, message, failed] : cases) {
+        const std::string text = run({source, session});
+        EXPECT_EQ(!text.starts_with("(false)"), good) << source << ' ' << session;
+        EXPECT_EQ(messages.texts, message == "=" ? error + "\n" : message) << source;
+        EXPECT_EQ(!error.empty(), failed) << source << ' ' << session << ' ' << error;
         EXPECT_EQ(progress.open, 0);
     }
     EXPECT_TRUE(run({"nothing logged", "Run"}).ends_with("<ALL_DATA>\n")) << "nothing was dropped";
@@ -226,23 +197,24 @@ TEST_F(SessionTest, StopsWhenThePersonAsks) {
 TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     std::string channels;
     std::string readings;
-    std::string expected = "Time|2008/02/25 10:00:00.000000|2008/02/25 10:00:01.250\n";
+    std::string heading = "Time";
+    std::string first = "\n2008/02/25 10:00:00.000000";
+    std::string second = "\n2008/02/25 10:00:01.250";
     for (const char letter : std::string("ABCDEFGHIJKXV")) {
         const std::string l(1, letter);
-        const auto add = [&](int number, const std::string& label, const std::string& type) {
-            const std::string n = std::to_string(number);
-            channels.append(l + "|" + n + "|60|" + label + "|u³|" + type + "|S|J\n");
-            readings.append("1|2008-02-25 10:00:00|0|" + l + "|" + n + "|" + label);
-            readings.append(number == 0 ? "|-12.6|2|S|J\n" : "|39503.75|0|S|J\n");
-        };
-        add(0, l + " flow", "0");
-        add(1, l + "Time", "2");
-        add(2, l + "Date", "4");
+        int number = 0;
+        for (const std::string label : {" flow", "Time", "Date"}) {
+            const std::string channel = l + "|" + std::to_string(number) + "|";
+            channels.append(channel + "60|" + l + label + "|u³|" + std::to_string(2 * number++) +
+                            "|S|J\n");
+            readings.append("1|2008-02-25 10:00:00|0|" + channel + l + label);
+            readings.append(label == " flow" ? "|-12.6|2|S|J\n" : "|39503.75|0|S|J\n");
+        }
+        heading += "|" + l + "." + l + " flow(u³)|" + l + "." + l + "Time.Time(u³)|" + l + "." + l +
+                   "Date.Date(u³)";
+        first += "|-13|18:00:00|2008/02/25";
         // The second line repeats what it has no reading for.
-        const bool again = letter == 'A';
-        expected += l + "." + l + " flow(u³)|-13|" + (again ? "inf" : "") + "\n";
-        expected += l + "." + l + "Time.Time(u³)|18:00:00|" + (again ? "18:00:00" : "") + "\n";
-        expected += l + "." + l + "Date.Date(u³)|2008/02/25|" + (again ? "2008/02/25" : "") + "\n";
+        second += letter == 'A' ? "|inf|18:00:00|2008/02/25" : "|||";
     }
     fill(SessionRows()
              .channels("Run", channels)
@@ -256,20 +228,13 @@ TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     AllChannels all;
     SessionLoader loader({grid, international, corrections, messages, progress, all});
     ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
-    std::string shown;
-    CellBuffer buffer;
-    for (int column = 0; column <= grid.channelCount(); ++column) {
-        shown += grid.column(column).label();
-        for (Row row = 0; row < grid.rowCount(); ++row)
-            shown.append("|").append(grid.text(column, row, buffer));
-        shown += '\n';
-    }
-    EXPECT_EQ(shown, expected);
+    EXPECT_EQ(gridText(grid), heading + first + second);
 }
 
 TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
     fill(SessionRows().channels("Run", "A|0|60|a|u|2|S|J\n"));
     const ScratchFolder folder;
+    const std::string before = std::getenv("TMPDIR");
     ::setenv("TMPDIR", folder.path().c_str(), 1);
     {
         CSessionFromDatabase session({messages, progress, m_call, corrections});
@@ -300,7 +265,7 @@ TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
     ::waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(folder.list(), "");
-    ::unsetenv("TMPDIR");
+    ::setenv("TMPDIR", before.c_str(), 1);
     EXPECT_EQ(messages.texts, "");
 }
 

@@ -7,13 +7,10 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <iterator>
-#include <sstream>
 #include <stdexcept>
 #include <thread>
 
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <netinet/in.h>
 #include <pwd.h>
 #include <sys/socket.h>
@@ -53,11 +50,6 @@ bool isStopped(pid_t process) {
     std::string state;
     file >> number >> name >> state;
     return !file || state == "T";
-}
-
-std::vector<std::string> words(const std::string& text) {
-    std::istringstream stream(text);
-    return {std::istream_iterator<std::string>(stream), {}};
 }
 
 } // namespace
@@ -115,38 +107,30 @@ void DatabaseServer::makeData() const {
     }
 }
 
-std::vector<std::string> DatabaseServer::serverCommand() const {
+std::string DatabaseServer::serverCommand() const {
     const std::string data = m_folder.path("data");
     const std::string port = std::to_string(m_port);
     if (m_engine == Engine::PostgreSql) {
-        return words(asUser(
-            "setpriv --pdeathsig=QUIT " + postgresFolder() + "postgres -D " + data + " -p " + port +
-            " -c listen_addresses=127.0.0.1 -c unix_socket_directories= -c fsync=off"
-            " -c full_page_writes=off -c max_wal_size=4GB -c shared_buffers=256MB"
-            " -c work_mem=256MB"));
+        return asUser("setpriv --pdeathsig=QUIT " + postgresFolder() + "postgres -D " + data +
+                      " -p " + port +
+                      " -c listen_addresses=127.0.0.1 -c unix_socket_directories= -c fsync=off"
+                      " -c full_page_writes=off -c max_wal_size=4GB -c shared_buffers=256MB"
+                      " -c work_mem=256MB");
     }
-    return words(
-        asUser("setpriv --pdeathsig=KILL /usr/sbin/mariadbd --no-defaults --datadir=" + data +
-               " --port=" + port + " --bind-address=127.0.0.1 --socket=" + m_folder.path("socket") +
-               " --skip-name-resolve --innodb-flush-log-at-trx-commit=0"
-               " --skip-innodb-doublewrite --innodb-buffer-pool-size=256M"
-               " --sort-buffer-size=64M --character-set-server=utf8mb4"));
+    return asUser("setpriv --pdeathsig=KILL /usr/sbin/mariadbd --no-defaults --datadir=" + data +
+                  " --port=" + port +
+                  " --bind-address=127.0.0.1 --socket=" + m_folder.path("socket") +
+                  " --skip-name-resolve --innodb-flush-log-at-trx-commit=0"
+                  " --skip-innodb-doublewrite --innodb-buffer-pool-size=256M"
+                  " --sort-buffer-size=64M --character-set-server=utf8mb4");
 }
 
 void DatabaseServer::launch() {
     m_port = freePort();
-    const std::vector<std::string> command = serverCommand();
-    const std::string log = m_folder.path("log");
-    std::vector<char*> arguments;
-    for (const std::string& word : command)
-        arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
+    const std::string line = "exec " + serverCommand() + " >>" + m_folder.path("log") + " 2>&1";
     m_pid = ::fork();
     if (m_pid != 0) return;
-    const int out = ::open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
-    ::dup2(out, 1);
-    ::dup2(out, 2);
-    ::execvp(arguments[0], arguments.data());
+    ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
     ::_exit(127);
 }
 

@@ -45,7 +45,7 @@ class DatabaseServer {
     [[nodiscard]] bool tryShell(const std::string& command) const;
     void makeData() const;
     void makeUser() const;
-    [[nodiscard]] std::vector<std::string> serverCommand() const;
+    [[nodiscard]] std::string serverCommand() const;
     void launch();
     [[nodiscard]] bool comesUp();
     [[nodiscard]] std::string client(bool administrator) const;

@@ -10,8 +10,6 @@
 #include "database/CDBDataData3.h"
 #include "database/CDBDataDetails.h"
 
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -246,8 +244,7 @@ TEST_P(Servers, KilledInTheMiddleOfALoad) {
     EXPECT_TRUE(session.CreateFileFromDatabaseSession({source(), "Long"}));
     EXPECT_EQ(messages.texts, "Warning: Database exception. Load aborted.\n");
     EXPECT_TRUE(session.LastError());
-    std::ifstream file(session.TempFileName());
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    const std::string text = ScratchFolder::contents(session.TempFileName());
     const auto lines = std::count(text.begin(), text.end(), '\n') - 10;
     // The lines of whole blocks stay, but for the one that the next block might have gone on with.
     EXPECT_EQ(lines, postgres ? 999 : 0);

@@ -1,20 +1,16 @@
 #include "database/SessionFilter.h"
 
+#include "database/SessionListFilters.h"
 #include "database/Session_Schedule_Info.h"
 
-#include "../replay/LoadHarness.h"
+#include "ZoneScope.h"
 
 namespace pellam {
 namespace {
 
-using test::Zone;
-
 TEST(SessionFilter, TermsOfTheTexts) {
-    const struct {
-        SessionRequest request;
-        const char* channels;
-        const char* readingsMySql; ///< "=" when the same
-    } cases[] = {
+    // readingsMySql: "=" when the same
+    const Table<SessionRequest, const char*, const char*> cases = {
         {{"", "Run1"}, "session_id = 'Run1'", "session_id LIKE 'Run1%'"},
         {{"", "*", "*", "*", "*", "*"}, "session_id <> ''", "="},
         {{"", "Run*", "S", "", "A"},
@@ -29,14 +25,13 @@ TEST(SessionFilter, TermsOfTheTexts) {
          "session_id LIKE 'Run_1' AND job LIKE 'J%'"},
         {{"", "O'Brien"}, "session_id = 'O'Brien'", "session_id LIKE 'O'Brien%'"},
     };
-
     const TimeCorrections corrections;
-    for (const auto& row : cases) {
-        const SessionRequest request = withSqlWildcards(row.request);
-        EXPECT_EQ(channelFilter(request), row.channels);
-        EXPECT_EQ(readingFilter(request, false, corrections), row.channels);
-        const std::string mySql = row.readingsMySql;
-        EXPECT_EQ(readingFilter(request, true, corrections), mySql == "=" ? row.channels : mySql);
+    for (const auto& [asked, channels, readingsMySql] : cases) {
+        const SessionRequest request = withSqlWildcards(asked);
+        EXPECT_EQ(channelFilter(request), channels);
+        EXPECT_EQ(readingFilter(request, false, corrections), channels);
+        const std::string mySql = readingsMySql;
+        EXPECT_EQ(readingFilter(request, true, corrections), mySql == "=" ? channels : mySql);
     }
 }
 
@@ -50,12 +45,7 @@ TEST(SessionFilter, EntryOfAChannel) {
 
 // Bounds come back as they were typed, summer or winter.
 TEST(SessionFilter, RangeOfTimes) {
-    const struct {
-        const char* zone;
-        const char* start;
-        const char* end;
-        const char* range;
-    } cases[] = {
+    const Table<const char*, const char*, const char*, const char*> cases = {
         {"UTC", "2008/02/25,10:00:00", "2008/07/04,11:00:00",
          " AND data_time >= {ts '2008-02-25 10:00:00'} AND data_time <= {ts '2008-07-04 "
          "11:00:00'}"},
@@ -69,15 +59,83 @@ TEST(SessionFilter, RangeOfTimes) {
         {"UTC", "1988/12/31,23:59:59", "1989/01/01,00:00:01",
          " AND data_time <= {ts '1989-01-01 00:00:01'}"},
     };
-
-    for (const auto& row : cases) {
-        const Zone zone(row.zone);
+    for (const auto& [zone, start, end, range] : cases) {
+        const ZoneScope scope(zone);
         SessionRequest request{"", "Run"};
-        request.start.ParseDateTime(row.start);
-        request.end.ParseDateTime(row.end);
+        request.start.ParseDateTime(start);
+        request.end.ParseDateTime(end);
         EXPECT_EQ(readingFilter(request, false, TimeCorrections{}),
-                  std::string("session_id = 'Run'").append(row.range))
-            << row.zone;
+                  std::string("session_id = 'Run'").append(range))
+            << zone;
+    }
+}
+
+TEST(SessionListFilters, Lists) {
+    // jobs, schedules: what these lists add to the condition of the site list
+    const Table<const char*, const char*, const char*, const char*, const char*, const char*>
+        cases = {
+            {"exact", "Run1", "North", "session_id = 'Run1'", " and site_id = 'North'",
+             " AND site_id = 'North'"},
+            {"all", "*", "*", "session_id <> ''", " and site_id LIKE '%'", " AND site_id = '*'"},
+            {"wildcards", "R?n*", "N*h?", "session_id LIKE 'R_n%'", " and site_id LIKE 'N%h_'",
+             " AND site_id = 'N*h?'"},
+            {"two stars are a pattern", "**", "**", "session_id LIKE '%%'",
+             " and site_id LIKE '%%'", " AND site_id = '**'"},
+            {"SQL's wildcards are plain here", "Run%", "N_", "session_id = 'Run%'",
+             " and site_id = 'N_'", " AND site_id = 'N_'"},
+            {"as it stands", "O'Hara \"Ü\"", "", "session_id = 'O'Hara \"Ü\"'", " and site_id = ''",
+             " AND site_id = ''"},
+        };
+    for (const auto& [name, session, site, sites, jobs, schedules] : cases) {
+        EXPECT_EQ(siteListFilter(session), sites) << name;
+        EXPECT_EQ(jobListFilter(session, site), std::string(sites) + jobs) << name;
+        EXPECT_EQ(scheduleListFilter(session, site), std::string(sites) + schedules) << name;
+    }
+}
+
+TEST(SessionListFilters, RangeOfTimes) {
+    // earliest, latest: the session's term; others: what both go on with
+    const Table<const char*, SessionRequest, bool, const char*, const char*, const char*> cases = {
+        {"one session's job",
+         {"", "Run1", "%", "North", "A"},
+         false,
+         "session_id LIKE 'Run1%'",
+         "session_id = 'Run1'",
+         " and job = 'North' and schedule = 'A'"},
+        {"everything",
+         {"", "%", "%", "%", "%"},
+         false,
+         "session_id LIKE '%%'",
+         "session_id <> ''",
+         ""},
+        {"patterns",
+         {"", "R_n%", "N%", "J_b", "_"},
+         false,
+         "session_id LIKE 'R_n%%'",
+         "session_id LIKE 'R_n%'",
+         " and site_id LIKE 'N%' and job LIKE 'J_b' and schedule LIKE '_'"},
+        {"beginnings",
+         {"", "Run1", "S", "J_b", "A"},
+         true,
+         "session_id LIKE 'Run1%'",
+         "session_id LIKE 'Run1%'",
+         " and site_id LIKE 'S%' and job LIKE 'J_b' and schedule LIKE 'A%'"},
+        {"nothing chosen",
+         {"", "", "", "", ""},
+         false,
+         "session_id LIKE '%'",
+         "session_id = ''",
+         " and site_id = '' and job = '' and schedule = ''"},
+        {"everything by beginnings",
+         {"", "%", "%", "", "%"},
+         true,
+         "session_id LIKE '%%'",
+         "session_id <> ''",
+         " and job LIKE '%'"},
+    };
+    for (const auto& [name, request, mySql, earliest, latest, others] : cases) {
+        EXPECT_EQ(earliestFilter(request, mySql), std::string(earliest) + others) << name;
+        EXPECT_EQ(latestFilter(request, mySql), std::string(latest) + others) << name;
     }
 }
 

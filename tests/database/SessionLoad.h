@@ -1,11 +1,8 @@
 #pragma once
 
 #include "RecordingSinks.h"
+#include "ScratchFolder.h"
 #include "database/CSessionFromDatabase.h"
-
-#include <fstream>
-#include <iterator>
-#include <string>
 
 namespace pellam::test {
 
@@ -21,8 +18,8 @@ class SessionLoad {
         CSessionFromDatabase session({messages, progress, m_call, corrections});
         const bool good = session.CreateFileFromDatabaseSession(request);
         error = session.LastError() ? session.LastError()->text : "";
-        std::ifstream file(session.TempFileName(), std::ios::binary);
-        std::string text{std::istreambuf_iterator<char>(file), {}};
+        const std::string text =
+            session.TempFileName().empty() ? "" : ScratchFolder::contents(session.TempFileName());
         return good ? text : "(false)" + text;
     }
 
@@ -42,7 +39,7 @@ class SessionLoad {
     }
 
     RecordedMessages messages;
-    CountedProgress progress;
+    RecordedProgress progress;
     TimeCorrections corrections;
     std::string error; ///< the last failure's text
 

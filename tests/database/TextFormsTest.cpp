@@ -1,15 +1,16 @@
 // How times, values and SQL texts are read and written.
 
+#include "ZoneScope.h"
 #include "database/CTime.h"
+#include "database/SessionTime.h"
 #include "database/SessionValueText.h"
 #include "database/SqlText.h"
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdio>
 #include <limits>
 #include <random>
+#include <sstream>
 
 namespace pellam {
 namespace {
@@ -22,10 +23,8 @@ std::string shown(const CTime& time) {
 }
 
 TEST(CTime, ReadsTextsOfTimes) {
-    const struct {
-        const char* text;
-        const char* time; ///< "" for none
-    } cases[] = {
+    // time: "" for none
+    const Table<const char*, const char*> cases = {
         {"2008-02-25 10:01:02", "2008/02/25 10:01:02"},
         {"2008-02-25T10:01:02", "2008/02/25 10:01:02"},
         {"2008-02-25 10:01:02.250", "2008/02/25 10:01:02"},
@@ -43,10 +42,40 @@ TEST(CTime, ReadsTextsOfTimes) {
         {"soon", ""},
         {"", ""},
     };
+    for (const auto& [text, time] : cases) {
+        const CTime read = CTime::parse(text);
+        EXPECT_EQ(read.isNull() ? "" : shown(read), time) << text;
+    }
+}
 
-    for (const auto& row : cases) {
-        const CTime time = CTime::parse(row.text);
-        EXPECT_EQ(time.isNull() ? "" : shown(time), row.time) << row.text;
+TEST(SessionTime, ReadsItsOneFormInEveryZone) {
+    // formatted: "-" for no time
+    const Table<const char*, const char*> rows = {
+        {"2024/07/31,02:30:15", "2024/07/31 02:30:15"},
+        {"2024/10/27,02:30:00", "2024/10/27 02:30:00"},
+        {"1971/01/01,00:00:00", "1971/01/01 00:00:00"},
+        {"2024/02/29,23:59:59", "2024/02/29 23:59:59"},
+        {"2023/02/29,23:59:59", "-"},
+        {"2024/13/01,00:00:00", "-"},
+        {"2024/01/01,24:00:00", "-"},
+        {"2024/01/01 00:00:00", "-"},
+        {"2024/1/1,00:00:00", "-"},
+        {"2024/01/01", "-"},
+        {"2024/01/01,00:00:00 ", "-"},
+        {"yyyy/MM/dd,HH:mm:ss", "-"},
+        {"", "-"},
+    };
+    for (const char* zone : {"UTC", "America/New_York", "Europe/Berlin", "Australia/Adelaide"}) {
+        const ZoneScope scope(zone);
+        for (const auto& [text, formatted] : rows) {
+            const auto time = sessionTime(text);
+            EXPECT_EQ(time ? time->FormatLocalNoDST("%Y/%m/%d %H:%M:%S") : "-", formatted)
+                << text << ' ' << zone;
+        }
+        for (const char* text :
+             {"1969/12/31,23:00:00", "1970/01/01,00:00:00", "0001/01/01,00:00:00"})
+            EXPECT_EQ(sessionTime(text), CMyTime()) << zone << " sets no bound";
+        EXPECT_GT(sessionTime("9999/12/31,00:00:00"), sessionTime("2105/12/31,23:59:59")) << zone;
     }
 }
 
@@ -56,30 +85,13 @@ std::string whole(double value) {
 }
 
 TEST(SessionValueText, WholeNumbersAreThoseOfTheCLibrary) {
-    std::vector<double> values{0.0,
-                               -0.0,
-                               0.5,
-                               1.5,
-                               2.5,
-                               -0.5,
-                               -0.2,
-                               23.4,
-                               99999.9,
-                               1e15,
-                               1e16,
-                               1e22,
-                               4503599627370495.5,
-                               4503599627370497.5,
-                               9007199254740991.0,
-                               9007199254740993.0,
-                               1e300,
-                               -1e300,
-                               std::numeric_limits<double>::max(),
-                               std::numeric_limits<double>::denorm_min(),
-                               std::numeric_limits<double>::infinity(),
-                               -std::numeric_limits<double>::infinity(),
-                               std::nan(""),
-                               -std::nan("")};
+    std::vector<double> values;
+    std::istringstream texts(
+        "0 -0 0.5 1.5 2.5 -0.5 -0.2 23.4 99999.9 1e15 1e16 1e22 4503599627370495.5 "
+        "4503599627370497.5 9007199254740991 9007199254740993 1e300 -1e300 "
+        "1.7976931348623157e308 5e-324 inf -inf nan -nan");
+    for (std::string text; texts >> text;)
+        values.push_back(std::strtod(text.c_str(), nullptr));
     std::mt19937_64 random(7);
     std::uniform_real_distribution<double> exponent(-20, 300);
     for (int i = 0; i < 20000; ++i) {
@@ -95,10 +107,7 @@ TEST(SessionValueText, WholeNumbersAreThoseOfTheCLibrary) {
 }
 
 TEST(SessionValueText, AutomationDates) {
-    const struct {
-        double days;
-        const char* text;
-    } cases[] = {
+    const Table<double, const char*> cases = {
         {0, "1899/12/30 00:00:00"},
         {0.5, "1899/12/30 12:00:00"},
         {39503.75, "2008/02/25 18:00:00"},
@@ -111,12 +120,11 @@ TEST(SessionValueText, AutomationDates) {
         {-657435, "-657435. -657435."},
         {std::numeric_limits<double>::infinity(), "inf inf"},
     };
-
-    for (const auto& row : cases) {
+    for (const auto& [days, expected] : cases) {
         char text[2 * SessionValueText::kRoom];
-        char* end = SessionValueText::writeDate(row.days, text);
+        char* end = SessionValueText::writeDate(days, text);
         *end++ = ' ';
-        EXPECT_EQ(std::string(text, SessionValueText::writeTime(row.days, end)), row.text);
+        EXPECT_EQ(std::string(text, SessionValueText::writeTime(days, end)), expected);
     }
 }
 
@@ -124,11 +132,7 @@ TEST(SqlText, NamesAndQuotesAsTheDriverTakesThem) {
     EXPECT_EQ(withNativeNames("Min([data_time])", "\""), "Min(data_time)");
     EXPECT_EQ(withNativeNames("[data header].[2nd]", "`"), "`data header`.`2nd`");
     EXPECT_EQ(withNativeNames("[data header], [open", ""), "[data header], [open");
-
-    const struct {
-        const char* condition;
-        const char* single;
-    } cases[] = {
+    const Table<const char*, const char*> cases = {
         {"a = 'x' AND label = \"L\"", "a = 'x' AND label = 'L'"},
         {"a = '6\" pipe'", "a = '6\" pipe'"},
         {"a = '6\" pipe' AND label = \"L\"", "a = '6\" pipe' AND label = 'L'"},
@@ -138,9 +142,8 @@ TEST(SqlText, NamesAndQuotesAsTheDriverTakesThem) {
         {"label = \"", "label = \""},
         {"schedule_index = 3", "schedule_index = 3"},
     };
-
-    for (const auto& row : cases)
-        EXPECT_EQ(withSingleQuotes(row.condition), row.single);
+    for (const auto& [condition, single] : cases)
+        EXPECT_EQ(withSingleQuotes(condition), single);
 }
 
 } // namespace

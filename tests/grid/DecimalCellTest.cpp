@@ -2,8 +2,6 @@
 
 #include "grid/DecimalText.h"
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cstdlib>
 #include <random>
@@ -31,16 +29,8 @@ std::string packed(const std::string& text, char separator, Zeros zeros) {
     return {buffer.data(), DecimalCell::write(plain, separator, buffer.data())};
 }
 
-struct Case {
-    const char* name;
-    const char* text;
-    char separator;
-    Zeros zeros;
-    const char* expected;
-};
-
 TEST(DecimalCell, PacksPlainNumbersAndRefusesAllElse) {
-    const Case cases[] = {
+    const Table<const char*, const char*, char, Zeros, const char*> cases = {
         {"zero", "0", '.', Zeros::Keep, "0"},
         {"minus zero", "-0", '.', Zeros::Keep, "-0"},
         {"zeros kept", "12.500", '.', Zeros::Keep, "12.500"},
@@ -76,8 +66,8 @@ TEST(DecimalCell, PacksPlainNumbersAndRefusesAllElse) {
         {"empty", "", '.', Zeros::Keep, "refused"},
         {"blank", " 1", '.', Zeros::Keep, "refused"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(packed(c.text, c.separator, c.zeros), c.expected) << c.name;
+    for (const auto& [name, text, separator, zeros, expected] : cases) {
+        EXPECT_EQ(packed(text, separator, zeros), expected) << name;
     }
 }
 
@@ -107,11 +97,7 @@ TEST(DecimalCell, ValuesAreThoseOfTheCLibrary) {
 }
 
 TEST(DecimalText, ReadsNumbersOfEveryForm) {
-    const struct {
-        const char* text;
-        char separator;
-        const char* expected;
-    } cases[] = {
+    const Table<const char*, char, const char*> cases = {
         {"12.5", '.', "12.5"},  {"12,5", ',', "12.5"},    {"12.5", ',', "12.5"},
         {"+7", '.', "7"},       {"1.5E+3", '.', "1500"},  {"1,5e-1", ',', "0.15"},
         {" 8 ", '.', "8"},      {"007", '.', "7"},        {".5", '.', "0.5"},
@@ -120,12 +106,11 @@ TEST(DecimalText, ReadsNumbersOfEveryForm) {
         {"1e999", '.', "none"}, {"1,234.5", ',', "none"}, {"10:00", '.', "none"},
         {"-", '.', "none"},
     };
-
-    for (const auto& c : cases) {
-        const auto value = parseDecimal(c.text, c.separator);
+    for (const auto& [text, separator, expected] : cases) {
+        const auto value = parseDecimal(text, separator);
         std::array<char, 32> shown{};
         if (value) std::snprintf(shown.data(), shown.size(), "%g", *value);
-        EXPECT_STREQ(value ? shown.data() : "none", c.expected) << c.text;
+        EXPECT_STREQ(value ? shown.data() : "none", expected) << text;
     }
 }
 

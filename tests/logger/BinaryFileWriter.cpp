@@ -30,12 +30,11 @@ std::string descriptor(const Ring& ring) {
            Writer::number(*ring.newest, 4);
 }
 
-std::string slots(std::string_view tag, const Ring& ring) {
+std::string slots(const Ring& ring) {
     std::string contents;
     for (const std::string& record : ring.records)
         contents += padded(record, ring.recordSize, '\xEE');
-    const auto length = static_cast<std::uint32_t>(contents.size());
-    return BinaryFileWriter::prefix(tag, ring.length.value_or(length)) + contents;
+    return contents;
 }
 
 } // namespace
@@ -105,24 +104,24 @@ std::string BinaryFileWriter::headers(const Ring& dataRing) const {
 }
 
 std::string BinaryFileWriter::bytes() const {
-    const Ring dataRing = filled(data);
-    const std::string contents = headers(dataRing) + slots("DATA", dataRing) + bytesBehind();
-    return prefix("DTDT", fileLength.value_or(static_cast<std::uint32_t>(contents.size()))) +
-           contents;
+    return bytesBefore(static_cast<std::uint32_t>(data.records.size())) + slots(filled(data)) +
+           bytesBehind();
 }
 
 std::string BinaryFileWriter::bytesBefore(std::uint32_t slotCount) const {
-    Ring dataRing = data;
-    if (!dataRing.newest) dataRing.newest = slotCount - 1;
-    const std::uint32_t length = slotCount * dataRing.recordSize;
-    const std::string contents = headers(dataRing) + prefix("DATA", length);
-    return prefix("DTDT",
-                  static_cast<std::uint32_t>(contents.size() + bytesBehind().size()) + length) +
-           contents;
+    Ring ring = filled(data);
+    if (!data.newest) ring.newest = slotCount - 1;
+    const std::uint32_t length = slotCount * ring.recordSize;
+    const std::string contents = headers(ring) + prefix("DATA", ring.length.value_or(length));
+    const std::size_t whole = contents.size() + length + bytesBehind().size();
+    return prefix("DTDT", fileLength.value_or(static_cast<std::uint32_t>(whole))) + contents;
 }
 
 std::string BinaryFileWriter::bytesBehind() const {
-    return slots("ALRM", filled(alarms)) + end;
+    const Ring ring = filled(alarms);
+    const std::string contents = slots(ring);
+    const auto length = static_cast<std::uint32_t>(contents.size());
+    return prefix("ALRM", ring.length.value_or(length)) + contents + end;
 }
 
 } // namespace pellam

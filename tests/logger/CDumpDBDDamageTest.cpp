@@ -32,12 +32,7 @@ TEST_F(CDumpDBDDamageTest, DamageEndsTheTextWithItsPlace) {
     const std::string row = kPumpRows.substr(0, kPumpRows.size() / 2);
     const std::string data = kPumpHead + kPumpRows;
     const std::string all = data + kPumpAlarm;
-
-    const struct {
-        const char* name;
-        std::string bytes;
-        std::string expected;
-    } cases[] = {
+    const Table<const char*, std::string, std::string> cases = {
         {"nothing in the file", patched(sound.substr(0, 8), 4, four(0)), ""},
         {"headers alone", sound.substr(0, 8), missing("0x8", "0x0", "0x8")},
         {"cut in a prefix", sound.substr(0, 0x3f), missing("0x3c", "0x3", "0x8")},
@@ -99,10 +94,9 @@ TEST_F(CDumpDBDDamageTest, DamageEndsTheTextWithItsPlace) {
         {"no DHDR", patched(sound.substr(0, 0x3c) + sound.substr(0xf4), 4, four(0xb0)),
          missing("0x58", "0x0", "0xa")},
     };
-
-    for (const auto& c : cases) {
-        EXPECT_EQ(dump(c.bytes), c.expected) << c.name;
-        EXPECT_EQ(messages.texts, "") << c.name;
+    for (const auto& [name, bytes, expected] : cases) {
+        EXPECT_EQ(dump(bytes), expected) << name;
+        EXPECT_EQ(messages.texts, "") << name;
     }
 }
 

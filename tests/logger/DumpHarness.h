@@ -5,8 +5,6 @@
 #include "ScratchFolder.h"
 #include "logger/CDumpDBD.h"
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <string>
 
@@ -47,7 +45,7 @@ class DumpTest : public testing::Test {
     ScratchFolder folder;
     InternationalSettings international;
     RecordedMessages messages;
-    CountedProgress progress;
+    RecordedProgress progress;
 };
 
 inline const std::string kPumpHead = "Datetime,A.Level(m),A.Starts\n";

@@ -1,9 +1,6 @@
 #include "logger/TaggedDownload.h"
 #include "ScratchFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <ctime>
+#include "ZoneScope.h"
 
 namespace pellam {
 namespace {
@@ -15,50 +12,32 @@ std::string download(const std::string& start, const std::string& interval,
            interval + "</log interval>\r\nTemp,Wind\r\n<data>\r\n" + rows;
 }
 
-struct DownloadCase {
-    const char* name;
-    std::string input;
-    const char* rows; ///< the output behind its heading
-};
-
-std::ostream& operator<<(std::ostream& out, const DownloadCase& downloadCase) {
-    return out << downloadCase.name;
+TEST(TaggedDownload, CountsTheTimes) {
+    // rows: the output behind its heading
+    const Table<const char*, std::string, const char*> cases = {
+        {"Minutes", download("08/02/25 11:53:15", "0000000 00:10:05", ">1.5>2\r\n>3>4\r\n"),
+         "2008/02/25 11:53:15,1.5,2\r\n2008/02/25 12:03:20,3,4\r\n"},
+        {"Days", download("08/02/28 23:00:00", "0000001 01:00:00", ">1\n>2\n"),
+         "2008/02/28 23:00:00,1\r\n2008/03/01 00:00:00,2\r\n"},
+        {"NoDaylightJump", download("08/03/09 01:30:00", "0 00:0001:00:00", ">1\n>2\n"),
+         "2008/03/09 01:30:00,1\r\n2008/03/09 02:30:00,2\r\n"},
+        {"ZeroMonthAndDay", download("09/00/00 00:00:01", "1", ">1\n"),
+         "2009/01/01 00:00:01,1\r\n"},
+        {"NoSuchDate", download("09/02/30 00:00:00", "1", ">1\n"), "2009/03/02 00:00:00,1\r\n"},
+        {"ReadsOnPastTheEndTag", download("09/01/01 00:00:00", "1", ">1\n</data>\n>2"),
+         "2009/01/01 00:00:00,1\r\n2009/01/02 00:00:00,2\r\n"},
+        {"AbsurdNumbers", download("99999999999", "99999999999", ">1\n>2\n"),
+         "9999/12/31 23:59:59,1\r\n9999/12/31 23:59:59,2\r\n"},
+        {"NoRows", download("09/01/01 00:00:00", "1", ""), ""},
+    };
+    const ZoneScope zone("America/New_York"); // has a clock change on 2008-03-09 at 02:00
+    for (const auto& [name, input, rows] : cases) {
+        const ScratchFolder folder;
+        EXPECT_EQ(convertTaggedDownload(folder.write("site.txt", input)).text(), "") << name;
+        EXPECT_EQ(folder.read("site.csv"), std::string("Time,Temp,Wind\r\n") + rows) << name;
+        EXPECT_EQ(folder.list(), "site.csv site.txt");
+    }
 }
-
-class TaggedDownloadTest : public testing::TestWithParam<DownloadCase> {};
-
-TEST_P(TaggedDownloadTest, CountsTheTimes) {
-    ::setenv("TZ", "America/New_York", 1); // has a clock change on 2008-03-09 at 02:00
-    ::tzset();
-    const ScratchFolder folder;
-    const Failure failure = convertTaggedDownload(folder.write("site.txt", GetParam().input));
-    ::setenv("TZ", "UTC", 1);
-    ::tzset();
-    EXPECT_EQ(failure.text(), "");
-    EXPECT_EQ(folder.read("site.csv"), std::string("Time,Temp,Wind\r\n") + GetParam().rows);
-    EXPECT_EQ(folder.list(), "site.csv site.txt");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Downloads, TaggedDownloadTest,
-    testing::Values(
-        DownloadCase{"Minutes",
-                     download("08/02/25 11:53:15", "0000000 00:10:05", ">1.5>2\r\n>3>4\r\n"),
-                     "2008/02/25 11:53:15,1.5,2\r\n2008/02/25 12:03:20,3,4\r\n"},
-        DownloadCase{"Days", download("08/02/28 23:00:00", "0000001 01:00:00", ">1\n>2\n"),
-                     "2008/02/28 23:00:00,1\r\n2008/03/01 00:00:00,2\r\n"},
-        DownloadCase{"NoDaylightJump", download("08/03/09 01:30:00", "0 00:0001:00:00", ">1\n>2\n"),
-                     "2008/03/09 01:30:00,1\r\n2008/03/09 02:30:00,2\r\n"},
-        DownloadCase{"ZeroMonthAndDay", download("09/00/00 00:00:01", "1", ">1\n"),
-                     "2009/01/01 00:00:01,1\r\n"},
-        DownloadCase{"NoSuchDate", download("09/02/30 00:00:00", "1", ">1\n"),
-                     "2009/03/02 00:00:00,1\r\n"},
-        DownloadCase{"ReadsOnPastTheEndTag", download("09/01/01 00:00:00", "1", ">1\n</data>\n>2"),
-                     "2009/01/01 00:00:00,1\r\n2009/01/02 00:00:00,2\r\n"},
-        DownloadCase{"AbsurdNumbers", download("99999999999", "99999999999", ">1\n>2\n"),
-                     "9999/12/31 23:59:59,1\r\n9999/12/31 23:59:59,2\r\n"},
-        DownloadCase{"NoRows", download("09/01/01 00:00:00", "1", ""), ""}),
-    [](const auto& row) { return row.param.name; });
 
 TEST(TaggedDownload, RefusesWhatIsNoDownloadAndLeavesTheOldOutput) {
     const ScratchFolder folder;

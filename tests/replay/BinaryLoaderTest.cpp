@@ -1,7 +1,5 @@
 #include "LoadHarness.h"
 
-#include <iterator>
-
 namespace pellam {
 namespace {
 
@@ -9,15 +7,8 @@ using test::LoadTest;
 
 class BinaryLoaderTest : public LoadTest {
   protected:
-    BinaryLoaderTest() {
-        std::ifstream file(PELLAM_SAMPLES "/tank-gauge.dbd", std::ios::binary);
-        bytes.assign(std::istreambuf_iterator<char>(file), {});
-        EXPECT_EQ(bytes.substr(0, 4), "DTDT");
-        saveFolder = m_folder.string();
-    }
-
     LoadOutcome loadBinary(const std::string& name, const std::string& contents) {
-        std::ofstream(m_folder / name, std::ios::binary) << contents;
+        folder.write(name, contents);
         return loadBinary(name);
     }
 
@@ -26,7 +17,7 @@ class BinaryLoaderTest : public LoadTest {
         LoadContext context{*grid, international, corrections, messages, progress, chooser};
         context.saveFolder = [this] { return saveFolder; };
         context.askSaveFolder = [this] { saveFolder = answer; };
-        return SessionLoader(context).load(m_folder / name);
+        return SessionLoader(context).load(folder.path(name));
     }
 
     std::string row(Row index) const {
@@ -36,44 +27,35 @@ class BinaryLoaderTest : public LoadTest {
         return text;
     }
 
-    std::string bytes;
-    std::string saveFolder;
+    const std::string bytes = ScratchFolder::contents(PELLAM_SAMPLES "/tank-gauge.dbd");
+    std::string saveFolder = folder.path();
     std::string answer; ///< what the person enters as save folder
 };
 
 TEST_F(BinaryLoaderTest, LoadsEveryFieldWithTheSeparatorsOfTheUser) {
     const std::string start = "2008/11/10 11:20:00";
-
-    const struct {
-        char decimal;
-        char list;
-        const char* csvStart;
-    } cases[] = {
+    const Table<char, char, const char*> cases = {
         {'.', ',', "Datetime,A.Level(m),"}, {',', ';', "Datetime;A.Level(m);"},
         {',', ',', "Datetime;A.Level(m);"}, {'.', ':', "Datetime;A.Level(m);"},
         {';', ';', "Datetime,A.Level(m),"}, {'.', '|', "Datetime|A.Level(m)|"},
     };
-
-    for (const auto& c : cases) {
-        useSeparators(c.decimal, c.list);
-        const std::string name{c.decimal, c.list};
+    for (const auto& [decimal, list, csvStart] : cases) {
+        useSeparators(decimal, list);
+        const std::string name{decimal, list};
         const LoadOutcome outcome = loadBinary("Tank 4.b.DBD", bytes);
         EXPECT_EQ(messages.texts, "") << name;
         EXPECT_TRUE(outcome.loaded && outcome.kind == LoadOutcome::Kind::Binary) << name;
-        EXPECT_EQ(outcome.path, m_folder / "Tank 4.b.DBD");
+        EXPECT_EQ(outcome.path, folder.path("Tank 4.b.DBD"));
         EXPECT_EQ(outcome.fileSize, 23452);
         EXPECT_EQ(outcome.rows, 300) << name;
         EXPECT_EQ(grid->column(2).label(), "A.Product temp(degC)") << name;
         EXPECT_EQ(grid->channelCount(), 5) << name;
-        const std::string d(1, c.decimal);
+        const std::string d(1, decimal);
         EXPECT_EQ(row(34), start + d + "000000|1" + d + "71374|11" + d +
                                "49621|13|filling, pump 2|" + start + d + "000000")
             << name;
         EXPECT_EQ(cell(1, 140), "Overrange") << name;
-        std::ifstream csv(m_folder / "Tank 4.b.csv");
-        std::string line;
-        std::getline(csv, line);
-        EXPECT_EQ(line.substr(0, 20), c.csvStart) << name;
+        EXPECT_TRUE(folder.read("Tank 4.b.csv").starts_with(csvStart)) << name;
     }
 }
 
@@ -84,14 +66,14 @@ TEST_F(BinaryLoaderTest, AsksForASaveFolderOnce) {
         "now open to allow you to enter this setting\n";
     EXPECT_FALSE(loadBinary("a.dbd", bytes).loaded);
     EXPECT_EQ(messages.texts, warning);
-    answer = m_folder / "converted";
+    answer = folder.path("converted");
     std::filesystem::create_directory(answer);
     EXPECT_EQ(loadBinary("a.dbd", bytes).rows, 300);
     EXPECT_EQ(messages.texts, warning);
-    EXPECT_TRUE(std::filesystem::exists(m_folder / "converted" / "a.csv"));
+    EXPECT_TRUE(folder.read("converted/a.csv").starts_with("Datetime,"));
     EXPECT_EQ(loadBinary("a.dbd", bytes).rows, 300);
     EXPECT_EQ(messages.texts, "");
-    EXPECT_FALSE(loadFile(m_folder / "a.dbd").loaded); // nobody to ask
+    EXPECT_FALSE(loadFile(folder.path("a.dbd")).loaded); // nobody to ask
     EXPECT_EQ(messages.texts, warning);
 }
 
@@ -106,21 +88,23 @@ TEST_F(BinaryLoaderTest, DamageShowsInTheRows) {
 
 TEST_F(BinaryLoaderTest, AFailedConversionNeverShowsAnEarlierFilesText) {
     const std::string old = "Datetime,A.Old(m)\n2008/11/10 11:20:00.000000,1.00000\n";
-    std::ofstream(m_folder / "gone.csv") << old;
+    folder.write("gone.csv", old);
     EXPECT_FALSE(loadBinary("gone.dbd").loaded);
-    EXPECT_EQ(messages.texts, "Can not open " + (m_folder / "gone.dbd").string() + " for read\n");
+    EXPECT_EQ(messages.texts, "Can not open " + folder.path("gone.dbd") + " for read\n");
     EXPECT_EQ(grid->rowCount(), 0);
-    std::filesystem::create_directory(m_folder / "held.csv");
+    std::filesystem::create_directory(folder.path("held.csv"));
     EXPECT_FALSE(loadBinary("held.dbd", bytes).loaded);
-    EXPECT_EQ(messages.texts, "Can not open " + (m_folder / "held.csv").string() + " for write\n");
+    EXPECT_EQ(messages.texts, "Can not open " + folder.path("held.csv") + " for write\n");
 }
 
 TEST_F(BinaryLoaderTest, AnAbortedConversionLoadsNothing) {
+    folder.write("a.csv", "old");
     progress.abortAfter = 0;
     const LoadOutcome outcome = loadBinary("a.dbd", bytes);
     EXPECT_TRUE(outcome.aborted);
     EXPECT_FALSE(outcome.loaded);
-    EXPECT_FALSE(std::filesystem::exists(m_folder / "a.csv"));
+    EXPECT_EQ(folder.list(), "a.csv a.dbd");
+    EXPECT_EQ(folder.read("a.csv"), "old");
     EXPECT_EQ(messages.texts, "");
 }
 

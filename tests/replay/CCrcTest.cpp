@@ -1,8 +1,6 @@
 #include "replay/CCrc16.h"
 #include "replay/CCrc32.h"
 
-#include <gtest/gtest.h>
-
 #include <random>
 #include <string>
 

@@ -1,5 +1,6 @@
 #include "replay/CMyTime.h"
-#include "LoadHarness.h"
+#include "ZoneScope.h"
+#include "replay/TimeCorrections.h"
 
 #include <cmath>
 #include <limits>
@@ -7,24 +8,16 @@
 namespace pellam {
 namespace {
 
-using test::Zone;
-
 constexpr const char* kFull = "%Y/%m/%d %H:%M:%S";
 
 std::string shown(const CMyTime& time) {
     return std::to_string(time.GetTotalSeconds()) + "+" + std::to_string(time.GetMicroSecond());
 }
 
-struct MidnightCase {
-    const char* zone;
-    const char* date;
-    const char* utc;   ///< the moment of its standard midnight
-    const char* local; ///< what the clocks there show then
-};
-
 // Standard midnight is an hour late on summer clocks.
 TEST(CMyTime, DatesBeginAtStandardMidnight) {
-    const MidnightCase cases[] = {
+    // utc: the moment of its standard midnight; local: what the clocks there show then
+    const Table<const char*, const char*, const char*, const char*> cases = {
         {"UTC", "2008/02/25", "2008/02/25 00:00:00", "2008/02/25 00:00:00"},
         {"America/New_York", "2008/02/25", "2008/02/25 05:00:00", "2008/02/25 00:00:00"},
         {"America/New_York", "2008/07/04", "2008/07/04 05:00:00", "2008/07/04 01:00:00"},
@@ -37,20 +30,20 @@ TEST(CMyTime, DatesBeginAtStandardMidnight) {
         {"UTC", "2009/02/30", "2009/03/02 00:00:00", "2009/03/02 00:00:00"},
         {"UTC", "2106/02/07", "2106/02/07 00:00:00", "2106/02/07 00:00:00"},
     };
-    for (const MidnightCase& row : cases) {
+    for (const auto& [zone, date, utc, local] : cases) {
         CMyTime time;
         {
-            const Zone zone(row.zone);
-            ASSERT_EQ(time.ParseDate(row.date), 1);
-            EXPECT_EQ(time.Format(kFull), row.local) << row.zone;
+            const ZoneScope scope(zone);
+            ASSERT_EQ(time.ParseDate(date), 1);
+            EXPECT_EQ(time.Format(kFull), local) << zone;
         }
-        const Zone utc("UTC");
-        EXPECT_EQ(time.Format(kFull), row.utc) << row.zone << ' ' << row.date;
+        const ZoneScope scope("UTC");
+        EXPECT_EQ(time.Format(kFull), utc) << zone << ' ' << date;
     }
 }
 
 TEST(CMyTime, YearsOutsideTheCountWrapAndNeverFail) {
-    const Zone utc("UTC");
+    const ZoneScope utc("UTC");
     for (const char* date : {"1900/01/01", "1969/12/31", "2107/01/01", "9999/99/99",
                              "-999999999/1/1", "99999999999/99999999999/99999999999"}) {
         CMyTime time;
@@ -62,13 +55,9 @@ TEST(CMyTime, YearsOutsideTheCountWrapAndNeverFail) {
     EXPECT_EQ(shown(before), "1+0");
 }
 
-struct ParseCase {
-    const char* text;
-    const char* result; ///< "=" when the value must be unchanged
-};
-
 TEST(CMyTime, ParsesTimesOfDay) {
-    const ParseCase cases[] = {
+    // result: "=" when the value must be unchanged
+    const Table<const char*, const char*> cases = {
         {"12:00:05", "43205+0"},
         {"12:00:05.5", "43205+500000"},
         {"12:00:05.25,7", "43205+250000"},
@@ -84,18 +73,17 @@ TEST(CMyTime, ParsesTimesOfDay) {
         {"12-00-05", "="},
         {"", "="},
     };
-    for (const ParseCase& row : cases) {
+    for (const auto& [text, result] : cases) {
         CMyTime time(0.000009);
         const std::string before = shown(time);
-        const int result = time.ParseTime(row.text);
-        EXPECT_EQ(result, std::string(row.result) == "=" ? 0 : 1) << row.text;
-        EXPECT_EQ(shown(time), result == 1 ? row.result : before) << row.text;
+        EXPECT_EQ(time.ParseTime(text), *result == '=' ? 0 : 1) << text;
+        EXPECT_EQ(shown(time), *result == '=' ? before : result) << text;
     }
 }
 
 TEST(CMyTime, ParsesDatesAndTimesInSixPieces) {
-    const Zone utc("UTC");
-    const ParseCase cases[] = {
+    const ZoneScope utc("UTC");
+    const Table<const char*, const char*> cases = {
         {"2008/02/25,11:53:15", "2008/02/25 11:53:15"},
         {"2008/02/25, 11:53:15.9", "2008/02/25 11:53:15"},
         {"2008 2 25 1 2 3", "2008/02/25 01:02:03"},
@@ -103,13 +91,13 @@ TEST(CMyTime, ParsesDatesAndTimesInSixPieces) {
         {"2008/02/25 11:53", "="},
         {"", "="},
     };
-    for (const ParseCase& row : cases) {
+    for (const auto& [text, result] : cases) {
         CMyTime time(1.5);
-        if (time.ParseDateTime(row.text) == 1) {
-            EXPECT_EQ(time.Format(kFull), row.result) << row.text;
+        if (time.ParseDateTime(text) == 1) {
+            EXPECT_EQ(time.Format(kFull), result) << text;
             EXPECT_EQ(time.GetMicroSecond(), 0U);
         } else {
-            EXPECT_STREQ(row.result, "=") << row.text;
+            EXPECT_STREQ(result, "=") << text;
             EXPECT_EQ(shown(time), "1+500000");
         }
     }
@@ -121,16 +109,16 @@ TEST(CMyTime, ParsesDatesAndTimesInSixPieces) {
 }
 
 TEST(CMyTime, AddsSubSecondFields) {
-    const ParseCase cases[] = {{"0.25,1:A,7.5", "100+26"},
-                               {"2.000488", "102+489"},
-                               {"0000,1:A,7.5,3.9", "100+6"},
-                               {"1000", "1100+1"},
-                               {"0.5", "="},
-                               {"", "="}};
-    for (const ParseCase& row : cases) {
+    const Table<const char*, const char*> cases = {{"0.25,1:A,7.5", "100+26"},
+                                                   {"2.000488", "102+489"},
+                                                   {"0000,1:A,7.5,3.9", "100+6"},
+                                                   {"1000", "1100+1"},
+                                                   {"0.5", "="},
+                                                   {"", "="}};
+    for (const auto& [text, result] : cases) {
         CMyTime time(100.000001);
-        EXPECT_EQ(time.SetDateTimeOffset(row.text), *row.result == '=' ? 0 : 1) << row.text;
-        EXPECT_EQ(shown(time), *row.result == '=' ? "100+1" : row.result) << row.text;
+        EXPECT_EQ(time.SetDateTimeOffset(text), *result == '=' ? 0 : 1) << text;
+        EXPECT_EQ(shown(time), *result == '=' ? "100+1" : result) << text;
     }
 }
 
@@ -156,7 +144,7 @@ TEST(CMyTime, ComparesByItsRules) {
 }
 
 TEST(CMyTime, GivesItsParts) {
-    const Zone kolkata("Asia/Kolkata");
+    const ZoneScope kolkata("Asia/Kolkata");
     CMyTime time;
     time.ParseDateTime("2008/02/25 01:02:03");
     EXPECT_EQ(time.GetMonth(), 2008);
@@ -172,7 +160,7 @@ TEST(CMyTime, GivesItsParts) {
 }
 
 TEST(CMyTime, OleDatesAreLocal) {
-    const Zone york("America/New_York");
+    const ZoneScope york("America/New_York");
     const CMyTime summer(OleDate{39633.5 + 0.25 / 86400}); // 2008-07-04 12:00:00.25
     EXPECT_EQ(summer.Format(kFull), "2008/07/04 12:00:00");
     EXPECT_NEAR(summer.GetOLEDateTime().days, 39633.5, 1e-9);
@@ -183,7 +171,7 @@ TEST(CMyTime, OleDatesAreLocal) {
 }
 
 TEST(CMyTime, FormatsFractionsOnlyWhereThePatternAsks) {
-    const Zone york("America/New_York");
+    const ZoneScope york("America/New_York");
     CMyTime time;
     time.ParseDateTime("2008/07/04 11:30:00"); // daylight saving: the clocks show 12:30
     time += CMyTime(0.1235);
@@ -200,6 +188,25 @@ TEST(CMyTime, ClocksAgreeToTheSecond) {
     EXPECT_NEAR(CMyTime::GetTickCount(), now, 1.01);
     EXPECT_NEAR(CMyTime::GetTrendCurrentTime(), now, 2.0);
     EXPECT_LT(std::fmod(CMyTime::GetTickCount(), 1.0), 0.001);
+}
+
+TEST(TimeCorrections, ComeFromTheZone) {
+    constexpr std::int64_t kJanuary = 1'200'355'200; // 2008-01-15
+    constexpr std::int64_t kJuly = 1'216'080'000;    // 2008-07-15
+    const Table<const char*, std::int64_t, int, int> rows = {
+        {"UTC", kJuly, 0, 0},
+        {"America/New_York", kJanuary, 18000, 0},
+        {"America/New_York", kJuly, 18000, -3600},
+        {"Australia/Sydney", kJanuary, -36000, -3600},
+        {"Australia/Sydney", kJuly, -36000, 0},
+        {"Australia/Lord_Howe", kJanuary, -37800, -1800},
+        {"Asia/Kolkata", kJanuary, -19800, 0}};
+    for (const auto& [zone, now, standard, daylight] : rows) {
+        const ZoneScope scope(zone);
+        const TimeCorrections corrections = TimeCorrections::fromZone(now);
+        EXPECT_EQ(corrections.standardBias, standard) << zone;
+        EXPECT_EQ(corrections.daylightBias, daylight) << zone;
+    }
 }
 
 } // namespace

@@ -8,8 +8,6 @@
 namespace pellam {
 namespace {
 
-using test::Zone;
-
 constexpr const char* kFull = "%Y/%m/%d %H:%M:%S";
 
 class ReplayFileTest : public testing::Test {
@@ -30,20 +28,14 @@ class ReplayFileTest : public testing::Test {
                std::string(line.substr(0, line.find_last_not_of("\r\n") + 1));
     }
 
-    Zone zone{"UTC"};
+    ZoneScope zone{"UTC"};
     ScratchFolder folder;
     test::RecordedMessages messages;
     TimeCorrections corrections;
 };
 
 TEST_F(ReplayFileTest, ReadsTheFactsOfEveryHeader) {
-    struct Row {
-        const char* name;
-        const char* bytes;
-        const char* facts;
-    };
-
-    const Row rows[] = {
+    const Table<const char*, const char*, const char*> rows = {
         {"tagged",
          "<Crypt>No</Crypt>\r\n<Type>Data</Type>\r\n<Description>\"Mast 7\"\r\n"
          "<IDATA_MAP type=\"ql5xx\">\r\nS,1,map\r\n<ALL_DATA>\r\nD,1\r\nD,2\r\n",
@@ -69,10 +61,10 @@ TEST_F(ReplayFileTest, ReadsTheFactsOfEveryHeader) {
         {"empty", "",
          "crypt 0, type -1, header 0, lines 0, name [], from [Unknown], map [], at (end)"},
     };
-    for (const Row& row : rows) {
-        CReplayFile file = open(row.bytes);
-        ASSERT_TRUE(file.isOpen()) << row.name;
-        EXPECT_EQ(shown(file), row.facts) << row.name;
+    for (const auto& [name, bytes, facts] : rows) {
+        CReplayFile file = open(bytes);
+        ASSERT_TRUE(file.isOpen()) << name;
+        EXPECT_EQ(shown(file), facts) << name;
     }
     EXPECT_EQ(messages.texts, "");
 }
@@ -141,7 +133,7 @@ TEST_F(ReplayFileTest, ExtractsTimes) {
 }
 
 TEST_F(ReplayFileTest, CorrectsTimesForTheZone) {
-    const Zone york("America/New_York");
+    const ZoneScope york("America/New_York");
     corrections = {18000, -3600};
     CReplayFile file = open("D,9,2008/07/04,12:00:00,0.0\nD,1,617976000,1:A\nD,1,602337600,1:A\n");
     EXPECT_EQ(file.FirstTime().Format(kFull), "2008/07/04 12:00:00");
@@ -150,13 +142,8 @@ TEST_F(ReplayFileTest, CorrectsTimesForTheZone) {
 }
 
 TEST_F(ReplayFileTest, StripsTheMapToTheSchedulesOfTheData) {
-    struct Row {
-        const char* data;
-        const char* map;
-        const char* stripped; ///< "=" when it must be unchanged
-    };
-
-    const Row rows[] = {
+    // "=" when it must be unchanged
+    const Table<const char*, const char*, const char*> rows = {
         {",1:A,", "h<A,\"q<a<b>>><B,\"r>", "h<A,q<a<b>>>:"},
         {",0:B,\n,1;K", "h<A,\"q><B,\"r<x>>", "h<B,r<x>><K>:"},
         {",1:X\n,0;V\n,1:A", "h,14;<X,\"x><V,\"v>", "h,14;<A><X,x><V,v>:"},
@@ -168,12 +155,12 @@ TEST_F(ReplayFileTest, StripsTheMapToTheSchedulesOfTheData) {
         {",1:A", "h<B,\"r>", "="},
         {",1:A", "h,14;<A,\"r>", "="},
     };
-    for (const Row& row : rows) {
-        CReplayFile file = open(std::string("<ALL_DATA>\n") + row.data);
-        std::string map = row.map;
-        const bool unchanged = std::strcmp(row.stripped, "=") == 0;
-        EXPECT_EQ(file.StripDataMap(map), unchanged ? 0 : 1) << row.map;
-        EXPECT_EQ(map, unchanged ? row.map : row.stripped);
+    for (const auto& [data, map, stripped] : rows) {
+        CReplayFile file = open(std::string("<ALL_DATA>\n") + data);
+        std::string changed = map;
+        const bool unchanged = std::strcmp(stripped, "=") == 0;
+        EXPECT_EQ(file.StripDataMap(changed), unchanged ? 0 : 1) << map;
+        EXPECT_EQ(changed, unchanged ? map : stripped);
     }
 }
 

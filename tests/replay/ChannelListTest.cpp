@@ -1,7 +1,5 @@
 #include "replay/ChannelList.h"
 
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 

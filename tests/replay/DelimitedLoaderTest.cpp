@@ -9,15 +9,7 @@ class DelimitedLoaderTest : public LoadTest {};
 
 TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
     const std::string time = "2008/02/25 11:00:00";
-
-    const struct {
-        const char* name;
-        const char* file;
-        char decimal;
-        char list;
-        std::string bytes;
-        std::string expected;
-    } cases[] = {
+    const Table<const char*, const char*, char, char, std::string, std::string> cases = {
         {"plain", "a.csv", '.', ',', "Time,T(degC),F(l/s)\n" + time + ",12.500,3.000\n",
          "Time|T(degC)|F(l/s)\n" + time + "|12.5|3"},
         {"tabs in .TXT", "a.TXT", '.', ',', "Time\tT,x\r\n" + time + "\t1,5\r\n",
@@ -55,20 +47,19 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
         {"blank lines before the headings", "a.csv", '.', ',',
          "\r\n;;;\r\nTime;A\r\n" + time + ";1,5\r\n", "Time|A\n" + time + "|1.5"},
     };
-
-    for (const auto& c : cases) {
-        useSeparators(c.decimal, c.list);
-        const LoadOutcome outcome = load(c.file, c.bytes);
-        EXPECT_TRUE(outcome.loaded) << c.name;
-        EXPECT_EQ(shown(), c.expected) << c.name;
-        EXPECT_EQ(messages.texts, "") << c.name;
+    for (const auto& [name, file, decimal, list, bytes, expected] : cases) {
+        useSeparators(decimal, list);
+        const LoadOutcome outcome = load(file, bytes);
+        EXPECT_TRUE(outcome.loaded) << name;
+        EXPECT_EQ(gridText(*grid), expected) << name;
+        EXPECT_EQ(messages.texts, "") << name;
     }
 }
 
 TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
     grey = true;
     load("a.csv", "Time,T(C),F(l/s),U(C),L,S(m/s)\nx,1,2,3,4,5\n");
-    EXPECT_EQ(shown(), "Time|T(C)|F(l/s)|U(C)|L|S(m/s)\n~x|~1|~2|~3|~4|~5");
+    EXPECT_EQ(gridText(*grid), "Time|T(C)|F(l/s)|U(C)|L|S(m/s)\n~x|~1|~2|~3|~4|~5");
     std::string axes;
     for (int c = 1; c <= 5; ++c)
         axes += std::to_string(grid->column(c).axis());
@@ -94,9 +85,9 @@ TEST_F(DelimitedLoaderTest, RefusalsAreShownAndLeaveAnEmptyGrid) {
     load("before.csv", "Time,A\nx,1\n");
     load("empty.csv", "");
     load("blank.txt", "\n\t\n");
-    std::filesystem::create_directory(m_folder / "folder.csv");
+    std::filesystem::create_directory(folder.path("folder.csv"));
     for (const char* name : {"missing.csv", "folder.csv", "empty.csv", "blank.txt"}) {
-        const LoadOutcome outcome = loadFile(m_folder / name);
+        const LoadOutcome outcome = loadFile(folder.path(name));
         EXPECT_FALSE(outcome.loaded);
         EXPECT_NE(messages.texts.find(name), std::string::npos) << messages.texts;
         EXPECT_EQ(grid->rowCount(), 0);

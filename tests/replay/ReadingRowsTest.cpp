@@ -7,7 +7,6 @@ namespace pellam {
 namespace {
 
 using test::LoadTest;
-using test::Zone;
 
 // Schedule A has a number, a date and a time; B two numbers and a text; nothing is known of C.
 const std::vector<std::string> kLabels = {"A.T(degC)", "A.Day.Date()", "A.At.Time()",
@@ -15,15 +14,15 @@ const std::vector<std::string> kLabels = {"A.T(degC)", "A.Day.Date()", "A.At.Tim
 
 class ReadingRowsTest : public LoadTest {
   protected:
-    void feed(const std::vector<std::string>& lines,
-              ReadingRows::Mode mode = ReadingRows::Mode::WholeFile) {
+    void feed(const std::string& lines, ReadingRows::Mode mode = ReadingRows::Mode::WholeFile) {
         grid->reset();
         const ColumnMap columns = chosen.empty() ? LabelPass(*grid).DisplayLabels(kLabels)
                                                  : LabelPass(*grid).DisplayChosenLabels(chosen);
         const LoadContext context{*grid,    international, corrections, messages,
                                   progress, chooser,       grey};
         ReadingRows rows(context, columns, mode);
-        for (const std::string& line : lines) {
+        std::istringstream stream(lines);
+        for (std::string line; std::getline(stream, line);) {
             // Lines come from a reader whose buffer goes on behind them.
             const std::string padded = line + std::string(64, ',');
             const bool ok = !line.ends_with("!");
@@ -35,13 +34,6 @@ class ReadingRowsTest : public LoadTest {
         damaged = rows.damagedLines();
     }
 
-    // The rows alone.
-    std::string rowsShown() const {
-        const std::string all = shown();
-        const std::size_t end = all.find('\n');
-        return end == std::string::npos ? "" : all.substr(end + 1);
-    }
-
     std::vector<std::string> chosen; ///< of a large file; none for all labels
     std::int64_t damaged = 0;
 };
@@ -50,69 +42,55 @@ TEST_F(ReadingRowsTest, PlacesValues) {
     const std::string d = "D,1,2008/02/25,11:00:00,0.25,1:A,0,";
     const std::string b = "D,1,2008/02/25,11:00:00,0.25,1:B,0,";
     const std::string t = "2008/02/25 11:00:00.25";
-
-    const struct {
-        const char* name;
-        std::vector<std::string> lines;
-        std::string expected;
-    } cases[] = {
-        {"without statuses", {d + "12.500,3.000"}, t + "|12.5|1989/01/04||||"},
-        {"with statuses", {b + "1.5,$0,2.50,$0l,\"on\",$4"}, t + "||||1.5|2.5|on"},
-        {"schedules of one time share a row", {d + "1", b + "2"}, t + "|1|||2||"},
-        {"identical lines count once", {d + "1", d + "1"}, t + "|1|||||"},
-        {"a second reading of one time keeps both",
-         {d + "1", d + "2"},
+    const Table<const char*, std::string, std::string> cases = {
+        {"without statuses", d + "12.500,3.000", t + "|12.5|1989/01/04||||"},
+        {"with statuses", b + "1.5,$0,2.50,$0l,\"on\",$4", t + "||||1.5|2.5|on"},
+        {"schedules of one time share a row", d + "1\n" + b + "2", t + "|1|||2||"},
+        {"identical lines count once", d + "1\n" + d + "1", t + "|1|||||"},
+        {"a second reading of one time keeps both", d + "1\n" + d + "2",
          t + "|1|||||\n" + t + "|2|||||"},
-        {"offset within the schedule", {"D,1,2008/02/25,11:00:00,0.25,1:B,1,7"}, t + "|||||7|"},
-        {"offset past the schedule", {"D,1,2008/02/25,11:00:00,0.25,1:A,3,7"}, t + "||||||"},
-        {"more values than channels stay out of the next schedule",
-         {d + "1,2,3,4,5"},
+        {"offset within the schedule", "D,1,2008/02/25,11:00:00,0.25,1:B,1,7", t + "|||||7|"},
+        {"offset past the schedule", "D,1,2008/02/25,11:00:00,0.25,1:A,3,7", t + "||||||"},
+        {"more values than channels stay out of the next schedule", d + "1,2,3,4,5",
          t + "|1|1989/01/03|00:00:03|||"},
-        {"a schedule without channels makes its row",
-         {"D,1,2008/02/25,11:00:00,0.25,1:C,0,9"},
+        {"a schedule without channels makes its row", "D,1,2008/02/25,11:00:00,0.25,1:C,0,9",
          t + "||||||"},
-        {"value ends at ';' and ends the values", {b + "1.5;0042,2"}, t + "||||1.5||"},
-        {"words are passed over", {b + "bad,1.5"}, t + "||||1.5||"},
-        {"empty fields are passed over", {b + ",,1.5,,2"}, t + "||||1.5|2|"},
-        {"whole numbers of the database", {b + "23.,$0l,0.,$4l"}, t + "||||23|0|"},
-        {"exponents stay", {b + "1.50E+10,-2.0e-3"}, t + "||||1.50E+10|-2.0e-3|"},
-        {"a value before ':'", {b + "1.5:x"}, t + "||||1.5||"},
-        {"time of day is one value everywhere", {b + "10:00:00,12:30"}, t + "||||10:00:00|12:30|"},
-        {"dates and times as they stand",
-         {d + "1,2008/02/24,10:15:00"},
+        {"value ends at ';' and ends the values", b + "1.5;0042,2", t + "||||1.5||"},
+        {"words are passed over", b + "bad,1.5", t + "||||1.5||"},
+        {"empty fields are passed over", b + ",,1.5,,2", t + "||||1.5|2|"},
+        {"whole numbers of the database", b + "23.,$0l,0.,$4l", t + "||||23|0|"},
+        {"exponents stay", b + "1.50E+10,-2.0e-3", t + "||||1.50E+10|-2.0e-3|"},
+        {"a value before ':'", b + "1.5:x", t + "||||1.5||"},
+        {"time of day is one value everywhere", b + "10:00:00,12:30", t + "||||10:00:00|12:30|"},
+        {"dates and times as they stand", d + "1,2008/02/24,10:15:00",
          t + "|1|2008/02/24|10:15:00|||"},
-        {"text channel keeps its zeros", {b + "1,2,1.500"}, t + "||||1|2|1.500"},
-        {"quoted text with a comma", {b + "1,2,\"a, b\""}, t + "||||1|2|a, b"},
+        {"text channel keeps its zeros", b + "1,2,1.500", t + "||||1|2|1.500"},
+        {"quoted text with a comma", b + "1,2,\"a, b\"", t + "||||1|2|a, b"},
         {"statuses 3 and 4 skip the line",
-         {"D,1,2008/02/25,11:00:00,0.25,3:A,0,1", "D,1,2008/02/25,11:00:00,0.25,4:A,0,1"},
+         "D,1,2008/02/25,11:00:00,0.25,3:A,0,1\n"
+         "D,1,2008/02/25,11:00:00,0.25,4:A,0,1",
          ""},
-        {"job name before the time",
-         {"D,1,\"JOB,1\",2008/02/25,11:00:00,0.25,0;A,0,1"},
+        {"job name before the time", "D,1,\"JOB,1\",2008/02/25,11:00:00,0.25,0;A,0,1",
          t + "|1|||||"},
-        {"tag in angle brackets", {"<D>1,2008/02/25,11:00:00,0.25,1:A,0,1"}, t + "|1|||||"},
-        {"prefix", {"[12]" + d + "1"}, t + "|1|||||"},
-        {"fraction without leading zero stays as it is",
-         {"D,1,2008/02/25,11:00:00,0,1:A,0,1"},
+        {"tag in angle brackets", "<D>1,2008/02/25,11:00:00,0.25,1:A,0,1", t + "|1|||||"},
+        {"prefix", "[12]" + d + "1", t + "|1|||||"},
+        {"fraction without leading zero stays as it is", "D,1,2008/02/25,11:00:00,0,1:A,0,1",
          "2008/02/25 11:00:00|1|||||"},
-        {"cut lines make no rows",
-         {"D", "D,1", "D,1,2008/02/25", "D,1,2008/02/25,11:00:00,0.25"},
-         ""},
-        {"a line that ends at its status makes its row",
-         {"D,1,2008/02/25,11:00:00,0.25,1:A"},
+        {"cut lines make no rows", "D\nD,1\nD,1,2008/02/25\nD,1,2008/02/25,11:00:00,0.25", ""},
+        {"a line that ends at its status makes its row", "D,1,2008/02/25,11:00:00,0.25,1:A",
          t + "||||||"},
         {"letters outside the alphabet",
-         {"D,1,2008/02/25,11:00:00,0.25,1:\xFF,0,1", "D,1,2008/02/25,11:00:00,0.25,1:a,0,1"},
+         "D,1,2008/02/25,11:00:00,0.25,1:\xFF,0,1\n"
+         "D,1,2008/02/25,11:00:00,0.25,1:a,0,1",
          t + "||||||"},
-        {"other lines", {"X,1", "", "A,1"}, ""},
-        {"damage colours the whole line", {d + "1!", b + "2"}, "!" + t + "|!1|||2||"},
-        {"the colour of a damaged text goes to the cell behind",
-         {b + "1,\"x\"!"},
+        {"other lines", "X,1\n\nA,1", ""},
+        {"damage colours the whole line", d + "1!\n" + b + "2", "!" + t + "|!1|||2||"},
+        {"the colour of a damaged text goes to the cell behind", b + "1,\"x\"!",
          "!" + t + "||||!1|x|!"},
     };
-
-    for (const auto& c : cases) {
-        feed(c.lines);
-        EXPECT_EQ(rowsShown(), c.expected) << c.name;
+    for (const auto& [name, lines, expected] : cases) {
+        feed(lines);
+        EXPECT_EQ(gridRows(*grid), expected) << name;
     }
     EXPECT_EQ(damaged, 1);
     EXPECT_EQ(grid->damagedRows().size(), 1U);
@@ -120,52 +98,47 @@ TEST_F(ReadingRowsTest, PlacesValues) {
 
 TEST_F(ReadingRowsTest, ACommaGridShowsCommas) {
     useSeparators(',', ';');
-    feed({"D,1,2008/02/25,12:30:15,0.25,1:B,0,1234.50,-0.10"});
-    EXPECT_EQ(rowsShown(), "2008/02/25 12:30:15,25||||1234,5|-0,1|");
+    feed("D,1,2008/02/25,12:30:15,0.25,1:B,0,1234.50,-0.10");
+    EXPECT_EQ(gridRows(*grid), "2008/02/25 12:30:15,25||||1234,5|-0,1|");
 }
 
 TEST_F(ReadingRowsTest, OnlySchedulesWithChosenChannelsMakeRows) {
-    feed({"<D>1,2008/02/25,11:00:00,0.0,1:A,0,1", "D,1,2008/02/25,11:00:01,0.0,1:C,0,1",
-          "D,1,2008/02/25,11:00:02,0.0,1:A,0,5"},
+    feed("<D>1,2008/02/25,11:00:00,0.0,1:A,0,1\n"
+         "D,1,2008/02/25,11:00:01,0.0,1:C,0,1\n"
+         "D,1,2008/02/25,11:00:02,0.0,1:A,0,5",
          ReadingRows::Mode::ChosenChannels);
-    EXPECT_EQ(rowsShown(), "2008/02/25 11:00:02.0|5|||||");
+    EXPECT_EQ(gridRows(*grid), "2008/02/25 11:00:02.0|5|||||");
 }
 
 TEST_F(ReadingRowsTest, ASecondReadingKeepsBothWhereTheFirstChannelIsNotChosen) {
     chosen = {"B.P(hPa){1}"};
     const std::string line = "D,1,2008/02/25,11:00:00,0.0,1:B,0,";
-    feed({line + "1,2", line + "3,4"}, ReadingRows::Mode::ChosenChannels);
-    EXPECT_EQ(rowsShown(), "2008/02/25 11:00:00.0|2\n2008/02/25 11:00:00.0|4");
+    feed(line + "1,2\n" + line + "3,4", ReadingRows::Mode::ChosenChannels);
+    EXPECT_EQ(gridRows(*grid), "2008/02/25 11:00:00.0|2\n2008/02/25 11:00:00.0|4");
 }
 
 TEST_F(ReadingRowsTest, NumericTimesCountFrom1989InEveryZone) {
     // 605516795 s after 1989-01-01 00:00:00 is 2008-03-10 07:06:35: daylight time in New York only
     // since the day before.
-    const struct {
-        const char* zone;
-        std::int32_t standardBias;
-        std::int32_t daylightBias;
-        const char* expected;
-    } cases[] = {
+    const Table<const char*, std::int32_t, std::int32_t, const char*> cases = {
         {"UTC", 0, 0, "2008/03/10 07:06:35"},
         {"America/New_York", 18000, -3600, "2008/03/10 07:06:35"},
         {"America/New_York", 18000, 0, "2008/03/10 08:06:35"},
         {"Asia/Kolkata", -19800, 0, "2008/03/10 07:06:35"},
         {"Australia/Sydney", -36000, -3600, "2008/03/10 07:06:35"},
     };
-
-    for (const auto& c : cases) {
-        const Zone zone(c.zone);
-        corrections = {c.standardBias, c.daylightBias};
-        feed({"D,1,605516795,1:A,0,1"});
-        EXPECT_EQ(cell(0, 0), c.expected) << c.zone << c.daylightBias;
+    for (const auto& [zone, standardBias, daylightBias, expected] : cases) {
+        const ZoneScope scope(zone);
+        corrections = {standardBias, daylightBias};
+        feed("D,1,605516795,1:A,0,1");
+        EXPECT_EQ(cell(0, 0), expected) << zone << daylightBias;
     }
 }
 
 TEST_F(ReadingRowsTest, NumericTimesKeepTheirFractionAndReachFar) {
-    const Zone zone("UTC");
-    feed({"D,1,605516795.25,1:A,0,1", "D,1,605516795.50,1:A,0,1", "D,1,9000000000,1:A,0,1",
-          "D,1,-1,1:A,0,1", "D,1,1e99,1:A,0,1", "D,1,99999999999999999999,1:A,0,1"});
+    const ZoneScope zone("UTC");
+    feed("D,1,605516795.25,1:A,0,1\nD,1,605516795.50,1:A,0,1\nD,1,9000000000,1:A,0,1\n"
+         "D,1,-1,1:A,0,1\nD,1,1e99,1:A,0,1\nD,1,99999999999999999999,1:A,0,1");
     std::string times;
     for (Row row = 0; row < grid->rowCount(); ++row)
         times += cell(0, row) + "\n";

@@ -1,28 +1,14 @@
 #include "TrendBench.h"
 
-#include <QAccessible>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
-const char* roleName(QAccessible::Role role) {
-    switch (role) {
-    case QAccessible::Chart:
-        return "chart";
-    case QAccessible::Grouping:
-        return "group";
-    case QAccessible::CheckBox:
-        return "check";
-    case QAccessible::Indicator:
-        return "mark";
-    default:
-        return "other";
-    }
-}
-
 std::string line(QAccessibleInterface& part) {
-    QString text = QString::fromLatin1(roleName(part.role())) + u' ' + part.text(QAccessible::Name);
+    static const std::map<QAccessible::Role, QString> roles{{QAccessible::Chart, u"chart "_qs},
+                                                            {QAccessible::Grouping, u"group "_qs},
+                                                            {QAccessible::CheckBox, u"check "_qs},
+                                                            {QAccessible::Indicator, u"mark "_qs}};
+    QString text = roles.at(part.role()) + part.text(QAccessible::Name);
     const QString value = part.text(QAccessible::Value);
     if (!value.isEmpty()) text += u": "_qs + QString(value).replace(u'\n', u" / "_qs);
     if (part.state().checked) text += u" [x]";

@@ -1,7 +1,6 @@
 #include "TrendBench.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace pellam {
 namespace {
@@ -129,44 +128,29 @@ TEST(CTrendInteraction, LassoTellsItsSpans) {
 }
 
 TEST(CTrendInteraction, KeysMoveAndZoom) {
-    const auto keys = [](std::initializer_list<std::pair<Qt::Key, Qt::KeyboardModifier>> all) {
-        return [pressed = std::vector(all)](TrendBench& b) {
-            for (const auto& [key, held] : pressed)
-                b.key(key, held);
-        };
+    const Table<const char*, const char*> rows = {
+        {"PgDown", "time 90..190 | 0..10 | 0..20"},
+        {"PgUp", "time -90..10 | 0..10 | 0..20"},
+        {"Ctrl+Right", "time 10..110 | 0..10 | 0..20"},
+        {"Shift+Left", "time -10..90 | 0..10 | 0..20"},
+        {"Up", "time 0..100 | 1..11 | 2..22"},
+        {"Down", "time 0..100 | -1..9 | -2..18"},
+        {"+", "time 10..90 | 0..10 | 0..20"},
+        {"Shift+=", "time 10..90 | 0..10 | 0..20"},
+        {"Ctrl+-", "time 0..100 | 0..10 | 0..20"}, // the owner's
+        {"Alt+-", "time 0..100 | -1.25..11.25 | -2.5..22.5"},
+        {"+, Backspace", "time 0..100 | 0..10 | 0..20"},
+        {"+, Backspace, Shift+Backspace", "time 10..90 | 0..10 | 0..20"},
+        {"+, Up, Backspace", "time 10..90 | 0..10 | 0..20"},
+        {"+, Up, Home", "time 0..100 | 0..10 | 0..20"},
+        {"+, Home, Backspace", "time 10..90 | 0..10 | 0..20"},
+        {"Backspace", "time 0..100 | 0..10 | 0..20"},
     };
-    const auto none = Qt::NoModifier;
-    compare({
-        {"PageDown", keys({{Qt::Key_PageDown, none}}), "time 90..190 | 0..10 | 0..20"},
-        {"PageUp", keys({{Qt::Key_PageUp, none}}), "time -90..10 | 0..10 | 0..20"},
-        {"Ctrl+Right", keys({{Qt::Key_Right, Qt::ControlModifier}}),
-         "time 10..110 | 0..10 | 0..20"},
-        {"Shift+Left", keys({{Qt::Key_Left, Qt::ShiftModifier}}), "time -10..90 | 0..10 | 0..20"},
-        {"Up", keys({{Qt::Key_Up, none}}), "time 0..100 | 1..11 | 2..22"},
-        {"Down", keys({{Qt::Key_Down, none}}), "time 0..100 | -1..9 | -2..18"},
-        {"Plus", keys({{Qt::Key_Plus, none}}), "time 10..90 | 0..10 | 0..20"},
-        {"Shift+Equal", keys({{Qt::Key_Equal, Qt::ShiftModifier}}), "time 10..90 | 0..10 | 0..20"},
-        {"Ctrl+Minus is the owner's", keys({{Qt::Key_Minus, Qt::ControlModifier}}),
-         "time 0..100 | 0..10 | 0..20"},
-        {"Alt+Minus", keys({{Qt::Key_Minus, Qt::AltModifier}}),
-         "time 0..100 | -1.25..11.25 | -2.5..22.5"},
-        {"Plus, Backspace", keys({{Qt::Key_Plus, none}, {Qt::Key_Backspace, none}}),
-         "time 0..100 | 0..10 | 0..20"},
-        {"Plus, Backspace, Shift+Backspace",
-         keys({{Qt::Key_Plus, none},
-               {Qt::Key_Backspace, none},
-               {Qt::Key_Backspace, Qt::ShiftModifier}}),
-         "time 10..90 | 0..10 | 0..20"},
-        {"Plus, Up, Backspace",
-         keys({{Qt::Key_Plus, none}, {Qt::Key_Up, none}, {Qt::Key_Backspace, none}}),
-         "time 10..90 | 0..10 | 0..20"},
-        {"Plus, Up, Home", keys({{Qt::Key_Plus, none}, {Qt::Key_Up, none}, {Qt::Key_Home, none}}),
-         "time 0..100 | 0..10 | 0..20"},
-        {"Plus, Home, Backspace",
-         keys({{Qt::Key_Plus, none}, {Qt::Key_Home, none}, {Qt::Key_Backspace, none}}),
-         "time 10..90 | 0..10 | 0..20"},
-        {"Backspace alone", keys({{Qt::Key_Backspace, none}}), "time 0..100 | 0..10 | 0..20"},
-    });
+    for (const auto& [keys, shown] : rows) {
+        TrendBench bench(kRows);
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(keys)));
+        EXPECT_EQ(bench.shown(), shown) << keys;
+    }
 }
 
 TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
@@ -287,12 +271,8 @@ TEST(CTrendInteraction, CurvesBeyondTheLegendAreInItsMenu) {
 }
 
 TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
-    const struct {
-        const char* name;
-        const char *min, *max;
-        bool logarithmic;
-        const char* shown; // "" = the dialog refuses
-    } rows[] = {
+    // shown: "" = the dialog refuses
+    const Table<const char*, const char*, const char*, bool, const char*> rows = {
         {"plain", "-5", "12.5", false, "time 0..100 | -5..12.5 | 0..20"},
         {"decimal comma", "0,5", "2", false, "time 0..100 | 0.5..2 | 0..20"},
         {"logarithmic", "1", "1000", true, "time 0..100 | 1..1000 | 0..20"},
@@ -300,9 +280,8 @@ TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
         {"no number", "x", "1", false, ""},
         {"logarithm of zero", "0", "1", true, ""},
     };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, min, max, logarithmic, shown] : rows) {
+        SCOPED_TRACE(name);
         TrendBench bench(kRows);
         bool accepted = false;
         QTimer::singleShot(0, &bench.trend, [&] {
@@ -310,19 +289,19 @@ TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
             const auto edits = dialog->findChildren<QLineEdit*>();
             for (QLineEdit* edit : edits) {
                 if (edit->text() == u"0")
-                    edit->setText(QString::fromLatin1(row.min));
+                    edit->setText(QString::fromLatin1(min));
                 else if (edit->text() == u"10")
-                    edit->setText(QString::fromLatin1(row.max));
+                    edit->setText(QString::fromLatin1(max));
             }
-            dialog->findChild<QCheckBox*>()->setChecked(row.logarithmic);
+            dialog->findChild<QCheckBox*>()->setChecked(logarithmic);
             auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
             accepted = ok->isEnabled();
             accepted ? ok->click() : dialog->reject();
         });
         bench.doubleClick(bench.axis(1));
-        EXPECT_EQ(accepted, row.shown[0] != 0);
-        EXPECT_EQ(bench.shown(), accepted ? row.shown : "time 0..100 | 0..10 | 0..20");
-        EXPECT_EQ(bench.trend.GetYScLogarithmic(1), accepted && row.logarithmic ? 1 : 0);
+        EXPECT_EQ(accepted, shown[0] != 0);
+        EXPECT_EQ(bench.shown(), accepted ? shown : "time 0..100 | 0..10 | 0..20");
+        EXPECT_EQ(bench.trend.GetYScLogarithmic(1), accepted && logarithmic ? 1 : 0);
         EXPECT_EQ(bench.trend.canZoomBack(), accepted);
     }
 }

@@ -1,7 +1,5 @@
 #include "TrendBench.h"
 
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -25,17 +23,6 @@ std::string settings(const CTrend& trend) {
     return words.join(u" | ").toStdString();
 }
 
-TEST(CTrend, IsCreatedAsANamedChild) {
-    QWidget window;
-    CTrend trend;
-    trend.Create(&window);
-    EXPECT_EQ(trend.parentWidget(), &window);
-    EXPECT_EQ(trend.objectName(), u"Trend1");
-    EXPECT_EQ(trend.property("controlId").toInt(), 1001);
-    EXPECT_FALSE(trend.isHidden());
-    trend.setParent(nullptr);
-}
-
 TEST(CTrend, PointsMustBeLaterThanTheLast) {
     CTrend trend;
     trend.SetCurveMaxDataSets(3, 4);
@@ -54,6 +41,9 @@ TEST(CTrend, PointsMustBeLaterThanTheLast) {
     trend.DeleteData(3);
     EXPECT_FALSE(trend.GetDataRange(3));
     EXPECT_FALSE(trend.setCurvePoints(3, TrendTimes::create({1, 2}), {1}));
+    EXPECT_EQ(TrendTimes::create({1, 2, 2}), nullptr);
+    EXPECT_EQ(TrendTimes::create({1, NAN}), nullptr);
+    EXPECT_FALSE(TrendCurve().append(NAN, 4));
     EXPECT_FALSE(trend.GetDataRange(3));
 }
 
@@ -127,10 +117,7 @@ TEST(CTrend, LockedUpdatesDrawNothing) {
 }
 
 TEST(CTrend, MarksLieOverTheCurves) {
-    const struct {
-        const char* name;
-        std::function<void(TrendBench&)> act;
-    } rows[] = {
+    const Table<const char*, std::function<void(TrendBench&)>> rows = {
         {"crosshair", [](TrendBench& b) { b.hover(b.at(0.3, 0.5)); }},
         {"cursor", [](TrendBench& b) { b.key(Qt::Key_A); }},
         {"current row", [](TrendBench& b) { b.trend.setCurrentTime(30); }},
@@ -141,13 +128,12 @@ TEST(CTrend, MarksLieOverTheCurves) {
          }},
         {"focus", [](TrendBench& b) { b.key(Qt::Key_Tab); }},
     };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, act] : rows) {
+        SCOPED_TRACE(name);
         TrendBench bench(kRows);
         const QImage before = bench.trend.grab().toImage();
         const int drawings = bench.scene().drawings();
-        row.act(bench);
+        act(bench);
         const QImage after = bench.trend.grab().toImage();
         EXPECT_EQ(bench.scene().drawings(), drawings);
         QRegion changed;

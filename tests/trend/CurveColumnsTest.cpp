@@ -1,7 +1,8 @@
 #include "trend/CurveColumns.h"
 
-#include "PlainColumns.h"
+#include "trend/TrendCurve.h"
 
+#include <cmath>
 #include <random>
 
 using namespace pellam;
@@ -50,6 +51,47 @@ TrendCurve randomCurve(const Case& c, unsigned seed) {
     return curve;
 }
 
+// The columns of a curve found sample by sample: what the pyramid has to agree with.
+std::vector<ColumnSpan> plainColumns(const TrendCurve& curve, const ColumnGrid& grid,
+                                     const ScaleMap& map, double longestStep) {
+    std::vector<ColumnSpan> spans(static_cast<std::size_t>(grid.columns));
+    const double width = (grid.to - grid.from) / grid.columns;
+    const auto border = [&](int column) {
+        return column == grid.columns ? grid.to : grid.from + width * column;
+    };
+    const auto include = [](ColumnSpan& span, double pixel) {
+        const auto y = static_cast<float>(pixel);
+        if (span.empty || y < span.top) span.top = y;
+        if (span.empty || y > span.bottom) span.bottom = y;
+        span.empty = false;
+    };
+    double lastTime = NAN;
+    double lastPixel = NAN;
+    for (std::size_t i = 0; i < curve.size(); ++i) {
+        const double time = (*curve.times())[i];
+        const double value = curve.values()[i];
+        if (std::isnan(value) || (map.logarithmic() && value <= 0)) continue;
+        const double pixel = map.toPixel(value);
+        for (int column = 0; column < grid.columns; ++column) {
+            const bool last = column + 1 == grid.columns;
+            if (time >= border(column) && (time < border(column + 1) || (last && time == grid.to)))
+                include(spans[static_cast<std::size_t>(column)], pixel);
+        }
+        for (int column = 0; column <= grid.columns; ++column) {
+            const bool crosses = lastTime < border(column) && time >= border(column);
+            const bool atEnd = column == grid.columns && time == grid.to;
+            if (!crosses || atEnd || time - lastTime > longestStep) continue;
+            const double part = (grid.from + width * column - lastTime) / (time - lastTime);
+            const double y = lastPixel + (pixel - lastPixel) * part;
+            if (column > 0) include(spans[static_cast<std::size_t>(column - 1)], y);
+            if (column < grid.columns) include(spans[static_cast<std::size_t>(column)], y);
+        }
+        lastTime = time;
+        lastPixel = pixel;
+    }
+    return spans;
+}
+
 } // namespace
 
 TEST(CurveColumns, EqualWhatEverySampleGives) {
@@ -63,7 +105,7 @@ TEST(CurveColumns, EqualWhatEverySampleGives) {
             const auto starts = curve.times()->columnStarts(grid.from, grid.to, grid.columns);
             const auto quick = CurveColumns::find(curve, starts, grid, map, breakGaps);
             const double longest = breakGaps ? 3 * curve.usualStep() : INFINITY;
-            const auto expected = plain::plainColumns(curve, grid, map, longest);
+            const auto expected = plainColumns(curve, grid, map, longest);
             for (std::size_t i = 0; i < expected.size(); ++i) {
                 ASSERT_EQ(quick[i].empty, expected[i].empty) << c.name << ", column " << i;
                 if (expected[i].empty) continue;
@@ -116,23 +158,19 @@ TEST(CurveColumns, AreStraightWithinMicroseconds) {
 }
 
 TEST(CurveColumns, ALineBreaksOnlyOverMoreThanThreeSteps) {
-    struct Row {
-        double gap;
-        bool joined;
-    };
-
-    for (const Row row : {Row{2, true}, Row{3, true}, Row{3.01, false}, Row{40, false}}) {
+    for (const auto& [gap, joined] :
+         {std::pair{2.0, true}, {3, true}, {3.01, false}, {40, false}}) {
         std::vector<double> times{0, 1, 2, 3, 4};
         for (int i = 0; i < 4; ++i)
-            times.push_back(4 + row.gap + i);
+            times.push_back(4 + gap + i);
         std::vector<double> values(times.size(), 5.0);
         TrendCurve curve;
         curve.setPoints(TrendTimes::create(std::move(times)), std::move(values));
-        const ColumnGrid grid{0, 4 + row.gap + 3, 400};
+        const ColumnGrid grid{0, 4 + gap + 3, 400};
         const auto starts = curve.times()->columnStarts(grid.from, grid.to, grid.columns);
         const auto spans =
             CurveColumns::find(curve, starts, grid, ScaleMap(0, 10, false, 100, 0), true);
-        const auto middle = static_cast<std::size_t>((4 + row.gap / 2) / grid.to * 400);
-        EXPECT_EQ(!spans[middle].empty, row.joined) << row.gap;
+        const auto middle = static_cast<std::size_t>((4 + gap / 2) / grid.to * 400);
+        EXPECT_EQ(!spans[middle].empty, joined) << gap;
     }
 }

@@ -18,25 +18,21 @@ TrendCurve fiveSamples() {
 
 TEST(CurveReader, ReadsTheSampleAtOrBefore) {
     const TrendCurve curve = fiveSamples();
-
-    struct Row {
-        double time, before, previous, next, nearest; // values; NaN = none
-    };
-
-    const Row rows[] = {
+    // The values that are read, NaN for none.
+    const Table<double, double, double, double, double> rows = {
         {9.9, NAN, NAN, 1, 1}, {10, 1, NAN, 3, 1}, {25, 1, 1, 3, 3},
         {30, 3, 1, -5, 3},     {40, 3, 3, -5, 3},  {60, -5, -5, NAN, -5},
     };
     const auto valueOf = [](const std::optional<CurveSample>& sample) {
         return sample ? sample->value : NAN;
     };
-    for (const Row& row : rows) {
+    for (const auto& [time, before, previous, next, nearest] : rows) {
         const CurveReader reader(curve);
         const auto same = [](double a, double b) { return a == b || (a != a && b != b); };
-        EXPECT_TRUE(same(valueOf(reader.atOrBefore(row.time)), row.before)) << row.time;
-        EXPECT_TRUE(same(valueOf(reader.previous(row.time)), row.previous)) << row.time;
-        EXPECT_TRUE(same(valueOf(reader.next(row.time)), row.next)) << row.time;
-        EXPECT_TRUE(same(valueOf(reader.nearest(row.time)), row.nearest)) << row.time;
+        EXPECT_TRUE(same(valueOf(reader.atOrBefore(time)), before)) << time;
+        EXPECT_TRUE(same(valueOf(reader.previous(time)), previous)) << time;
+        EXPECT_TRUE(same(valueOf(reader.next(time)), next)) << time;
+        EXPECT_TRUE(same(valueOf(reader.nearest(time)), nearest)) << time;
     }
 }
 
@@ -62,23 +58,6 @@ TEST(CurveReader, SumsUpBetweenTwoTimes) {
     EXPECT_EQ(all.max, 1500);
     EXPECT_DOUBLE_EQ(all.mean, total / static_cast<double>(count));
     EXPECT_EQ(CurveReader(curve).statistics(7, 7).count, 0u);
-}
-
-TEST(TrendCurve, TakesOnlyLaterTimes) {
-    TrendCurve curve;
-    EXPECT_TRUE(curve.append(10, 1));
-    EXPECT_FALSE(curve.append(10, 2));
-    EXPECT_FALSE(curve.append(9, 3));
-    EXPECT_FALSE(curve.append(NAN, 4));
-    EXPECT_TRUE(curve.append(11, 5));
-    curve.setMaxDataSets(3);
-    for (int i = 0; i < 4; ++i)
-        EXPECT_TRUE(curve.append(20 + i, i));
-    EXPECT_EQ(curve.size(), 3u);
-    EXPECT_EQ(curve.times()->first(), 21);
-    EXPECT_EQ(curve.valueRange().max, 3);
-    EXPECT_EQ(TrendTimes::create({1, 2, 2}), nullptr);
-    EXPECT_EQ(TrendTimes::create({1, NAN}), nullptr);
 }
 
 TEST(TrendCurve, KeepsSharedTimesWhenPointsAreAppended) {

@@ -3,8 +3,6 @@
 #include "trend/ScaleMap.h"
 #include "trend/TimeTicks.h"
 
-#include <QDateTime>
-
 using namespace pellam;
 
 namespace {
@@ -29,14 +27,7 @@ double utc(const char* text) {
 } // namespace
 
 TEST(DecimalTicks, AreRound) {
-    struct Row {
-        const char* name;
-        double min, max;
-        int labels;
-        const char* expected;
-    };
-
-    const Row rows[] = {
+    const Table<const char*, double, double, int, const char*> rows = {
         {"hundreds", 0, 100, 6, "0 20 40 60 80 100"},
         {"through zero", -2.2, 8.8, 7, "-2 0 2 4 6 8"},
         {"fractions", 0.1, 0.35, 6, "0.10 0.15 0.20 0.25 0.30 0.35"},
@@ -45,22 +36,12 @@ TEST(DecimalTicks, AreRound) {
         {"small", 0, 3e-8, 4, "0 1e-8 2e-8 3e-8"},
         {"reversed", 1, 0, 4, ""},
     };
-    for (const Row& row : rows)
-        EXPECT_EQ(majors(DecimalTicks::find(row.min, row.max, row.labels)).toStdString(),
-                  row.expected)
-            << row.name;
+    for (const auto& [name, min, max, labels, expected] : rows)
+        EXPECT_EQ(majors(DecimalTicks::find(min, max, labels)).toStdString(), expected) << name;
 }
 
 TEST(LogTicks, StandAtDecades) {
-    struct Row {
-        const char* name;
-        double min, max;
-        int labels;
-        const char* expected;
-        std::size_t all;
-    };
-
-    const Row rows[] = {
+    const Table<const char*, double, double, int, const char*, std::size_t> rows = {
         {"three decades", 1, 1000, 5, "1 10 100 1000", 28},
         {"plain to a million", 1e-3, 1e6, 9, "0.001 0.01 0.1 1 10 100 1000 10000 100000 1000000",
          82},
@@ -71,23 +52,15 @@ TEST(LogTicks, StandAtDecades) {
         {"part of a decade", 3, 8, 6, "3 4 5 6 7 8", 26},
         {"not above zero", 0, 10, 5, "", 0},
     };
-    for (const Row& row : rows) {
-        const auto ticks = LogTicks::find(row.min, row.max, row.labels);
-        EXPECT_EQ(majors(ticks).toStdString(), row.expected) << row.name;
-        EXPECT_EQ(ticks.size(), row.all) << row.name;
+    for (const auto& [name, min, max, labels, expected, all] : rows) {
+        const auto ticks = LogTicks::find(min, max, labels);
+        EXPECT_EQ(majors(ticks).toStdString(), expected) << name;
+        EXPECT_EQ(ticks.size(), all) << name;
     }
 }
 
 TEST(TimeTicks, FallOnRoundLocalTimes) {
-    struct Row {
-        const char* zone;
-        const char* from;
-        const char* to;
-        int labels;
-        const char* expected;
-    };
-
-    const Row rows[] = {
+    const Table<const char*, const char*, const char*, int, const char*> rows = {
         {"UTC", "2024-05-01T10:00:00.100", "2024-05-01T10:00:00.104", 5,
          "00.100 (1 May 2024 10:00) 00.101 00.102 00.103 00.104"},
         {"UTC", "2024-05-01T23:59:50", "2024-05-02T00:00:10", 4,
@@ -109,13 +82,12 @@ TEST(TimeTicks, FallOnRoundLocalTimes) {
         {"UTC", "1925-01-01T00:00:00", "2025-01-01T00:00:00", 6, "1940 1960 1980 2000 2020"},
     };
     QLocale::setDefault(QLocale::c());
-    for (const Row& row : rows) {
-        const TimeTicks ticks{QTimeZone(row.zone)};
-        const TimeMarks marks = ticks.find(utc(row.from), utc(row.to), row.labels);
-        EXPECT_EQ(majors(marks.ticks).toStdString(), row.expected) << row.zone << ' ' << row.from;
+    for (const auto& [zone, from, to, labels, expected] : rows) {
+        const TimeTicks ticks{QTimeZone(zone)};
+        const TimeMarks marks = ticks.find(utc(from), utc(to), labels);
+        EXPECT_EQ(majors(marks.ticks).toStdString(), expected) << zone << ' ' << from;
         for (std::size_t i = 1; i < marks.ticks.size(); ++i)
-            EXPECT_LT(marks.ticks[i - 1].value, marks.ticks[i].value)
-                << row.zone << ' ' << row.from;
+            EXPECT_LT(marks.ticks[i - 1].value, marks.ticks[i].value) << zone << ' ' << from;
     }
 }
 

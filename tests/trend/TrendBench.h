@@ -4,8 +4,6 @@
 #include "trend/TrendCommands.h"
 #include "trend/TrendScene.h"
 
-#include <QtTest>
-#include <QtWidgets>
 #include <cmath>
 #include <string>
 
@@ -21,8 +19,6 @@ class TrendBench {
     /// "Curve1", "Curve2", ... with the units "u1", "u2", ... Shown are times 0 to 100, values 0 to
     /// 10 on axis 1, 0 to 20 on axis 2 and so on.
     explicit TrendBench(const char* rows) {
-        trend.Create(nullptr);
-        trend.resize(900, 600);
         std::vector<double> times;
         std::vector<std::vector<double>> curves;
         for (const QString& line : QString::fromLatin1(rows).split(u'\n', Qt::SkipEmptyParts)) {
@@ -38,8 +34,6 @@ class TrendBench {
     }
 
     TrendBench(std::vector<double>&& times, std::vector<std::vector<double>>&& curves) {
-        trend.Create(nullptr);
-        trend.resize(900, 600);
         load(std::move(times), std::move(curves));
     }
 
@@ -129,6 +123,8 @@ class TrendBench {
     static QString range(double min, double max) { return number(min) + u".."_qs + number(max); }
 
     void load(std::vector<double>&& times, std::vector<std::vector<double>>&& curves) {
+        trend.Create(nullptr);
+        trend.resize(900, 600);
         const auto shared = TrendTimes::create(std::move(times));
         for (std::size_t i = 0; i < curves.size(); ++i) {
             const int curve = static_cast<int>(i);

@@ -62,16 +62,10 @@ TEST(TrendLayout, ShowsAFewMicrosecondsAsThemselves) {
 }
 
 TEST(TrendLayout, PutsScalesInBands) {
-    struct Row {
-        const char* name;
-        int scales;
-        int heights[6]; // percent; 0 = as at the start
-        const char* expected;
-    };
-
-    const Row rows[] = {
-        {"one", 1, {0}, "1L 0-100"},
-        {"three, in turn on either side", 3, {0}, "1L 0-100, 3L 0-100, 2R 0-100"},
+    // heights: percent; none = as at the start
+    const Table<const char*, int, std::vector<int>, const char*> rows = {
+        {"one", 1, {}, "1L 0-100"},
+        {"three, in turn on either side", 3, {}, "1L 0-100, 3L 0-100, 2R 0-100"},
         {"two stacked", 2, {50, 50}, "1L 0-50, 2L 51-100"},
         {"five stacked",
          5,
@@ -82,11 +76,12 @@ TEST(TrendLayout, PutsScalesInBands) {
          {16, 16, 16, 16, 16, 16},
          "1L 0-17, 2L 18-33, 3L 35-50, 4L 51-67, 5L 68-83, 6L 85-100"},
     };
-    for (const Row& row : rows) {
-        TrendChart chart = chartOf(row.scales, row.scales);
-        for (int a = 1; row.heights[0] != 0 && a <= row.scales; ++a)
-            chart.scale(a)->position = {0, (a - 1) / 4, (a - 1) % 4, row.heights[a - 1], true};
-        EXPECT_EQ(bands(layoutOf(chart, QSizeF(1600, 900))), row.expected) << row.name;
+    for (const auto& [name, scales, heights, expected] : rows) {
+        TrendChart chart = chartOf(scales, scales);
+        for (int a = 0; a < static_cast<int>(heights.size()); ++a)
+            chart.scale(a + 1)->position = {0, a / 4, a % 4, heights[static_cast<std::size_t>(a)],
+                                            true};
+        EXPECT_EQ(bands(layoutOf(chart, QSizeF(1600, 900))), expected) << name;
     }
 }
 
@@ -147,19 +142,6 @@ TEST(TrendLayout, AScaleOfHiddenCurvesHasNoNumbers) {
     const TrendLayout layout = layoutOf(chart, QSizeF(800, 600));
     EXPECT_TRUE(layout.scale(1)->labels.empty());
     EXPECT_FALSE(layout.scale(2)->labels.empty());
-}
-
-TEST(TrendLayout, TellsWhatIsAtAPoint) {
-    const TrendLayout layout = layoutOf(chartOf(2, 2), QSizeF(800, 600));
-    EXPECT_EQ(layout.hit(layout.plot.center()).part, TrendPart::Plot);
-    EXPECT_EQ(layout.hit(layout.timeAxis.center()).part, TrendPart::TimeAxis);
-    const TrendHit scale = layout.hit(layout.scale(2)->rect.center());
-    EXPECT_EQ(scale.part, TrendPart::Scale);
-    EXPECT_EQ(scale.index, 2);
-    const TrendHit legend = layout.hit(layout.legendItems[1].rect.center());
-    EXPECT_EQ(legend.part, TrendPart::Legend);
-    EXPECT_EQ(legend.index, 1);
-    EXPECT_EQ(layout.hit(QPointF(-5, -5)).part, TrendPart::Nothing);
 }
 
 TEST(TrendLayout, BearsAnySizeAndRange) {

@@ -1,7 +1,5 @@
 #include "trend/TrendExport.h"
 
-#include <QBuffer>
-#include <QPainter>
 #include <cmath>
 #include <random>
 

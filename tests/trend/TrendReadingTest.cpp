@@ -1,6 +1,5 @@
 #include "TrendBench.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 namespace pellam {
@@ -109,11 +108,7 @@ TEST(TrendReading, ArrowKeysStepFromSampleToSample) {
         const std::string text = bench.reading();
         return text.substr(0, text.find('\n'));
     };
-
-    const struct {
-        Qt::Key key;
-        const char *time, *shown;
-    } rows[] = {
+    const Table<Qt::Key, const char*, const char*> rows = {
         {Qt::Key_Right, "1970-01-01 00:00:10", "time 0..100"},
         {Qt::Key_Right, "1970-01-01 00:00:55", "time 0..100"},
         {Qt::Key_Right, "1970-01-01 00:01:30", "time 0..100"},
@@ -122,19 +117,15 @@ TEST(TrendReading, ArrowKeysStepFromSampleToSample) {
         {Qt::Key_Left, "1970-01-01 00:01:30", "time 40..140"},
         {Qt::Key_Escape, "", "time 40..140"},
     };
-
-    for (const auto& row : rows) {
-        bench.key(row.key);
-        EXPECT_EQ(line(), row.time);
-        EXPECT_EQ(bench.shown().substr(0, std::strlen(row.shown)), row.shown) << row.time;
+    for (const auto& [key, time, shown] : rows) {
+        bench.key(key);
+        EXPECT_EQ(line(), time);
+        EXPECT_EQ(bench.shown().substr(0, std::strlen(shown)), shown) << time;
     }
 }
 
 TEST(TrendReading, ValuesKeepTheirDigits) {
-    const struct {
-        double value;
-        const char* text;
-    } rows[] = {
+    const Table<double, const char*> rows = {
         {0, "0"},
         {-0.0, "0"},
         {0.1, "0.1"},
@@ -146,9 +137,8 @@ TEST(TrendReading, ValuesKeepTheirDigits) {
         {1234567890.25, "1234567890.25"},
         {6.02e23, "6.02e+23"},
     };
-
-    for (const auto& row : rows)
-        EXPECT_EQ(TrendReading::valueText(row.value).toStdString(), row.text);
+    for (const auto& [value, text] : rows)
+        EXPECT_EQ(TrendReading::valueText(value).toStdString(), text);
 }
 
 TEST(ReadoutTable, NeverHidesThePointAndStaysInside) {

@@ -1,8 +1,5 @@
 #include "ui/MessageMemory.h"
-
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
+#include "ui/ShowMessage.h"
 
 #include <map>
 
@@ -57,10 +54,6 @@ TEST_F(MessageMemoryTest, AsksUntilTheBoxIsTicked) {
     EXPECT_FALSE(m_asked);
     EXPECT_EQ(ask(false, QMessageBox::No, u"another"_qs), QMessageBox::No);
     EXPECT_TRUE(m_asked) << "another question is asked all the same";
-}
-
-TEST_F(MessageMemoryTest, ClearedMemoryAsksAgain) {
-    ask(true, QMessageBox::Yes);
     m_memory.clear();
     EXPECT_EQ(ask(false, QMessageBox::No), QMessageBox::No);
     EXPECT_TRUE(m_asked);
@@ -80,10 +73,7 @@ TEST_F(MessageMemoryTest, KeptValueThatIsNoButtonIsIgnored) {
 }
 
 TEST(ShowMessageTest, FirstWordChoosesTheIcon) {
-    const struct {
-        const char* text;
-        QMessageBox::Icon icon;
-    } rows[] = {
+    const Table<const char*, QMessageBox::Icon> rows = {
         {"Warning: Can not open replay file", QMessageBox::Warning},
         {"Attention: No channels", QMessageBox::Warning},
         {"Information: Done", QMessageBox::Information},
@@ -91,9 +81,8 @@ TEST(ShowMessageTest, FirstWordChoosesTheIcon) {
         {"No Warning: here", QMessageBox::Critical},
         {"", QMessageBox::Critical},
     };
-
-    for (const auto& row : rows)
-        EXPECT_EQ(messageIcon(QString::fromLatin1(row.text)), row.icon) << row.text;
+    for (const auto& [text, icon] : rows)
+        EXPECT_EQ(messageIcon(QString::fromLatin1(text)), icon) << text;
 }
 
 TEST(ShowMessageTest, ShowsMarkupAsItStands) {

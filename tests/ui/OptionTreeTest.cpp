@@ -1,10 +1,5 @@
 #include "ui/OptionTree.h"
 
-#include <QAbstractItemModelTester>
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -66,16 +61,6 @@ TEST_F(OptionTreeTest, ClickOnABoxToggles) {
     const QRect row = m_tree.visualRect(wind);
     QTest::mouseClick(m_tree.viewport(), Qt::LeftButton, {}, {row.left() + 10, row.center().y()});
     EXPECT_EQ(changes(), "+Wind ");
-}
-
-TEST_F(OptionTreeTest, ClearForgetsEverything) {
-    m_tree.setVisibleChecked(true);
-    m_tree.clear();
-    EXPECT_EQ(m_tree.checkedCount(), 0);
-    EXPECT_EQ(m_tree.addGroup(u"Again"_qs), 0);
-    m_tree.addOption(0, 1, u"Sun"_qs, true);
-    EXPECT_EQ(m_tree.checkedCount(), 1);
-    EXPECT_EQ(m_tree.visibleCount(), 1);
 }
 
 } // namespace

@@ -4,10 +4,6 @@
 #include "ui/TabPages.h"
 #include "ui/ToolkitStyle.h"
 
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
-
 #include <set>
 
 namespace pellam {
@@ -64,22 +60,17 @@ TEST(ToolkitStyleTest, CheckBoxStatesLookDifferentOnEveryBackground) {
 
 TEST(FolderEditTest, TypedTextBecomesAPath) {
     const QString home = QDir::homePath();
-
-    const struct {
-        QString typed;
-        QString path;
-    } rows[] = {
+    const Table<QString, QString> rows = {
         {u"  /var/data "_qs, u"/var/data"_qs},
         {u"~"_qs, home},
         {u"~/logs"_qs, home + u"/logs"_qs},
         {u"~anna"_qs, u"~anna"_qs},
         {u" "_qs, QString()},
     };
-
     FolderEdit edit;
-    for (const auto& row : rows) {
-        edit.setPath(row.typed);
-        EXPECT_EQ(edit.path(), row.path);
+    for (const auto& [typed, path] : rows) {
+        edit.setPath(typed);
+        EXPECT_EQ(edit.path(), path);
     }
     EXPECT_FALSE(edit.exists());
 }

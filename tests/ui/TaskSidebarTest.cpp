@@ -2,10 +2,6 @@
 
 #include "ui/IconSet.h"
 
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -62,34 +58,6 @@ class TaskSidebarTest : public testing::Test {
     QAction* m_grid = action("Grid");
     TaskSidebar m_bar;
 };
-
-TEST_F(TaskSidebarTest, OptionGroupsSwapWithoutDuplicates) {
-    fill();
-    QAction* select = action("Select all");
-    QAction* zoom = action("Zoom");
-    for (int turn = 0; turn < 3; ++turn) {
-        for (int twice = 0; twice < 2; ++twice) {
-            m_bar.removeGroup(u"trend"_qs);
-            m_bar.addGroup(u"grid"_qs, u"Grid Options"_qs);
-            m_bar.addTask(u"grid"_qs, select);
-        }
-        EXPECT_EQ(outline(), "do: Open a file | Export & Save\n"
-                             "view: View on a grid\n"
-                             "grid: Select all\n");
-        m_bar.removeGroup(u"grid"_qs);
-        EXPECT_FALSE(m_bar.hasGroup(u"grid"_qs));
-        m_bar.addGroup(u"trend"_qs, u"Trend Options"_qs);
-        m_bar.addTask(u"trend"_qs, zoom);
-        EXPECT_EQ(outline(), "do: Open a file | Export & Save\n"
-                             "view: View on a grid\n"
-                             "trend: Zoom\n");
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    int zooms = 0;
-    for (auto* button : m_bar.findChildren<QAbstractButton*>())
-        zooms += button->accessibleName() == u"Zoom" ? 1 : 0;
-    EXPECT_EQ(zooms, 1);
-}
 
 TEST_F(TaskSidebarTest, TaskMayRemoveItsOwnGroup) {
     fill();

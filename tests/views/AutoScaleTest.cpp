@@ -26,20 +26,23 @@ std::string ranges(const TrendOperations& trend, int axis) {
            number(trend.GetYScActualRangeMax(axis));
 }
 
-std::string place(const TrendOperations& trend, int axis) {
-    const ScalePosition& at = trend.chart().scale(axis)->position;
-    return std::to_string(at.side) + '/' + std::to_string(at.column) + '/' +
-           std::to_string(at.position) + ' ' + std::to_string(at.heightPercent) + '%';
+/// Side, column, position and height of the enabled scales.
+std::string places(const TrendOperations& trend) {
+    std::string text;
+    for (int axis = 1; axis <= 6; ++axis) {
+        const ScalePosition& at = trend.chart().scale(axis)->position;
+        if (trend.GetYScEnabled(axis) == 0) continue;
+        text += std::to_string(axis) + ':' + std::to_string(at.side) + '/' +
+                std::to_string(at.column) + '/' + std::to_string(at.position) + ' ' +
+                std::to_string(at.heightPercent) + "% ";
+    }
+    return text;
 }
 
 } // namespace
 
 TEST(AutoScale, RangesFollowTheValues) {
-    const struct {
-        const char* name;
-        std::vector<double> values;
-        const char* ranges;
-    } rows[] = {
+    const Table<const char*, std::vector<double>, const char*> rows = {
         {"all 5", {5, 5, 5}, "range 5..5 shown 4.5..5.5"},
         {"all 0", {0, 0}, "range 0..0 shown 0..0"},
         {"span 10", {-2, 8, 3}, "range -102..108 shown -2.2..8.8"},
@@ -50,21 +53,15 @@ TEST(AutoScale, RangesFollowTheValues) {
          {2e6, 3e6},
          "range -19000001.1..23000001 shown 899999.91..3300000"},
     };
-
-    for (const auto& row : rows) {
+    for (const auto& [name, values, expected] : rows) {
         TrendOperations trend;
-        addCurve(trend, 0, 2, row.values);
+        addCurve(trend, 0, 2, values);
         autoScale(trend, 5000);
-        EXPECT_EQ(ranges(trend, 2), row.ranges) << row.name;
+        EXPECT_EQ(ranges(trend, 2), expected) << name;
         EXPECT_EQ(trend.GetYScRangeRes(2), 0.00001);
+        EXPECT_EQ(ranges(trend, 4), "range -18999998.1..18999998.1 shown 899999.91..-899999.91")
+            << "an axis without data is written reversed";
     }
-}
-
-TEST(AutoScale, AnAxisWithoutDataIsWrittenReversed) {
-    TrendOperations trend;
-    addCurve(trend, 0, 1, {1, 2});
-    autoScale(trend, 5000);
-    EXPECT_EQ(ranges(trend, 4), "range -18999998.1..18999998.1 shown 899999.91..-899999.91");
 }
 
 TEST(AutoScale, TakesVisibleCurvesOfAllAxesForTheTime) {
@@ -80,64 +77,47 @@ TEST(AutoScale, TakesVisibleCurvesOfAllAxesForTheTime) {
     EXPECT_FALSE(trend.locked());
     autoScale(trend, 900); // the axis never starts after now
     EXPECT_EQ(trend.GetXScActualRangeMin(), 900);
-}
-
-TEST(AutoScale, WithoutDataTheTimeAxisIsLeftAlone) {
-    TrendOperations trend;
-    trend.SetXScActualRangeMin(3);
-    trend.SetXScActualRangeMax(7);
+    for (const int curve : {0, 1})
+        trend.SetCurveVisible(curve, 0);
     autoScale(trend, 5000);
-    EXPECT_EQ(trend.GetXScActualRangeMin(), 3);
-    EXPECT_EQ(trend.GetXScActualRangeMax(), 7);
+    EXPECT_EQ(trend.GetXScActualRangeMin(), 900) << "left alone without data";
+    EXPECT_EQ(trend.GetXScActualRangeMax(), 1101);
 }
 
 TEST(StripLayout, StacksFourScalesToAColumn) {
     TrendOperations trend;
-    for (const int axis : {1, 2, 4, 5, 6})
+    stackScales(trend);
+    for (const int axis : {2, 4, 5})
+        trend.SetYScEnabled(axis, 1);
+    EXPECT_EQ(places(trend), "2:1/0/0 100% 4:1/1/0 100% 5:0/2/0 100% ") << "nothing was stacked";
+    stackScales(trend);
+    EXPECT_EQ(places(trend), "2:0/0/0 33% 4:0/0/1 33% 5:0/0/2 33% ");
+    for (const int axis : {1, 6})
         trend.SetYScEnabled(axis, 1);
     stackScales(trend);
-    EXPECT_EQ(place(trend, 1), "0/0/0 20%");
-    EXPECT_EQ(place(trend, 2), "0/0/1 20%");
-    EXPECT_EQ(place(trend, 4), "0/0/2 20%");
-    EXPECT_EQ(place(trend, 5), "0/0/3 20%");
-    EXPECT_EQ(place(trend, 6), "0/1/0 20%");
+    EXPECT_EQ(places(trend), "1:0/0/0 20% 2:0/0/1 20% 4:0/0/2 20% 5:0/0/3 20% 6:0/1/0 20% ");
     overlayScales(trend);
-    EXPECT_EQ(place(trend, 4), "0/1/0 100%");
-    EXPECT_EQ(place(trend, 5), "1/1/0 100%");
-}
-
-TEST(StripLayout, ThreeScalesAreAThirdEachAndNoneChangeNothing) {
-    TrendOperations trend;
-    const std::string before = place(trend, 1);
-    stackScales(trend);
-    EXPECT_EQ(place(trend, 1), before);
-    for (const int axis : {2, 3, 5})
-        trend.SetYScEnabled(axis, 1);
-    stackScales(trend);
-    EXPECT_EQ(place(trend, 5), "0/0/2 33%");
+    for (const int axis : {1, 6})
+        trend.SetYScEnabled(axis, 0);
+    EXPECT_EQ(places(trend), "2:1/0/0 100% 4:0/1/0 100% 5:1/1/0 100% ");
 }
 
 TEST(ChartAxis, OkSetsRangesAndLogarithmicAxesStartAtOne) {
-    const struct {
-        const char* name;
-        CChartAxis::Axis axis;
-        const char* ranges;
-    } rows[] = {
-        {"linear", {QStringLiteral("m"), 0, 0, 100}, "range -1000..1100 shown 0..100"},
-        {"logarithmic", {QStringLiteral("m"), 1, 0, 100}, "range 1..1100 shown 1..100"},
-        {"below zero", {QStringLiteral("m"), 1, -90, -40}, "range 1..460 shown 1..40"},
+    const Table<const char*, CChartAxis::Axis, const char*> rows = {
+        {"linear", {u"m"_qs, 0, 0, 100}, "range -1000..1100 shown 0..100"},
+        {"logarithmic", {u"m"_qs, 1, 0, 100}, "range 1..1100 shown 1..100"},
+        {"below zero", {u"m"_qs, 1, -90, -40}, "range 1..460 shown 1..40"},
     };
-
-    for (const auto& row : rows) {
+    for (const auto& [name, axis, expected] : rows) {
         TrendOperations trend;
         trend.SetYScDataRangeMin(3, -7);
         trend.SetYScDataRangeMax(3, -8);
-        applyAxis(trend, 3, row.axis);
-        EXPECT_EQ(ranges(trend, 3), row.ranges) << row.name;
-        EXPECT_EQ(trend.GetYScLogarithmic(3), row.axis.logarithmic) << row.name;
-        EXPECT_EQ(trend.GetYScDataRangeMin(3), row.axis.logarithmic ? 1 : -7) << row.name;
-        EXPECT_EQ(trend.GetYScDataRangeMax(3), row.axis.logarithmic ? 8 : -8) << row.name;
-        EXPECT_EQ(trend.GetYScText(3), QStringLiteral("m"));
+        applyAxis(trend, 3, axis);
+        EXPECT_EQ(ranges(trend, 3), expected) << name;
+        EXPECT_EQ(trend.GetYScLogarithmic(3), axis.logarithmic) << name;
+        EXPECT_EQ(trend.GetYScDataRangeMin(3), axis.logarithmic ? 1 : -7) << name;
+        EXPECT_EQ(trend.GetYScDataRangeMax(3), axis.logarithmic ? 8 : -8) << name;
+        EXPECT_EQ(trend.GetYScText(3), u"m"_qs);
     }
 }
 
@@ -145,7 +125,7 @@ class AxisSheet : public testing::Test {
   protected:
     AxisSheet() {
         for (int axis = 1; axis <= 6; ++axis) {
-            m_trend.SetYScText(axis, QStringLiteral("title %1").arg(axis));
+            m_trend.SetYScText(axis, u"title %1"_qs.arg(axis));
             m_trend.SetYScActualRangeMin(axis, axis + 0.1);
             m_trend.SetYScActualRangeMax(axis, axis * 100.5);
         }
@@ -162,14 +142,14 @@ class AxisSheet : public testing::Test {
 
 TEST_F(AxisSheet, ShowsAndTakesNumbersInTheUsersForm) {
     ChartAxisSheet sheet(m_trend, ',');
-    EXPECT_EQ(sheet.windowTitle(), QStringLiteral("Chart Axis"));
-    EXPECT_EQ(field(sheet, "Minimum2")->text(), QStringLiteral("2,1"));
-    EXPECT_EQ(field(sheet, "Maximum5")->text(), QStringLiteral("502,5"));
-    EXPECT_EQ(field(sheet, "Title4")->text(), QStringLiteral("title 4"));
-    field(sheet, "Minimum2")->setText(QStringLiteral("-1,5"));
-    field(sheet, "Maximum2")->setText(QStringLiteral("8.5"));
-    field(sheet, "Minimum3")->setText(QStringLiteral("of no account"));
-    sheet.findChild<QCheckBox*>(QStringLiteral("Logarithmic3"))->setChecked(true);
+    EXPECT_EQ(sheet.windowTitle(), u"Chart Axis"_qs);
+    EXPECT_EQ(field(sheet, "Minimum2")->text(), u"2,1"_qs);
+    EXPECT_EQ(field(sheet, "Maximum5")->text(), u"502,5"_qs);
+    EXPECT_EQ(field(sheet, "Title4")->text(), u"title 4"_qs);
+    field(sheet, "Minimum2")->setText(u"-1,5"_qs);
+    field(sheet, "Maximum2")->setText(u"8.5"_qs);
+    field(sheet, "Minimum3")->setText(u"of no account"_qs);
+    sheet.findChild<QCheckBox*>(u"Logarithmic3"_qs)->setChecked(true);
     sheet.accept();
     EXPECT_EQ(sheet.result(), QDialog::Accepted);
     EXPECT_EQ(ranges(m_trend, 2), "range -101.5..108.5 shown -1.5..8.5");
@@ -178,31 +158,20 @@ TEST_F(AxisSheet, ShowsAndTakesNumbersInTheUsersForm) {
 }
 
 TEST_F(AxisSheet, TellsWhatIsWrongAndChangesNothing) {
-    const struct {
-        const char* field;
-        const char* text;
-        const char* error;
-    } rows[] = {
-        {"Minimum1", "low",
-         "Attention: The minimum of axis 1 is not a number. Type a number such "
-         "as 12.5."},
-        {"Maximum5", "",
-         "Attention: The maximum of axis 5 is not a number. Type a number such as "
-         "12.5."},
-        {"Maximum4", "inf",
-         "Attention: The maximum of axis 4 is not a number. Type a number such "
-         "as 12.5."},
-        {"Maximum3", "-3", "Attention: The maximum of axis 3 must be above its minimum."},
+    const Table<const char*, const char*, const char*> rows = {
+        {"Minimum1", "low", "minimum of axis 1 is not a number. Type a number such as 12.5."},
+        {"Maximum5", "", "maximum of axis 5 is not a number. Type a number such as 12.5."},
+        {"Maximum4", "inf", "maximum of axis 4 is not a number. Type a number such as 12.5."},
+        {"Maximum3", "-3", "maximum of axis 3 must be above its minimum."},
     };
-
-    for (const auto& row : rows) {
+    for (const auto& [named, text, error] : rows) {
         ChartAxisSheet sheet(m_trend, '.');
-        field(sheet, "Title2")->setText(QStringLiteral("changed"));
-        field(sheet, row.field)->setText(QString::fromLatin1(row.text));
+        field(sheet, "Title2")->setText(u"changed"_qs);
+        field(sheet, named)->setText(QString::fromLatin1(text));
         sheet.accept();
-        EXPECT_EQ(sheet.page().error().toStdString(), row.error);
-        EXPECT_EQ(sheet.result(), 0) << row.field;
-        EXPECT_EQ(m_trend.GetYScText(2), QStringLiteral("title 2"));
+        EXPECT_EQ(sheet.page().error().toStdString(), std::string("Attention: The ") + error);
+        EXPECT_EQ(sheet.result(), 0) << named;
+        EXPECT_EQ(m_trend.GetYScText(2), u"title 2"_qs);
     }
 }
 

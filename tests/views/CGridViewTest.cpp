@@ -4,14 +4,6 @@
 #include "views/GoToDialog.h"
 #include "views/MyCug.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -86,9 +78,6 @@ TEST_F(CGridViewTest, FindsForwardsAndBackwards) {
     EXPECT_EQ(search("off", &CGridView::findPrevious), "2,1");
     EXPECT_EQ(search("nowhere"), "2,1");
     EXPECT_EQ(notices.count(), 2);
-}
-
-TEST_F(CGridViewTest, EscapeClosesTheFindBar) {
     m_view.find();
     auto* bar = m_view.findChild<FindBar*>();
     EXPECT_TRUE(bar->isVisible());
@@ -104,7 +93,7 @@ TEST_F(CGridViewTest, GoesThroughDamagedLines) {
     for (int i = 0; i < 2; ++i)
         m_view.previousDamagedLine(), visited += current() + " ";
     EXPECT_EQ(visited, "1,2 1,4 1,2 1,4 1,2 ");
-    EXPECT_EQ(notices.at(1).first().toString(), QStringLiteral("Damaged line 2 of 2"));
+    EXPECT_EQ(notices.at(1).first().toString(), u"Damaged line 2 of 2"_qs);
 }
 
 TEST_F(CGridViewTest, GoesToATime) {
@@ -112,11 +101,11 @@ TEST_F(CGridViewTest, GoesToATime) {
     QTimer::singleShot(0, &m_view, [&] {
         auto* dialog = m_view.findChild<GoToDialog*>();
         auto* field = dialog->findChild<QLineEdit*>();
-        field->setText(QStringLiteral("2025"));
+        field->setText(u"2025"_qs);
         dialog->accept();
         QTest::qWait(30);
         EXPECT_TRUE(dialog->isVisible());
-        field->setText(QStringLiteral("2024/01/02 10:01:30"));
+        field->setText(u"2024/01/02 10:01:30"_qs);
         dialog->accept();
     });
     m_view.goTo();

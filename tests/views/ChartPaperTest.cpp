@@ -5,7 +5,6 @@
 #include "trend/CTrend.h"
 #include "views/AutoScale.h"
 #include "views/CTrendView.h"
-#include "views/ChartClipboard.h"
 #include "views/ChartFile.h"
 
 #include <QPrinter>
@@ -20,10 +19,10 @@ constexpr double kStart = 1'700'000'000;
 class ChartPaper : public testing::Test {
   protected:
     ChartPaper() {
-        m_trend.SetCurveText(0, QStringLiteral("Level"));
+        m_trend.SetCurveText(0, u"Level"_qs);
         m_trend.SetCurveRelatedScale(0, 1);
         m_trend.SetYScEnabled(1, 1);
-        m_trend.SetYScText(1, QStringLiteral("m"));
+        m_trend.SetYScText(1, u"m"_qs);
         m_trend.SetCurveColor(0, QColor(255, 0, 0));
         m_trend.SetBackColor(QColor(30, 30, 30));
         for (int i = 0; i < 5000; ++i) {
@@ -38,10 +37,9 @@ class ChartPaper : public testing::Test {
     /// The printed page at 50 dots to the inch, as another program draws the PDF.
     QImage rendered(const QString& pdf) {
         const QString target = inFolder("page");
-        QProcess::execute(QStringLiteral("pdftoppm"),
-                          {QStringLiteral("-r"), QStringLiteral("50"), QStringLiteral("-png"),
-                           QStringLiteral("-singlefile"), pdf, target});
-        return QImage(target + QStringLiteral(".png"));
+        QProcess::execute(u"pdftoppm"_qs,
+                          {u"-r"_qs, u"50"_qs, u"-png"_qs, u"-singlefile"_qs, pdf, target});
+        return QImage(target + u".png"_qs);
     }
 
     GridData m_grid;
@@ -94,7 +92,7 @@ TEST_F(ChartPaper, PrintsTheTitleAboveTheChartOnWhite) {
     printer.setOutputFileName(pdf);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(QPageLayout::Landscape);
-    m_view.setFileName(QStringLiteral("mast.week 3.dlr"));
+    m_view.setFileName(u"mast.week 3.dlr"_qs);
     m_view.print(printer);
     EXPECT_LT(QFileInfo(pdf).size(), 2'000'000);
     const QImage page = rendered(pdf);
@@ -157,19 +155,6 @@ TEST_F(ChartPaper, FilesOfEveryKindShowTheCurveOnWhite) {
     }
     const Failure failure = writeChartFile(m_trend, m_folder.path("no/such/chart.png"), {640, 400});
     EXPECT_TRUE(failure);
-}
-
-TEST_F(ChartPaper, TheClipboardGetsABitmapAndADrawing) {
-    ASSERT_TRUE(copyChart(m_trend, false));
-    const QMimeData* const content = QGuiApplication::clipboard()->mimeData();
-    const auto image = content->imageData().value<QImage>();
-    EXPECT_EQ(image.size(), QSize(800, 600));
-    EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
-    EXPECT_GT(columnsWith(image, image.rect(), isRed), 560);
-    const QImage drawing = QImage::fromData(content->data(QStringLiteral("image/svg+xml")), "SVG");
-    EXPECT_NEAR(drawing.width() * 0.75, drawing.height(), 2);
-    EXPECT_GT(columnsWith(drawing, drawing.rect(), isRed), drawing.width() * 7 / 10);
-    EXPECT_FALSE(m_trend.locked());
 }
 
 } // namespace pellam

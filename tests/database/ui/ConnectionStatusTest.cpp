@@ -1,9 +1,5 @@
 #include "database/ui/CConnectionStatus.h"
 
-#include <QtTest>
-#include <QtWidgets>
-#include <gtest/gtest.h>
-
 #include <limits>
 
 namespace pellam {
@@ -46,7 +42,7 @@ class ConnectionStatusTest : public testing::Test {
 
     std::string line() { return m_status.findChild<QLabel*>()->text().toStdString(); }
 
-    int bar() { return m_status.findChild<QProgressBar*>()->value(); }
+    QProgressBar& bar() { return *m_status.findChild<QProgressBar*>(); }
 
     QMainWindow m_window;
     QLineEdit m_edit;
@@ -127,22 +123,18 @@ TEST_F(ConnectionStatusTest, OtherWindowsAreStillPainted) {
 }
 
 TEST_F(ConnectionStatusTest, EachWayToStopAborts) {
-    const struct {
-        const char* name;
-        std::function<void()> act;
-    } rows[] = {
+    const Table<const char*, std::function<void()>> rows = {
         {"button", [this] { QTest::mouseClick(button("&Abort"), Qt::LeftButton); }},
         {"Escape", [this] { QTest::keyClick(&m_status, Qt::Key_Escape); }},
         {"close button", [this] { m_status.close(); }},
         {"program", [this] { m_status.requestAbort(); }},
     };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, act] : rows) {
+        SCOPED_TRACE(name);
         m_status.start("Loading", "Loading...", 0, 10);
         EXPECT_FALSE(m_status.aborted()) << "an abort is over with its operation";
         waitUntilShown();
-        meanwhile(row.act);
+        meanwhile(act);
         EXPECT_TRUE(m_status.aborted());
         EXPECT_TRUE(m_status.isVisible());
         m_status.addString("Loading 500");
@@ -153,17 +145,16 @@ TEST_F(ConnectionStatusTest, EachWayToStopAborts) {
 }
 
 TEST_F(ConnectionStatusTest, AbortIsPostedOnlyWhenEnabled) {
-    int posted = 0;
-    QObject::connect(&m_status, &CConnectionStatus::abortPosted, &m_window, [&] { ++posted; });
+    QSignalSpy posted(&m_status, &CConnectionStatus::abortPosted);
     m_status.start("Loading", "", 0, 1);
     m_status.requestAbort();
-    EXPECT_EQ(posted, 0);
+    EXPECT_EQ(posted.count(), 0);
     m_status.finish();
     m_status.EnablePostingOfAbort();
     m_status.start("Loading", "", 0, 1);
     m_status.requestAbort();
     m_status.requestAbort();
-    EXPECT_EQ(posted, 1);
+    EXPECT_EQ(posted.count(), 1);
 }
 
 TEST_F(ConnectionStatusTest, ClosingTheMainWindowStopsTheOperationFirst) {
@@ -192,34 +183,30 @@ TEST_F(ConnectionStatusTest, HiddenWindowComesBackWhenSomeoneTriesToWork) {
 
 TEST_F(ConnectionStatusTest, BarIsScaledFromAnyRange) {
     constexpr auto kMost = std::numeric_limits<std::int64_t>::max();
-
-    const struct {
-        const char* name;
-        std::int64_t first, last, position;
-        int permyriad;
-    } rows[] = {
+    const Table<const char*, std::int64_t, std::int64_t, std::int64_t, int> rows = {
         {"start", 1, 1001, 1, 0},           {"half", 0, 500, 250, 5000},
         {"end", 1, 1001, 1001, 10000},      {"past the end", 0, 10, 99, 10000},
         {"before the start", 5, 10, -3, 0}, {"1.6 GB", 0, 1'600'000'000, 400'000'000, 2500},
         {"widest", 0, kMost, kMost, 10000}, {"below zero", -100, 100, 0, 5000},
         {"empty range", 1, 1, 1, 10000},    {"backward range", 10, 1, 5, 10000},
     };
-
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        m_status.SetProgressRange(row.first, row.last);
-        m_status.SetProgressPos(row.position);
-        m_status.AddString(row.name, true);
-        EXPECT_EQ(bar(), row.permyriad);
+    for (const auto& [name, first, last, position, permyriad] : rows) {
+        SCOPED_TRACE(name);
+        m_status.SetProgressRange(first, last);
+        m_status.SetProgressPos(position);
+        m_status.AddString(name, true);
+        EXPECT_EQ(bar().value(), permyriad);
     }
-}
-
-TEST_F(ConnectionStatusTest, BarIsBusyUntilAPositionIsReported) {
+    m_status.SetProgressRange(0, 100);
+    for (int i = 0; i < 10; ++i)
+        m_status.StepIt();
+    m_status.AddString("there", true);
+    EXPECT_EQ(bar().value(), 10000) << "ten steps fill it";
     m_status.start("Loading", "Loading...", 0, 10);
-    EXPECT_EQ(m_status.findChild<QProgressBar*>()->maximum(), 0);
+    EXPECT_EQ(bar().maximum(), 0) << "busy until a position is reported";
     m_status.setPosition(0);
     m_status.AddString("Found", true);
-    EXPECT_EQ(m_status.findChild<QProgressBar*>()->maximum(), 10000);
+    EXPECT_EQ(bar().maximum(), 10000);
 }
 
 TEST_F(ConnectionStatusTest, AnOperationWithinAnotherSharesItsWindowAndAbort) {
@@ -235,14 +222,6 @@ TEST_F(ConnectionStatusTest, AnOperationWithinAnotherSharesItsWindowAndAbort) {
     m_status.finish();
     m_status.finish();
     EXPECT_FALSE(m_status.isVisible());
-}
-
-TEST_F(ConnectionStatusTest, TenStepsFillTheBar) {
-    m_status.SetProgressRange(0, 100);
-    for (int i = 0; i < 10; ++i)
-        m_status.StepIt();
-    m_status.AddString("there", true);
-    EXPECT_EQ(bar(), 10000);
 }
 
 TEST_F(ConnectionStatusTest, LogKeepsStagesAndTheLastNumbersOfEach) {
