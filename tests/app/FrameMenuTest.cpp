@@ -126,6 +126,7 @@ TEST_F(FrameMenuTest, CheckMarksFollowTheWindow) {
     give(Command::Toolbar);
     frame.OnIdleUpdateCmdUI();
     EXPECT_FALSE(checked(Command::Toolbar));
+    EXPECT_FALSE(frame.findChild<QToolBar*>()->isVisible());
     EXPECT_EQ(setting("ToolBar"), "0");
 }
 
