@@ -21,6 +21,8 @@ struct RecordedProgress : SilentProgress {
         ++open;
     }
 
+    void setWindowText(std::string_view text) override { log.append(text).append("\n"); }
+
     void addString(std::string_view text) override { log.append(text).append("\n"); }
 
     void setPosition(std::int64_t at) override { position = at; }

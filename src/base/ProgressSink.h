@@ -16,6 +16,9 @@ class ProgressSink {
     virtual void start(std::string_view title, std::string_view firstLine, std::int64_t first,
                        std::int64_t last) = 0;
 
+    /// Names the display's window; the title then stands in it. Until the next start().
+    virtual void setWindowText(std::string_view) {}
+
     /// Replaces the status line. Handles the progress window's own input, nothing else.
     virtual void addString(std::string_view text) = 0;
 

@@ -108,6 +108,7 @@ void CTrendView::rebuild() {
     try {
         const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                                   std::max<Row>(1, m_context.grid.rowCount()));
+        progress.setWindowText("Loading Pellam");
         TrendTable table = TrendBuilder(m_context.grid, m_context.international, progress).build();
         progress.addString("Auto scaling, please wait...");
         showChart(table);

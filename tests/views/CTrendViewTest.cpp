@@ -69,8 +69,9 @@ TEST_F(CTrendViewTest, BuildsOnceWhenItComesToTheFrontAndScales) {
     EXPECT_TRUE(m_grid.changed());
     EXPECT_EQ(m_progress.log, "");
     activate();
-    EXPECT_EQ(m_progress.log, "Loading Trend Chart|Loading...|1..3\nLoaded 0 Lines\n"
-                              "Auto scaling, please wait...\n");
+    EXPECT_EQ(m_progress.log,
+              "Loading Trend Chart|Loading...|1..3\nLoading Pellam\nLoaded 0 Lines\n"
+              "Auto scaling, please wait...\n");
     EXPECT_EQ(m_progress.open, 0);
     EXPECT_FALSE(m_grid.changed());
     EXPECT_TRUE(m_view.hasChart());

@@ -66,7 +66,16 @@ CConnectionStatus::CConnectionStatus(QWidget* parent, const QString& title) : QD
 CConnectionStatus::~CConnectionStatus() = default;
 
 void CConnectionStatus::buildLayout() {
+    m_heading = new QLabel(this);
+    m_heading->setObjectName(QStringLiteral("heading"));
+    m_heading->setTextFormat(Qt::PlainText);
+    QFont bold = m_heading->font();
+    bold.setBold(true);
+    m_heading->setFont(bold);
+    m_heading->hide();
+
     m_line = new QLabel(this);
+    m_line->setObjectName(QStringLiteral("line"));
     m_line->setTextFormat(Qt::PlainText);
     m_line->setWordWrap(true);
     m_line->setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
@@ -95,6 +104,7 @@ void CConnectionStatus::buildLayout() {
     buttons->addWidget(m_hide);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(10);
+    column->addWidget(m_heading);
     column->addWidget(m_line, 1);
     column->addWidget(m_bar);
     column->addLayout(buttons);
@@ -162,9 +172,16 @@ void CConnectionStatus::start(std::string_view title, std::string_view firstLine
         m_lastLine = 0;
     }
     setWindowTitle(shown(title));
+    m_heading->hide();
     m_positionKnown = false;
     SetProgressRange(first, last);
     AddString(firstLine);
+}
+
+void CConnectionStatus::setWindowText(std::string_view text) {
+    m_heading->setText(windowTitle());
+    m_heading->show();
+    setWindowTitle(shown(text));
 }
 
 void CConnectionStatus::finish() {

@@ -72,6 +72,8 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     void start(std::string_view title, std::string_view firstLine, std::int64_t first,
                std::int64_t last) override;
 
+    void setWindowText(std::string_view text) override;
+
     void addString(std::string_view text) override { AddString(text); }
 
     void setPosition(std::int64_t position) override { SetProgressPos(position); }
@@ -107,6 +109,7 @@ class CConnectionStatus : public QDialog, public ProgressSink {
     [[nodiscard]] bool isOwn(const QObject* object) const;
     void rememberClose(QObject* window);
 
+    QLabel* m_heading = nullptr; ///< the title, where the window is named otherwise
     QLabel* m_line = nullptr;
     QProgressBar* m_bar = nullptr;
     QPushButton* m_abort = nullptr;

@@ -40,7 +40,11 @@ class ConnectionStatusTest : public testing::Test {
         return nullptr;
     }
 
-    std::string line() { return m_status.findChild<QLabel*>()->text().toStdString(); }
+    std::string text(const char* label) {
+        return m_status.findChild<QLabel*>(QLatin1String(label))->text().toStdString();
+    }
+
+    std::string line() { return text("line"); }
 
     QProgressBar& bar() { return *m_status.findChild<QProgressBar*>(); }
 
@@ -66,6 +70,9 @@ TEST_F(ConnectionStatusTest, LongOperationsShowTheirStateInTheMiddleOfTheWindow)
     m_status.start("Loading Pellam", "Loading...", 1, 100);
     waitUntilShown();
     EXPECT_EQ(m_status.windowTitle(), u"Loading Pellam");
+    m_status.setWindowText("Window");
+    EXPECT_EQ(m_status.windowTitle(), u"Window");
+    EXPECT_EQ(text("heading"), "Loading Pellam");
     EXPECT_EQ(line(), "Loading...");
     const QPoint off = m_status.frameGeometry().center() - m_window.frameGeometry().center();
     EXPECT_LT(off.manhattanLength(), 60);
