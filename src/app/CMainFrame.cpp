@@ -232,7 +232,7 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
 }
 
 LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
-    const auto outcome = m_loader->load(path);
+    auto outcome = m_loader->load(path);
     showLoaded(path, outcome);
     return outcome;
 }
