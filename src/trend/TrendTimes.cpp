@@ -14,6 +14,33 @@ void fetchAhead(const std::vector<double>& times, const std::vector<std::size_t>
     if (place < times.size()) __builtin_prefetch(times.data() + place);
 }
 
+// The first time from an index on that is not before a border, looked for around a guess: logged
+// times are nearly regular, and the next border lies about as far on as the last one did.
+template <class Before>
+std::size_t firstNotBefore(const std::vector<double>& times, std::size_t from, std::size_t guess,
+                           Before before) {
+    std::size_t low = from;
+    std::size_t high = std::min(times.size(), guess);
+    std::size_t reach = 1;
+    if (high > low && !before(times[high - 1])) {
+        while (high - low > reach && !before(times[high - 1 - reach]))
+            high -= reach, reach *= 2;
+        if (high - low > reach) low = high - reach;
+    } else {
+        low = high;
+        while (high < times.size() && before(times[high])) {
+            low = high + 1;
+            high = std::min(times.size(), high + reach);
+            reach *= 2;
+        }
+    }
+    const auto begin = times.begin();
+    return static_cast<std::size_t>(std::partition_point(begin + static_cast<std::ptrdiff_t>(low),
+                                                         begin + static_cast<std::ptrdiff_t>(high),
+                                                         before) -
+                                    begin);
+}
+
 } // namespace
 
 std::shared_ptr<const TrendTimes> TrendTimes::create(std::vector<double>&& times) {
@@ -45,7 +72,6 @@ std::size_t TrendTimes::upperBound(double time) const {
 }
 
 std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int columns) const {
-    const std::size_t count = m_times.size();
     std::vector<std::size_t> starts;
     starts.reserve(static_cast<std::size_t>(columns) + 1);
     const double width = (to - from) / columns;
@@ -56,29 +82,8 @@ std::vector<std::size_t> TrendTimes::columnStarts(double from, double to, int co
         // Compared as spans from the first border: moments are rounded to a quarter of a
         // microsecond, which may be several columns.
         const double border = width * column;
-        const auto before = [&](double time) { return time - from < border; };
-        // Logged times are nearly regular: the next border lies about as far on as the last one
-        // did.
-        std::size_t low = found;
-        std::size_t high = std::min(count, found + step);
-        std::size_t reach = 1;
-        if (high > low && !before(m_times[high - 1])) {
-            while (high - low > reach && !before(m_times[high - 1 - reach]))
-                high -= reach, reach *= 2;
-            if (high - low > reach) low = high - reach;
-        } else {
-            low = high;
-            while (high < count && before(m_times[high])) {
-                low = high + 1;
-                high = std::min(count, high + reach);
-                reach *= 2;
-            }
-        }
-        const auto begin = m_times.begin();
-        const auto next = static_cast<std::size_t>(
-            std::partition_point(begin + static_cast<std::ptrdiff_t>(low),
-                                 begin + static_cast<std::ptrdiff_t>(high), before) -
-            begin);
+        const std::size_t next = firstNotBefore(m_times, found, found + step,
+                                                [&](double time) { return time - from < border; });
         step = std::max<std::size_t>(1, next - found);
         found = next;
         starts.push_back(found);

@@ -55,6 +55,13 @@ std::string localTimeText(std::time_t time) {
     return {text, std::strftime(text, sizeof text, "%Y/%m/%d %H:%M:%S", &local)};
 }
 
+QLabel* plainLabel(const QString& name, QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
 } // namespace
 
 CConnectionStatus::CConnectionStatus(QWidget* parent, const QString& title) : QDialog(parent) {
@@ -66,17 +73,13 @@ CConnectionStatus::CConnectionStatus(QWidget* parent, const QString& title) : QD
 CConnectionStatus::~CConnectionStatus() = default;
 
 void CConnectionStatus::buildLayout() {
-    m_heading = new QLabel(this);
-    m_heading->setObjectName(QStringLiteral("heading"));
-    m_heading->setTextFormat(Qt::PlainText);
+    m_heading = plainLabel(QStringLiteral("heading"), this);
     QFont bold = m_heading->font();
     bold.setBold(true);
     m_heading->setFont(bold);
     m_heading->hide();
 
-    m_line = new QLabel(this);
-    m_line->setObjectName(QStringLiteral("line"));
-    m_line->setTextFormat(Qt::PlainText);
+    m_line = plainLabel(QStringLiteral("line"), this);
     m_line->setWordWrap(true);
     m_line->setAlignment(Qt::AlignLeading | Qt::AlignVCenter);
     m_line->setAccessibleName(tr("Status"));
@@ -98,6 +101,12 @@ void CConnectionStatus::buildLayout() {
         button->setDefault(false);
     }
 
+    arrange();
+    connect(m_abort, &QPushButton::clicked, this, &CConnectionStatus::OnAbort);
+    connect(m_hide, &QPushButton::clicked, this, &CConnectionStatus::OnButton2);
+}
+
+void CConnectionStatus::arrange() {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(m_abort);
@@ -108,9 +117,6 @@ void CConnectionStatus::buildLayout() {
     column->addWidget(m_line, 1);
     column->addWidget(m_bar);
     column->addLayout(buttons);
-
-    connect(m_abort, &QPushButton::clicked, this, &CConnectionStatus::OnAbort);
-    connect(m_hide, &QPushButton::clicked, this, &CConnectionStatus::OnButton2);
 }
 
 void CConnectionStatus::AddString(std::string_view text, bool atOnce) {

@@ -101,6 +101,7 @@ class CConnectionStatus : public QDialog, public ProgressSink {
 
   private:
     void buildLayout();
+    void arrange();
     void log(std::string_view text, bool newStage);
     void pumpIfDue();
     void pump();
