@@ -80,10 +80,11 @@ int TrendReading::findDigits() const {
 
 // Only some of the times were looked at: one that is shown and needs more digits has them.
 void TrendReading::noteSample(const std::optional<CurveSample>& sample) const {
-    if (sample && m_digits < 0) m_foundDigits = digitsOf(sample->time, timeDigits());
+    if (sample) m_foundDigits = digitsOf(sample->time, timeDigits());
 }
 
 void TrendReading::noteTimes(const TrendMarks& marks) const {
+    if (m_digits >= 0) return;
     for (const int curve : drawnCurves()) {
         if (marks.crosshair) noteSample(sample(curve, *marks.crosshair));
         for (const auto& cursor : marks.cursors)
