@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <limits>
 
 namespace pellam {
@@ -17,6 +16,9 @@ struct ValueRange {
 /// processor takes the larger of both at once.
 class Extremes {
   public:
+    /// Two numbers that the processor works on at once.
+    using Pair = double __attribute__((vector_size(16)));
+
     Extremes() = default;
 
     explicit Extremes(const ValueRange& range) : m_pair{-range.min, range.max} {}
@@ -28,7 +30,6 @@ class Extremes {
     void take(const Extremes& other) { m_pair = other.m_pair > m_pair ? other.m_pair : m_pair; }
 
   private:
-    using Pair = double __attribute__((vector_size(16)));
     Pair m_pair{-std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
 };
 

@@ -10,7 +10,7 @@ namespace {
 constexpr std::size_t branching = MinMaxPyramid::branching;
 constexpr std::size_t fanOut = MinMaxPyramid::fanOut;
 
-using Pair = double __attribute__((vector_size(16)));
+using Pair = Extremes::Pair;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
@@ -49,13 +49,6 @@ Extremes extremesOf(const double* values, std::size_t count) {
     const Pair min = lesser(least[1], least[0]);
     const Pair max = greater(most[1], most[0]);
     return Extremes({std::min(min[0], min[1]), std::max(max[0], max[1])});
-}
-
-Extremes extremesOf(const Extremes* nodes, std::size_t count) {
-    Extremes result;
-    for (std::size_t i = 0; i < count; ++i)
-        result.take(nodes[i]);
-    return result;
 }
 
 // Extremes of at most `size` nodes, not none. To take one twice does no harm, and spares a branch
@@ -113,7 +106,7 @@ void MinMaxPyramid::extendLevel(std::size_t level, std::size_t firstChanged) {
     nodes.resize(blocksOf(below.size(), fanOut));
     for (std::size_t i = firstChanged; i < nodes.size(); ++i) {
         const std::size_t first = i * fanOut;
-        nodes[i] = extremesOf(below.data() + first, std::min(fanOut, below.size() - first));
+        nodes[i] = few<fanOut>(below.data(), first, std::min(first + fanOut, below.size()));
     }
 }
 
