@@ -1,6 +1,6 @@
 #include "ChartData.h"
 
-#include "trend/LargePages.h"
+#include "base/LargePages.h"
 
 #include <cmath>
 #include <cstdint>

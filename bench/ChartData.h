@@ -1,6 +1,6 @@
 #pragma once
 
-#include "trend/TrendChart.h"
+#include "trend/curves/TrendChart.h"
 
 #include <cstddef>
 

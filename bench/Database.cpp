@@ -7,10 +7,10 @@
 #include "OdbcSetup.h"
 
 #include "base/SilentSinks.h"
-#include "database/BackgroundCall.h"
-#include "database/CSessionFromDatabase.h"
-#include "replay/AllChannels.h"
-#include "replay/SessionLoader.h"
+#include "database/odbc/BackgroundCall.h"
+#include "database/sessions/CSessionFromDatabase.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/FileLoader.h"
 
 #ifdef PELLAM_HAS_QTSQL
 #include <QCoreApplication>
@@ -170,7 +170,7 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     if (!intoGrid) return 0;
     InternationalSettings international;
     GridData grid('.');
-    SessionLoader loader({grid, international, corrections, messages, progress, chooser});
+    FileLoader loader({grid, international, corrections, messages, progress, chooser});
     const LoadOutcome outcome = loader.load(*path);
     return static_cast<double>(outcome.rows) * outcome.channels;
 }

@@ -5,8 +5,8 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/AllChannels.h"
-#include "replay/SessionLoader.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>
 
@@ -55,7 +55,7 @@ void open(benchmark::State& state) {
         GridData grid;
         LoadContext context{grid, international, corrections, messages, progress, chooser};
         context.saveFolder = [] { return fs::temp_directory_path().string(); };
-        if (SessionLoader(context).load(input).rows != kRows) state.SkipWithError("rows missing");
+        if (FileLoader(context).load(input).rows != kRows) state.SkipWithError("rows missing");
     }
     setBytes(state);
     fs::remove(fs::temp_directory_path() / "pellam-bench-binary.csv");

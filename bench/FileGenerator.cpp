@@ -1,6 +1,6 @@
 #include "FileGenerator.h"
 
-#include "replay/CCrc16.h"
+#include "replay/checks/CCrc16.h"
 
 #include <algorithm>
 #include <array>

@@ -4,8 +4,8 @@
 
 #include "base/SilentSinks.h"
 #include "export/GridWriter.h"
-#include "replay/AllChannels.h"
-#include "replay/SessionLoader.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>
 
@@ -46,7 +46,7 @@ class Session {
     }
 
     LoadOutcome reload() {
-        SessionLoader loader(
+        FileLoader loader(
             {*grid, m_international, m_corrections, m_messages, m_progress, m_chooser});
         return loader.load(m_path);
     }

@@ -4,7 +4,7 @@
 #include "base/SilentSinks.h"
 #include "grid/DecimalCell.h"
 #include "grid/TimeCell.h"
-#include "views/TrendBuilder.h"
+#include "views/series/TrendBuilder.h"
 
 #include <benchmark/benchmark.h>
 

@@ -5,7 +5,7 @@
 #undef QT_NO_KEYWORDS
 
 #include "ChartData.h"
-#include "trend/TrendExport.h"
+#include "trend/paint/TrendExport.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -18,10 +18,10 @@ function(pellam_compile_options target)
   endif()
 endfunction()
 
-# pellam_library(NAME [QT] [PUBLIC libs ...] [PRIVATE libs ...]): one static library of this folder's
-# sources. Headers are included as "folder/Header.h".
+# pellam_library(NAME [QT Core|Gui|Widgets] [PUBLIC libs ...] [PRIVATE libs ...]): one static library of
+# this folder's sources. Headers are included by their path below src/. Without QT it can't include Qt.
 function(pellam_library name)
-  cmake_parse_arguments(ARG "QT" "" "PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "QT" "PUBLIC;PRIVATE" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
        ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
@@ -36,8 +36,9 @@ function(pellam_library name)
   pellam_compile_options(${name})
   if(ARG_QT)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_link_libraries(${name} PUBLIC Qt6::${ARG_QT})
     target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
-    target_precompile_headers(${name} PRIVATE <QtWidgets>)
+    target_precompile_headers(${name} PRIVATE <Qt${ARG_QT}>)
   endif()
 endfunction()
 

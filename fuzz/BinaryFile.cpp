@@ -4,8 +4,8 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/AllChannels.h"
-#include "replay/BinaryLoader.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/BinaryLoader.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include "logger/CConvertS10.h"
 #include "logger/CConvertS14.h"
 #include "logger/DataMapLabels.h"
-#include "replay/ScheduleFlags.h"
+#include "replay/file/ScheduleFlags.h"
 
 #include <cstddef>
 #include <cstdint>

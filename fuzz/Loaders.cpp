@@ -3,9 +3,9 @@
 #include "MemoryFile.h"
 
 #include "base/SilentSinks.h"
-#include "replay/AllChannels.h"
-#include "replay/DelimitedLoader.h"
-#include "replay/ReplayLoader.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/DelimitedLoader.h"
+#include "replay/load/ReplayLoader.h"
 
 #include <cstddef>
 #include <cstdint>

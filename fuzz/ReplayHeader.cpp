@@ -3,8 +3,8 @@
 #include "MemoryFile.h"
 
 #include "base/SilentSinks.h"
-#include "replay/CReplayFile.h"
-#include "replay/ChannelList.h"
+#include "replay/file/CReplayFile.h"
+#include "replay/load/ChannelList.h"
 
 #include <cstddef>
 #include <cstdint>

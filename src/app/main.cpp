@@ -1,8 +1,8 @@
-#include "app/BatchCommand.h"
-#include "app/CLumasetApp.h"
-#include "app/CommandLine.h"
+#include "app/batch/BatchCommand.h"
+#include "app/batch/CommandLine.h"
+#include "app/frame/CLumasetApp.h"
 #include "settings/SettingsStore.h"
-#include "ui/ToolkitStyle.h"
+#include "ui/icons/ToolkitStyle.h"
 
 #include <QApplication>
 

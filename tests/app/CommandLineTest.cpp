@@ -1,6 +1,6 @@
-#include "app/CommandLine.h"
-#include "app/PatternChooser.h"
-#include "app/TerminalProgress.h"
+#include "app/batch/CommandLine.h"
+#include "app/batch/PatternChooser.h"
+#include "app/batch/TerminalProgress.h"
 
 #include <sstream>
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "DialogScript.h"
-#include "app/CLumasetApp.h"
-#include "app/CMainFrame.h"
-#include "app/CommandIds.h"
-#include "app/FrameActions.h"
-#include "app/FrameStatusBar.h"
+#include "app/frame/CLumasetApp.h"
+#include "app/frame/CMainFrame.h"
+#include "app/frame/CommandIds.h"
+#include "app/frame/FrameActions.h"
+#include "app/frame/FrameStatusBar.h"
 #include "settings/SettingsStore.h"
 
 namespace pellam {

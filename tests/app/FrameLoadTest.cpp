@@ -1,11 +1,11 @@
 #include "FrameFixture.h"
 
-#include "app/CPreferences.h"
-#include "app/RecentFiles.h"
-#include "ui/FolderEdit.h"
-#include "ui/TabPages.h"
-#include "views/CGridView.h"
-#include "views/CTrendView.h"
+#include "app/dialogs/CPreferences.h"
+#include "app/frame/RecentFiles.h"
+#include "ui/dialogs/FolderEdit.h"
+#include "ui/dialogs/TabPages.h"
+#include "views/chart/CTrendView.h"
+#include "views/grid/CGridView.h"
 
 namespace pellam {
 

@@ -1,12 +1,12 @@
 #include "FrameFixture.h"
 #include "GridText.h"
 
-#include "app/RecentFiles.h"
+#include "app/frame/RecentFiles.h"
 #include "database/SessionRows.h"
 #include "database/ui/CSessionNameDlg.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
-#include "ui/TabPages.h"
+#include "ui/dialogs/TabPages.h"
 
 namespace pellam {
 

@@ -1,8 +1,8 @@
 #include "FrameFixture.h"
 
-#include "app/FrameSidebar.h"
-#include "app/PreviewPane.h"
-#include "ui/TaskSidebar.h"
+#include "app/frame/FrameSidebar.h"
+#include "app/print/PreviewPane.h"
+#include "ui/sidebar/TaskSidebar.h"
 
 namespace pellam {
 

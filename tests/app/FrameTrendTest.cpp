@@ -1,11 +1,11 @@
 #include "FrameFixture.h"
 
-#include "app/PreviewPane.h"
-#include "trend/CTrend.h"
-#include "ui/TabPages.h"
-#include "views/CTrendView.h"
-#include "views/ChartAxisSheet.h"
-#include "views/MyCug.h"
+#include "app/print/PreviewPane.h"
+#include "trend/control/CTrend.h"
+#include "ui/dialogs/TabPages.h"
+#include "views/chart/CTrendView.h"
+#include "views/chart/ChartAxisSheet.h"
+#include "views/grid/MyCug.h"
 
 namespace pellam {
 

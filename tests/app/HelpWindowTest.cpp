@@ -1,4 +1,4 @@
-#include "app/HelpWindow.h"
+#include "app/dialogs/HelpWindow.h"
 
 namespace pellam {
 

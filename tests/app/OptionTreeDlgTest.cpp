@@ -1,6 +1,6 @@
-#include "app/COptionTreeDlg.h"
+#include "app/dialogs/COptionTreeDlg.h"
 
-#include "ui/OptionTree.h"
+#include "ui/tree/OptionTree.h"
 
 namespace pellam {
 namespace {

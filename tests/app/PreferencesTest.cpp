@@ -1,7 +1,7 @@
-#include "app/CPreferences.h"
+#include "app/dialogs/CPreferences.h"
 
 #include "DialogScript.h"
-#include "ui/FolderEdit.h"
+#include "ui/dialogs/FolderEdit.h"
 
 namespace pellam {
 namespace {

@@ -1,4 +1,4 @@
-#include "database/BackgroundCall.h"
+#include "database/odbc/BackgroundCall.h"
 
 #include <atomic>
 #include <thread>

@@ -1,5 +1,5 @@
-#include "database/CDBDataHeader.h"
-#include "database/DataSources.h"
+#include "database/odbc/DataSources.h"
+#include "database/sessions/CDBDataHeader.h"
 
 #include "OdbcSetup.h"
 

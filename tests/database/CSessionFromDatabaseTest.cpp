@@ -3,8 +3,8 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "ZoneScope.h"
-#include "replay/AllChannels.h"
-#include "replay/SessionLoader.h"
+#include "replay/load/AllChannels.h"
+#include "replay/load/FileLoader.h"
 
 #include <csignal>
 #include <filesystem>
@@ -226,7 +226,7 @@ TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     GridData grid('.');
     InternationalSettings international;
     AllChannels all;
-    SessionLoader loader({grid, international, corrections, messages, progress, all});
+    FileLoader loader({grid, international, corrections, messages, progress, all});
     ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
     EXPECT_EQ(gridText(grid), heading + first + second);
 }

@@ -4,11 +4,11 @@
 #include "OdbcSetup.h"
 #include "SessionLoad.h"
 #include "SessionRows.h"
-#include "database/BackgroundCall.h"
-#include "database/CDBDataData1.h"
-#include "database/CDBDataData2.h"
-#include "database/CDBDataData3.h"
-#include "database/CDBDataDetails.h"
+#include "database/odbc/BackgroundCall.h"
+#include "database/sessions/CDBDataData1.h"
+#include "database/sessions/CDBDataData2.h"
+#include "database/sessions/CDBDataData3.h"
+#include "database/sessions/CDBDataDetails.h"
 
 namespace pellam {
 namespace {

@@ -1,7 +1,7 @@
-#include "database/SessionFilter.h"
+#include "database/sessions/SessionFilter.h"
 
-#include "database/SessionListFilters.h"
-#include "database/Session_Schedule_Info.h"
+#include "database/sessions/SessionListFilters.h"
+#include "database/sessions/Session_Schedule_Info.h"
 
 #include "ZoneScope.h"
 

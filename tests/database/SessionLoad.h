@@ -2,7 +2,7 @@
 
 #include "RecordingSinks.h"
 #include "ScratchFolder.h"
-#include "database/CSessionFromDatabase.h"
+#include "database/sessions/CSessionFromDatabase.h"
 
 namespace pellam::test {
 

@@ -1,10 +1,10 @@
 // How times, values and SQL texts are read and written.
 
 #include "ZoneScope.h"
-#include "database/CTime.h"
-#include "database/SessionTime.h"
-#include "database/SessionValueText.h"
-#include "database/SqlText.h"
+#include "database/odbc/CTime.h"
+#include "database/odbc/SqlText.h"
+#include "database/sessions/SessionTime.h"
+#include "database/sessions/SessionValueText.h"
 
 #include <cmath>
 #include <cstdio>

@@ -17,7 +17,7 @@ class BinaryLoaderTest : public LoadTest {
         LoadContext context{*grid, international, corrections, messages, progress, chooser};
         context.saveFolder = [this] { return saveFolder; };
         context.askSaveFolder = [this] { saveFolder = answer; };
-        return SessionLoader(context).load(folder.path(name));
+        return FileLoader(context).load(folder.path(name));
     }
 
     std::string row(Row index) const {

@@ -1,5 +1,5 @@
-#include "replay/CCrc16.h"
-#include "replay/CCrc32.h"
+#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc32.h"
 
 #include <random>
 #include <string>

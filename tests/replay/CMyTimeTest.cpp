@@ -1,6 +1,6 @@
-#include "replay/CMyTime.h"
+#include "replay/time/CMyTime.h"
 #include "ZoneScope.h"
-#include "replay/TimeCorrections.h"
+#include "replay/time/TimeCorrections.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "replay/CReplayFile.h"
+#include "replay/file/CReplayFile.h"
 #include "LoadHarness.h"
 #include "ScratchFolder.h"
 

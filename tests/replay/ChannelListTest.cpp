@@ -1,4 +1,4 @@
-#include "replay/ChannelList.h"
+#include "replay/load/ChannelList.h"
 
 namespace pellam {
 namespace {

@@ -4,7 +4,7 @@
 #include "RecordingSinks.h"
 #include "ScratchFolder.h"
 #include "ZoneScope.h"
-#include "replay/SessionLoader.h"
+#include "replay/load/FileLoader.h"
 
 namespace pellam::test {
 
@@ -38,8 +38,7 @@ class LoadTest : public testing::Test {
 
     LoadOutcome loadFile(const std::string& path) {
         messages.texts.clear();
-        SessionLoader loader(
-            {*grid, international, corrections, messages, progress, chooser, grey});
+        FileLoader loader({*grid, international, corrections, messages, progress, chooser, grey});
         const LoadOutcome outcome = loader.load(path);
         EXPECT_EQ(progress.open, 0);
         return outcome;

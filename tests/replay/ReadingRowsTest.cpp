@@ -1,7 +1,7 @@
-#include "replay/ReadingRows.h"
+#include "replay/load/ReadingRows.h"
 #include "LoadHarness.h"
-#include "replay/LabelPass.h"
-#include "replay/ReplayLoader.h"
+#include "replay/load/LabelPass.h"
+#include "replay/load/ReplayLoader.h"
 
 namespace pellam {
 namespace {

@@ -1,6 +1,6 @@
 #include "LoadHarness.h"
-#include "replay/CCrc16.h"
-#include "replay/LineCheck.h"
+#include "replay/checks/CCrc16.h"
+#include "replay/checks/LineCheck.h"
 
 #include <cstdio>
 

@@ -1,6 +1,6 @@
 #include "LoadHarness.h"
 #include "ScratchFolder.h"
-#include "replay/CReplayFile.h"
+#include "replay/file/CReplayFile.h"
 
 namespace pellam {
 namespace {

@@ -1,6 +1,6 @@
-#include "trend/CurveColumns.h"
+#include "trend/paint/CurveColumns.h"
 
-#include "trend/TrendCurve.h"
+#include "trend/curves/TrendCurve.h"
 
 #include <cmath>
 #include <random>

@@ -1,6 +1,6 @@
-#include "trend/CurveReader.h"
+#include "trend/curves/CurveReader.h"
 
-#include "trend/TrendCurve.h"
+#include "trend/curves/TrendCurve.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "trend/MinMaxPyramid.h"
+#include "trend/curves/MinMaxPyramid.h"
 
 #include <cmath>
 #include <random>

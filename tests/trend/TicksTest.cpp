@@ -1,7 +1,7 @@
-#include "trend/DecimalTicks.h"
-#include "trend/LogTicks.h"
-#include "trend/ScaleMap.h"
-#include "trend/TimeTicks.h"
+#include "trend/curves/ScaleMap.h"
+#include "trend/ticks/DecimalTicks.h"
+#include "trend/ticks/LogTicks.h"
+#include "trend/ticks/TimeTicks.h"
 
 using namespace pellam;
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "trend/CTrend.h"
-#include "trend/TrendCommands.h"
-#include "trend/TrendScene.h"
+#include "trend/control/CTrend.h"
+#include "trend/control/TrendCommands.h"
+#include "trend/control/TrendScene.h"
 
 #include <cmath>
 #include <string>

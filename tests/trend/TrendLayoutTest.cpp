@@ -1,6 +1,6 @@
-#include "trend/TrendLayout.h"
+#include "trend/layout/TrendLayout.h"
 
-#include "trend/TrendChart.h"
+#include "trend/curves/TrendChart.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "trend/TrendExport.h"
+#include "trend/paint/TrendExport.h"
 
 #include <cmath>
 #include <random>

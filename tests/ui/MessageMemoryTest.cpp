@@ -1,5 +1,5 @@
-#include "ui/MessageMemory.h"
-#include "ui/ShowMessage.h"
+#include "ui/dialogs/MessageMemory.h"
+#include "ui/dialogs/ShowMessage.h"
 
 #include <map>
 

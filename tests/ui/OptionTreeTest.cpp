@@ -1,4 +1,4 @@
-#include "ui/OptionTree.h"
+#include "ui/tree/OptionTree.h"
 
 namespace pellam {
 namespace {

@@ -1,8 +1,8 @@
-#include "ui/FolderEdit.h"
-#include "ui/IconSet.h"
-#include "ui/SideBanner.h"
-#include "ui/TabPages.h"
-#include "ui/ToolkitStyle.h"
+#include "ui/dialogs/FolderEdit.h"
+#include "ui/dialogs/TabPages.h"
+#include "ui/icons/IconSet.h"
+#include "ui/icons/ToolkitStyle.h"
+#include "ui/sidebar/SideBanner.h"
 
 #include <set>
 

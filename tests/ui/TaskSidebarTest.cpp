@@ -1,6 +1,6 @@
-#include "ui/TaskSidebar.h"
+#include "ui/sidebar/TaskSidebar.h"
 
-#include "ui/IconSet.h"
+#include "ui/icons/IconSet.h"
 
 namespace pellam {
 namespace {

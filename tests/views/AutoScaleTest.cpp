@@ -1,7 +1,7 @@
-#include "views/AutoScale.h"
-#include "trend/TrendOperations.h"
-#include "views/ChartAxisSheet.h"
-#include "views/StripLayout.h"
+#include "views/chart/AutoScale.h"
+#include "trend/control/TrendOperations.h"
+#include "views/chart/ChartAxisSheet.h"
+#include "views/chart/StripLayout.h"
 
 namespace pellam {
 

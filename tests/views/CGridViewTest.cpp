@@ -1,8 +1,8 @@
-#include "views/CGridView.h"
+#include "views/grid/CGridView.h"
 #include "GridText.h"
-#include "views/FindBar.h"
-#include "views/GoToDialog.h"
-#include "views/MyCug.h"
+#include "views/grid/FindBar.h"
+#include "views/grid/GoToDialog.h"
+#include "views/grid/MyCug.h"
 
 namespace pellam {
 namespace {

@@ -3,8 +3,8 @@
 
 #include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
-#include "trend/CTrend.h"
-#include "views/CTrendView.h"
+#include "trend/control/CTrend.h"
+#include "views/chart/CTrendView.h"
 
 namespace pellam {
 

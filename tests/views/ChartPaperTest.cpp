@@ -2,10 +2,10 @@
 
 #include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
-#include "trend/CTrend.h"
-#include "views/AutoScale.h"
-#include "views/CTrendView.h"
-#include "views/ChartFile.h"
+#include "trend/control/CTrend.h"
+#include "views/chart/AutoScale.h"
+#include "views/chart/CTrendView.h"
+#include "views/chart/ChartFile.h"
 
 #include <QPrinter>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "views/ClipboardTable.h"
+#include "views/scan/ClipboardTable.h"
 #include "GridText.h"
 
 namespace pellam {

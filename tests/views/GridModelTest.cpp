@@ -1,4 +1,4 @@
-#include "views/GridModel.h"
+#include "views/sheet/GridModel.h"
 #include "GridText.h"
 
 namespace pellam {

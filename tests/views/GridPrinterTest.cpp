@@ -1,7 +1,7 @@
-#include "views/GridPrinter.h"
+#include "views/print/GridPrinter.h"
 #include "GridText.h"
 #include "RecordingSinks.h"
-#include "views/HeadingText.h"
+#include "views/text/HeadingText.h"
 
 namespace pellam {
 namespace {

@@ -1,7 +1,7 @@
 #include "GridText.h"
-#include "views/FindScan.h"
-#include "views/RowLocator.h"
-#include "views/StatisticsScan.h"
+#include "views/scan/FindScan.h"
+#include "views/scan/RowLocator.h"
+#include "views/scan/StatisticsScan.h"
 
 #include <random>
 #include <set>

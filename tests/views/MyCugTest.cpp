@@ -1,13 +1,13 @@
-#include "views/MyCug.h"
+#include "views/grid/MyCug.h"
 #include "GridText.h"
-#include "views/AxisSpinBox.h"
-#include "views/CGridView.h"
-#include "views/CompareCells.h"
-#include "views/GridClipboard.h"
-#include "views/GridCorner.h"
-#include "views/GridDelegate.h"
-#include "views/GridHeader.h"
-#include "views/GridModel.h"
+#include "views/grid/CGridView.h"
+#include "views/grid/GridClipboard.h"
+#include "views/scan/CompareCells.h"
+#include "views/sheet/AxisSpinBox.h"
+#include "views/sheet/GridCorner.h"
+#include "views/sheet/GridDelegate.h"
+#include "views/sheet/GridHeader.h"
+#include "views/sheet/GridModel.h"
 
 namespace pellam {
 namespace {

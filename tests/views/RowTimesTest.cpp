@@ -2,8 +2,8 @@
 #include "ZoneScope.h"
 
 #include "base/InternationalSettings.h"
-#include "replay/CMyTime.h"
-#include "views/RowTimes.h"
+#include "replay/time/CMyTime.h"
+#include "views/series/RowTimes.h"
 
 #include <array>
 #include <cmath>

@@ -4,10 +4,10 @@
 #include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
 #include "grid/DecimalCell.h"
-#include "trend/TrendOperations.h"
-#include "views/TrendBuilder.h"
-#include "views/TrendRows.h"
-#include "views/TrendSetUp.h"
+#include "trend/control/TrendOperations.h"
+#include "views/chart/TrendRows.h"
+#include "views/chart/TrendSetUp.h"
+#include "views/series/TrendBuilder.h"
 
 #include <cmath>
 #include <random>

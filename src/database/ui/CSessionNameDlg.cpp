@@ -2,10 +2,10 @@
 
 #include "base/MessageSink.h"
 #include "base/Utf8.h"
-#include "database/DataSources.h"
-#include "database/SessionFilter.h"
-#include "database/SessionTime.h"
-#include "database/Wildcards.h"
+#include "database/odbc/DataSources.h"
+#include "database/sessions/SessionFilter.h"
+#include "database/sessions/SessionTime.h"
+#include "database/sessions/Wildcards.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "database/CTime.h"
-#include "database/SessionLists.h"
-#include "database/SessionRequest.h"
+#include "database/odbc/CTime.h"
+#include "database/sessions/SessionLists.h"
+#include "database/sessions/SessionRequest.h"
 #include "database/ui/WindowCall.h"
 
 #include <QDialog>

@@ -1,6 +1,6 @@
 #include "database/ui/LoadCall.h"
 
-#include "database/ui/CConnectionStatus.h"
+#include "ui/dialogs/CConnectionStatus.h"
 
 namespace pellam {
 

@@ -1,6 +1,6 @@
 #include "database/ui/PickBox.h"
 
-#include "database/Wildcards.h"
+#include "database/sessions/Wildcards.h"
 #include "database/ui/TextListModel.h"
 
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/TextList.h"
+#include "database/sessions/TextList.h"
 
 #include <QAbstractListModel>
 #include <QStringList>

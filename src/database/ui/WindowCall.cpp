@@ -1,6 +1,6 @@
 #include "database/ui/WindowCall.h"
 
-#include "database/ui/InputEvents.h"
+#include "ui/dialogs/InputEvents.h"
 
 #include <QApplication>
 #include <QKeyEvent>

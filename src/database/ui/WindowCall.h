@@ -1,6 +1,6 @@
 #pragma once
 
-#include "database/BackgroundCall.h"
+#include "database/odbc/BackgroundCall.h"
 
 #include <QObject>
 

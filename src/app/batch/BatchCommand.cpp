@@ -1,0 +1,224 @@
+#include "app/batch/BatchCommand.h"
+
+#include "app/batch/ChartOutput.h"
+#include "app/batch/FileInfoText.h"
+#include "app/print/GridPdf.h"
+#include "base/Utf8.h"
+#include "export/GridWriter.h"
+#include "logger/CDumpDBD.h"
+#include "logger/TaggedDownload.h"
+#include "replay/load/FileLoader.h"
+#include "settings/ProfileKeys.h"
+
+#include <QGuiApplication>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+namespace pellam {
+
+namespace {
+
+/// Keeps the numbers 0 to 2 taken: a file of ours must never become the standard output.
+void occupyStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) != -1) continue;
+        // Opened the other way round, so that using a closed stream still fails.
+        (void)::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
+/// Writes to standard output; nothing on success.
+Failure writeOut(const std::string& text) {
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (written && std::fflush(stdout) == 0) return {};
+    return Failure::fromErrno(Failure::Kind::Write, "standard output", errno);
+}
+
+int finishWith(const std::string& text) {
+    const Failure failure = writeOut(text);
+    if (failure) std::fprintf(stderr, "%s\n", failure.text().c_str());
+    return failure ? kFailed : kDone;
+}
+
+bool endsLikeTabText(const std::string& path) {
+    return path.ends_with('t') || path.ends_with('T');
+}
+
+std::string fileNameOf(const std::string& path) {
+    return toUtf8(std::filesystem::path(path).filename().string());
+}
+
+/// Standard error is for our own messages; what Qt remarks about its surroundings is none of them.
+void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+} // namespace
+
+BatchCommand::BatchCommand(const CommandLine& line)
+    : m_line(line),
+      m_settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings),
+      m_international(m_settings.international(InternationalSettings::fromLocale())),
+      m_grid(m_international.decimalSeparator),
+      m_chooser(line.channels),
+      m_corrections(TimeCorrections::fromZone(std::time(nullptr))) {}
+
+int BatchCommand::run() {
+    bool done = m_line.convert.empty() || convert();
+    done = (m_line.dump.empty() || dump()) && done;
+    if (m_line.database.list) done = report(writeOut(m_session.list())) && done;
+    if (!m_line.database.request.session.empty() && !fetchSession()) return kFailed;
+    if (m_line.hasOutput()) {
+        if (!load()) return kFailed;
+        done = makeOutputs() && done;
+    }
+    return done && !m_messages.failed() && !m_progress.aborted() ? kDone : kFailed;
+}
+
+bool BatchCommand::makeOutputs() {
+    bool done = true;
+    for (const std::string& path : m_line.exports)
+        done = report(write(path)) && done;
+    for (const std::string& path : m_line.prints)
+        done = report(print(path)) && done;
+    if (!m_line.charts.empty()) done = drawCharts() && done;
+    if (m_line.info) done = writeInfo() && done;
+    return done;
+}
+
+bool BatchCommand::fetchSession() {
+    if (!m_session.fetch()) return false;
+    bool kept = true;
+    for (const std::string& path : m_line.database.replays)
+        kept = report(m_session.keep(path)) && kept;
+    return kept || m_line.hasOutput();
+}
+
+bool BatchCommand::load() {
+    const bool stored = !m_line.database.request.session.empty();
+    const std::string& source = stored ? m_line.database.request.session : m_line.file;
+    const auto saveFolder = [this] {
+        return m_settings.GetProfileString(profile::kSection.toStdString(),
+                                           profile::kSaveFolder.toStdString());
+    };
+    FileLoader loader({m_grid, m_international, m_corrections, m_messages, m_progress, m_chooser,
+                       false, saveFolder});
+    m_outcome = loader.load(stored ? m_session.path() : m_line.file);
+    m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
+    if (m_outcome.aborted) {
+        m_messages.show(Failure{Failure::Kind::Aborted, source, -1, {}}.text());
+        return false;
+    }
+    if (!m_outcome.loaded) {
+        if (!m_messages.spoke()) m_messages.show("Nothing was loaded from " + source + '.');
+        return false;
+    }
+    const bool channels = m_outcome.kind != LoadOutcome::Kind::Alarm;
+    if (channels && !m_outcome.largeFile && !m_chooser.choosesAll()) keepChosenColumns();
+    if (m_grid.channelCount() > 0 || m_chooser.choosesAll()) return true;
+    m_messages.show("Attention: No channels selected");
+    return false;
+}
+
+/// A small file is loaded whole; brings it to what a large file would give.
+void BatchCommand::keepChosenColumns() {
+    int kept = 0;
+    for (int i = 1; i <= m_grid.channelCount(); ++i) {
+        if (m_chooser.matches(m_grid.column(i).label())) m_grid.moveColumn(i, ++kept);
+    }
+    m_grid.setChannelCount(kept);
+    m_grid.setColumnCount(kept + 1);
+    for (int i = kept + 1; i < m_grid.columnCount(); ++i) {
+        m_grid.column(i).setCharted(false);
+        m_grid.column(i).setLabel({});
+    }
+}
+
+bool BatchCommand::writeInfo() {
+    return report(writeOut(fileInfoText(
+        m_outcome, m_grid, {m_line.database.request.dataSource, m_line.database.request.session})));
+}
+
+bool BatchCommand::report(const Failure& failure) {
+    if (failure) m_messages.show(failure.text());
+    return !failure;
+}
+
+bool BatchCommand::isSource(const std::string& target) const {
+    std::error_code missing;
+    return std::filesystem::equivalent(target, m_line.file, missing) ||
+           std::filesystem::equivalent(target, m_outcome.path, missing);
+}
+
+Failure BatchCommand::write(const std::string& path) {
+    if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+    if (m_progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
+    const GridWriter writer(m_grid);
+    if (endsLikeTabText(path)) return writer.writeTxt(path, m_progress);
+    return writer.writeCsv(path, m_international.listSeparator, m_progress);
+}
+
+Failure BatchCommand::print(const std::string& path) {
+    if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+    return printToPdf(m_grid, m_title, path, m_progress);
+}
+
+bool BatchCommand::drawCharts() {
+    ChartOutput chart(m_grid, m_international, m_progress, m_title);
+    if (m_progress.aborted()) {
+        return report({Failure::Kind::Aborted, m_line.charts.front(), -1, {}});
+    }
+    if (!chart.nothingToDraw().empty()) {
+        m_messages.show(chart.nothingToDraw());
+        return false;
+    }
+    bool done = true;
+    for (const std::string& path : m_line.charts) {
+        const Failure same{Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+        done = report(isSource(path) ? same
+                                     : chart.write(path, m_line.chartWidth, m_line.chartHeight)) &&
+               done;
+    }
+    return done;
+}
+
+bool BatchCommand::convert() {
+    return report(convertTaggedDownload(m_line.convert));
+}
+
+bool BatchCommand::dump() {
+    CDumpDBD dumper({m_international, m_messages, m_progress});
+    const int result = dumper.dumpFile({m_line.file}, m_line.dump, m_line.dumpOptions);
+    if (dumper.aborted()) return report({Failure::Kind::Aborted, m_line.dump, -1, {}});
+    return result == CDumpDBD::kDone;
+}
+
+int runBatch(const CommandLine& line) {
+    occupyStandardStreams();
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away makes the write fail instead
+    if (!line.error.empty()) {
+        std::fprintf(stderr, "pellam: %s\n%s\n", line.error.c_str(), CommandLine::usage().c_str());
+        return kWrongUsage;
+    }
+    if (line.help) return finishWith(CommandLine::helpText());
+    if (line.version) return finishWith("pellam " PELLAM_VERSION "\n");
+    if (line.prints.empty() && line.charts.empty()) return BatchCommand(line).run();
+
+    // Text on paper needs fonts, and those an application object; no display is needed.
+    qInstallMessageHandler(keepQtQuiet);
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    int count = 1;
+    char name[] = "pellam";
+    char* arguments[] = {name, nullptr};
+    const QGuiApplication application(count, arguments);
+    return BatchCommand(line).run();
+}
+
+} // namespace pellam

@@ -1,0 +1,69 @@
+#include "app/batch/FileInfoText.h"
+
+#include <algorithm>
+
+namespace pellam {
+
+namespace {
+
+const char* nameOf(LoadOutcome::Kind kind) {
+    switch (kind) {
+    case LoadOutcome::Kind::Data:
+        return "data";
+    case LoadOutcome::Kind::Alarm:
+        return "alarm";
+    case LoadOutcome::Kind::Delimited:
+        return "delimited";
+    case LoadOutcome::Kind::Binary:
+        return "binary";
+    case LoadOutcome::Kind::Nothing:
+        break;
+    }
+    return "nothing";
+}
+
+class Facts {
+  public:
+    void add(const char* key, std::string value) {
+        std::replace_if(
+            value.begin(), value.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+        m_text += std::string(key) + ": " + value + '\n';
+    }
+
+    void add(const char* key, std::int64_t value) { add(key, std::to_string(value)); }
+
+    [[nodiscard]] const std::string& text() const { return m_text; }
+
+  private:
+    std::string m_text;
+};
+
+} // namespace
+
+std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
+                         const StoredSession& stored) {
+    Facts facts;
+    if (stored.dsn.empty()) {
+        facts.add("file", outcome.path);
+    } else {
+        facts.add("data source", stored.dsn);
+        facts.add("session", stored.session);
+    }
+    facts.add("size", outcome.fileSize);
+    facts.add("kind", nameOf(outcome.kind));
+    facts.add("crypt state", outcome.cryptState);
+    facts.add("contents type", outcome.contentsType);
+    facts.add("originator type", outcome.originatorType);
+    facts.add("description", outcome.description);
+    facts.add("line count", outcome.lineCount);
+    facts.add("first time", outcome.firstTime);
+    facts.add("last time", outcome.lastTime);
+    facts.add("rows", grid.rowCount());
+    facts.add("channels", grid.channelCount());
+    facts.add("damaged lines", outcome.damagedLines);
+    for (int i = 1; i <= grid.channelCount(); ++i)
+        facts.add("channel", grid.column(i).label());
+    return facts.text();
+}
+
+} // namespace pellam

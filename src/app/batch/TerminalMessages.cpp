@@ -1,0 +1,20 @@
+#include "app/batch/TerminalMessages.h"
+
+#include "app/batch/TerminalProgress.h"
+
+#include <cstdio>
+#include <string>
+
+namespace pellam {
+
+void TerminalMessages::show(std::string_view text) {
+    const bool remark = text.starts_with("Warning: ") || text.starts_with("Attention: ") ||
+                        text.starts_with("Information: ");
+    m_spoke = true;
+    m_failed = m_failed || !remark;
+    m_progress.finish();
+    const std::string line = std::string(text) + '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+} // namespace pellam

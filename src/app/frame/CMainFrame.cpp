@@ -1,0 +1,399 @@
+#include "app/frame/CMainFrame.h"
+
+#include "app/dialogs/AboutBox.h"
+#include "app/dialogs/CPreferences.h"
+#include "app/dialogs/SettingsAnswers.h"
+#include "app/frame/CLumasetApp.h"
+#include "app/frame/CommandIds.h"
+#include "app/frame/FrameActions.h"
+#include "app/frame/FrameExport.h"
+#include "app/frame/FrameLayout.h"
+#include "app/frame/FrameLoader.h"
+#include "app/frame/FramePreview.h"
+#include "app/frame/FrameSessions.h"
+#include "app/frame/FrameSidebar.h"
+#include "app/frame/FrameStatusBar.h"
+#include "app/frame/PageCommands.h"
+#include "app/frame/PageLink.h"
+#include "app/frame/RecentFiles.h"
+#include "app/print/FramePrinting.h"
+#include "database/sessions/SessionRequest.h"
+#include "drop/CMyDropTarget.h"
+#include "logger/TaggedDownload.h"
+#include "replay/load/AxisGrouping.h"
+#include "ui/dialogs/CConnectionStatus.h"
+#include "ui/dialogs/MessageMemory.h"
+#include "ui/dialogs/TabPages.h"
+#include "ui/icons/IconSet.h"
+#include "views/chart/CTrendView.h"
+#include "views/grid/CGridView.h"
+#include "views/grid/MyCug.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <clocale>
+#include <ctime>
+
+namespace pellam {
+
+CMainFrame::CMainFrame(CLumasetApp& app)
+    : m_app(app),
+      m_data((SetInternational(), m_international.decimalSeparator)),
+      m_answers(std::make_unique<SettingsAnswers>(app.settings())),
+      m_memory(std::make_unique<MessageMemory>(*m_answers)) {
+    setWindowTitle(QStringLiteral("Pellam"));
+    m_actions = new FrameActions(this);
+    m_actions->buildMenus();
+    m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
+    m_status = new FrameStatusBar(statusBar());
+    createClient();
+    m_layout = std::make_unique<FrameLayout>(*this, app, *m_sidebar, *m_actions->buildToolbar());
+    createHelpers();
+    connectCommands();
+    connectPageCommands(*m_actions, *m_gridView, *m_trendView);
+    connectPages();
+    connectDrops();
+    m_layout->restoreWindow();
+    ViewSidebar();
+    OnViewDatagrid();
+    OnIdleUpdateCmdUI();
+}
+
+CMainFrame::~CMainFrame() {
+    // The pages read the store until they are gone, so they go first, and quietly.
+    m_pages->disconnect(this);
+    delete takeCentralWidget();
+}
+
+void CMainFrame::createClient() {
+    m_gridView = new CGridView(m_data);
+    m_trendView =
+        new CTrendView({.grid = m_data,
+                        .international = m_international,
+                        .messages = m_messages,
+                        .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+                        .saveFolder = [this] { return m_app.saveFolder(); }});
+    m_pages = new TabPages;
+    m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
+    m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));
+    m_stack = new QStackedWidget;
+    m_stack->addWidget(m_pages);
+
+    auto* client = new QWidget;
+    m_sidebar = new FrameSidebar(*m_actions, client);
+    auto* row = new QHBoxLayout(client);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addWidget(m_sidebar);
+    row->addWidget(m_stack, 1);
+    setCentralWidget(client);
+}
+
+void CMainFrame::createHelpers() {
+    m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
+    m_preview = new FramePreview(m_stack, *m_printing, *m_actions);
+    connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
+    m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
+                                m_messages, [this] { OnFilePreferences(); }});
+    m_sessions =
+        new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
+    m_export =
+        new FrameExport({.window = this,
+                         .grid = m_data,
+                         .messages = m_messages,
+                         .memory = *m_memory,
+                         .listSeparator = m_international.listSeparator,
+                         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+                         .saveFolder = [this] { return m_app.storedSaveFolder(); },
+                         .openPreferences = [this] { OnFilePreferences(); },
+                         .loadedFile = [this] { return m_file; }});
+    connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
+}
+
+void CMainFrame::connectCommands() {
+    m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
+    m_actions->on(Command::OpenDatabase, [this] { OnLoadFromDatabase(); });
+    m_actions->on(Command::Export, [this] { ExportData(); });
+    m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
+    m_actions->on(Command::Print, [this] {
+        chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
+    });
+    m_actions->on(Command::Copy,
+                  [this] { chartInFront() ? m_trendView->OnEditCopy() : m_gridView->copy(); });
+    m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
+    m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
+    m_actions->on(Command::Exit, [this] { close(); });
+    m_actions->on(Command::SelectAllChannels, [this] { OnEditSelectAll(); });
+    m_actions->on(Command::DeselectAllChannels, [this] { OnEditClearAll(); });
+    m_actions->on(Command::Sidebar, [this] { OnViewSidebar(); });
+    m_actions->on(Command::Toolbar, [this] { toggleToolbar(); });
+    m_actions->on(Command::DataGrid, [this] { OnViewDatagrid(); });
+    m_actions->on(Command::TrendChart, [this] { OnViewTrendchart(); });
+    m_actions->on(Command::HelpContents, [this] { m_app.OnMyHelp(); });
+    m_actions->on(Command::About, [this] { AboutBox(IconSet::applicationIcon(), this).exec(); });
+    m_actions->on(Command::ResetMessages, [this] { OnClearXMessage(); });
+    m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
+}
+
+bool CMainFrame::chartInFront() const {
+    return m_pages->activePage() == kTrendPage;
+}
+
+void CMainFrame::connectPages() {
+    connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
+    connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
+    // Queued: opening a file rebuilds the menu whose item was chosen.
+    connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
+    connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
+    connect(m_trendView, &CTrendView::stateChanged, this, &CMainFrame::OnIdleUpdateCmdUI);
+    auto* link = new PageLink(
+        {*m_pages, kTrendPage, *m_gridView, *m_trendView, [this] { return m_loader->isBusy(); }},
+        this);
+    connect(link, &PageLink::notice, this, &CMainFrame::remark);
+    connect(m_trendView, &CTrendView::rebuilt, this, [this] {
+        if (m_closeWhenLoaded) QTimer::singleShot(0, this, &CMainFrame::close);
+    });
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &CMainFrame::OnIdleUpdateCmdUI);
+}
+
+void CMainFrame::connectDrops() {
+    for (auto* target :
+         {new CMyDropTarget(this), &m_gridView->dropTarget(), &m_trendView->dropTarget()}) {
+        target->setContext(
+            {.messages = m_messages,
+             .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
+             .saveFolder = [this] { return m_app.saveFolder(); },
+             .ready =
+                 [this] { return !m_loader->isBusy() && !QApplication::activeModalWidget(); }});
+        connect(target, &CMyDropTarget::fileDropped, this,
+                [this](const QString& path) { OnDropFiles({path}); });
+        connect(target, &CMyDropTarget::notice, this, &CMainFrame::remark);
+    }
+}
+
+void CMainFrame::finishStartUp() {
+    setWindowIcon(IconSet::applicationIcon());
+    // Asking for the clipboard's content goes to another program, so only when it changed.
+    const auto look = [this] {
+        const auto* content = QApplication::clipboard()->mimeData();
+        m_clipboardText = content && content->hasText();
+    };
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
+    look();
+}
+
+PreviewPane* CMainFrame::preview() const {
+    return m_preview->pane();
+}
+
+MyCug* CMainFrame::Grid() const {
+    return &m_gridView->grid();
+}
+
+void CMainFrame::SetInternational() {
+    m_international = m_app.international();
+    m_corrections = TimeCorrections::fromZone(std::time(nullptr));
+    // A language that the system does not know leaves the locale as it is.
+    std::setlocale(LC_TIME, m_international.language.c_str());
+}
+
+// --- Loading
+
+void CMainFrame::OnLoadLoadreplayfile() {
+    OnLoadSessionFromFile({});
+}
+
+void CMainFrame::OnLoadSessionFromFile(const QString& path) {
+    if (m_loader->isBusy()) return;
+    OnViewDatagrid();
+    auto file = path;
+    // Quotes come from command lines of other systems; a name that really has them is left alone.
+    if (!QFileInfo::exists(file)) file.remove(u'"');
+    if (file.isEmpty()) file = m_loader->askForFile();
+    if (file.isEmpty()) return;
+
+    const auto outcome = ReadReplayFile(file);
+    if (outcome.loaded)
+        m_recent->add(file);
+    else if (!QFileInfo::exists(file))
+        m_recent->remove(file);
+    if (m_closeWhenLoaded) close();
+}
+
+LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
+    auto outcome = m_loader->load(path);
+    showLoaded(path, outcome);
+    return outcome;
+}
+
+void CMainFrame::OnLoadFromDatabase() {
+    if (m_loader->isBusy()) return;
+    OnViewDatagrid();
+    if (const auto request = m_sessions->ask()) {
+        const auto outcome = m_sessions->load(*request);
+        showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
+    }
+    Grid()->clearSelection();
+    if (m_closeWhenLoaded) close();
+}
+
+void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
+                            const QString& session) {
+    m_file = outcome.loaded ? path : QString();
+    m_trendView->setFileName(m_gridView->fileName());
+    m_status->showLoad(outcome, session);
+    const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
+    setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));
+    m_gridView->setFocus();
+    OnIdleUpdateCmdUI();
+}
+
+void CMainFrame::remark(const QString& text) {
+    statusBar()->showMessage(text, kNoticeTime);
+}
+
+void CMainFrame::openLater(const QString& path) {
+    QTimer::singleShot(0, this, [this, path] { OnLoadSessionFromFile(path); });
+}
+
+void CMainFrame::OnDropFiles(const QStringList& paths) {
+    if (!paths.value(0).isEmpty()) openLater(paths[0]);
+}
+
+void CMainFrame::SortAxisByUnits() {
+    sortAxisByUnits(m_data);
+    m_gridView->refresh();
+}
+
+// --- Export, preferences
+
+void CMainFrame::ExportData() {
+    m_export->exportData();
+}
+
+void CMainFrame::ExportCSV(const QString& path) {
+    m_export->writeCsv(path);
+}
+
+void CMainFrame::ExportTXT(const QString& path) {
+    m_export->writeTxt(path);
+}
+
+int CMainFrame::ConvertFile(const QString& path) {
+    const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
+    if (!failure) return 1;
+    m_messages.show(failure.text());
+    return 0;
+}
+
+void CMainFrame::OnFileViewin() {
+    m_export->viewInSpreadsheet();
+}
+
+void CMainFrame::OnFilePreferences() {
+    CPreferences([this] { return m_app.storedSaveFolder(); },
+                 [this](const QString& folder) { m_app.storeSaveFolder(folder); }, this)
+        .exec();
+}
+
+void CMainFrame::OnClearXMessage() {
+    m_memory->clear();
+    remark(tr("All questions will be asked again"));
+}
+
+// --- Pages and view
+
+void CMainFrame::OnEditSelectAll() {
+    m_gridView->selectAllChannels();
+}
+
+void CMainFrame::OnEditClearAll() {
+    m_gridView->deselectAllChannels();
+}
+
+void CMainFrame::OnViewDatagrid() {
+    OnSetPreviewMode(false);
+    m_pages->activate(kGridPage);
+}
+
+void CMainFrame::OnViewTrendchart() {
+    OnSetPreviewMode(false);
+    m_pages->activate(kTrendPage);
+}
+
+void CMainFrame::OnViewSidebar() {
+    m_layout->toggleSidebar();
+    ViewSidebar();
+    OnIdleUpdateCmdUI();
+}
+
+void CMainFrame::ViewSidebar() {
+    m_layout->layOut(preview() != nullptr);
+}
+
+void CMainFrame::toggleToolbar() {
+    m_layout->toggleToolbar();
+    ViewSidebar();
+}
+
+void CMainFrame::OnSetPreviewMode(bool on) {
+    if (on == (preview() != nullptr)) return;
+    setUpdatesEnabled(false);
+    if (on) {
+        m_preview->begin(chartInFront());
+        if (preview()) m_trendView->OnBeginPrinting(true);
+    } else {
+        m_preview->end(m_pages);
+        m_trendView->OnEndPrinting(true);
+        m_pages->activate(m_pages->activePage());
+    }
+    ViewSidebar();
+    OnIdleUpdateCmdUI();
+    setUpdatesEnabled(true);
+}
+
+void CMainFrame::OnIdleUpdateCmdUI() {
+    const bool gridPage = m_pages->activePage() == kGridPage;
+    m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
+    m_actions->showState({.hasData = m_data.rowCount() > 0,
+                          .gridPage = gridPage,
+                          .preview = preview() != nullptr,
+                          .canCopy = m_gridView->canCopy(),
+                          .canEdit = m_gridView->canEdit(),
+                          .canPaste = m_clipboardText && m_gridView->canEdit(),
+                          .canGoToDamaged = m_gridView->canGoToDamaged(),
+                          .hasChart = m_trendView->hasChart(),
+                          .selectionZoom = m_trendView->selectionZoom(),
+                          .canStack = m_trendView->canStack(),
+                          .stacked = m_trendView->isStacked(),
+                          .canIncreaseFont = m_trendView->canIncreaseFont(),
+                          .canDecreaseFont = m_trendView->canDecreaseFont(),
+                          .sidebar = m_layout->hasSidebar(),
+                          .toolbar = m_layout->hasToolbar()});
+}
+
+// --- Events
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_loader->isBusy()) {
+        m_loader->stop();
+        m_closeWhenLoaded = true;
+        event->ignore();
+        return;
+    }
+    m_layout->saveWindow();
+    event->accept();
+}
+
+} // namespace pellam

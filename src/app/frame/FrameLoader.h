@@ -1,0 +1,65 @@
+#pragma once
+
+#include "replay/load/LoadOutcome.h"
+
+#include <QObject>
+
+#include <functional>
+
+class QWidget;
+
+namespace pellam {
+
+class CConnectionStatus;
+class CGridView;
+class CLumasetApp;
+class MessageSink;
+struct InternationalSettings;
+struct TimeCorrections;
+
+/// Brings files onto the grid page: the open dialog, the load with its progress window, and the
+/// page before and after it. One load at a time.
+class FrameLoader : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Context {
+        QWidget* window;
+        CLumasetApp& app;
+        CGridView& page;
+        const InternationalSettings& international;
+        const TimeCorrections& corrections;
+        MessageSink& messages;
+        /// Opens the preferences, for a save folder that a conversion needs.
+        std::function<void()> openPreferences = {};
+    };
+
+    explicit FrameLoader(const Context& context);
+
+    /// Shows the open dialog in the folder of the last choice and remembers the new one; empty when
+    /// it was cancelled.
+    [[nodiscard]] QString askForFile();
+
+    /// Loads a file into the grid by its extension. While a load or an export runs nothing happens
+    /// and the outcome is an empty one.
+    LoadOutcome load(const QString& path);
+
+    /// Runs `work`, which fills the store, with the page stopped before and shown after it; the
+    /// page gets `name`. Refused as load() is. For `work`, read() loads a file.
+    LoadOutcome onPage(const QString& name, const std::function<LoadOutcome()>& work);
+    LoadOutcome read(const QString& path);
+
+    /// The progress window, shared by all long operations of the main window.
+    CConnectionStatus& progress();
+    /// True while a load or another long operation runs.
+    [[nodiscard]] bool isBusy() const;
+    /// Asks the running operation to stop; harmless when none runs.
+    void stop();
+
+  private:
+    Context m_context;
+    CConnectionStatus* m_progress = nullptr;
+    bool m_loading = false;
+};
+
+} // namespace pellam

@@ -1,0 +1,75 @@
+#include "app/frame/FrameStatusBar.h"
+
+#include "replay/load/LoadOutcome.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLocale>
+#include <QStatusBar>
+
+namespace pellam {
+
+FrameStatusBar::FrameStatusBar(QStatusBar* bar) : QObject(bar), m_bar(bar) {
+    m_selection = addField(tr("Selected cells"));
+    m_stopped = addField(tr("Load"));
+    m_rows = addField(tr("Rows"));
+    m_channels = addField(tr("Channels"));
+    m_damaged = addField(tr("Bad lines"));
+    m_file = addField(tr("File"));
+    showLoad({});
+    // A remark needs the room; the figures come back after it.
+    connect(bar, &QStatusBar::messageChanged, this, [this](const QString& remark) {
+        m_selection->setVisible(remark.isEmpty() && !m_selection->text().isEmpty());
+    });
+}
+
+QLabel* FrameStatusBar::addField(const QString& name) {
+    auto* field = new QLabel;
+    field->setAccessibleName(name);
+    field->setContentsMargins(6, 0, 6, 0);
+    // Bytes of a file name are text, never markup.
+    field->setTextFormat(Qt::PlainText);
+    field->hide();
+    m_bar->addPermanentWidget(field);
+    return field;
+}
+
+void FrameStatusBar::set(QLabel* field, const QString& text) {
+    field->setText(text);
+    field->setVisible(!text.isEmpty());
+}
+
+void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session) {
+    const QLocale locale;
+    const bool loaded = outcome.loaded;
+    const auto path = session.isEmpty() ? QFile::decodeName(outcome.path.c_str()) : session;
+    const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
+    set(m_stopped, !outcome.aborted ? QString()
+                   : loaded         ? tr("Load stopped: the file goes on")
+                                    : tr("Load stopped"));
+    set(m_rows, loaded ? tr("Rows: %1").arg(locale.toString(qlonglong(outcome.rows))) : QString());
+    set(m_channels, loaded ? tr("Channels: %1").arg(outcome.channels) : QString());
+    set(m_damaged, loaded
+                       ? tr("Bad lines: %1").arg(locale.toString(qlonglong(outcome.damagedLines)))
+                       : QString());
+    auto font = m_damaged->font();
+    font.setBold(outcome.damagedLines > 0);
+    m_damaged->setFont(font);
+    set(m_file, loaded ? m_file->fontMetrics().elidedText(name, Qt::ElideMiddle, 320) : QString());
+    m_file->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
+}
+
+void FrameStatusBar::showSelection(const QString& figures) {
+    set(m_selection, figures);
+    if (!m_bar->currentMessage().isEmpty()) m_selection->hide();
+}
+
+QStringList FrameStatusBar::texts() const {
+    QStringList shown;
+    for (const auto* field : {m_selection, m_stopped, m_rows, m_channels, m_damaged, m_file})
+        if (!field->text().isEmpty()) shown += field->text();
+    return shown;
+}
+
+} // namespace pellam

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "database/odbc/OdbcHandle.h"
+
+#include <string>
+
+namespace pellam {
+
+/// A connection's handles and what its driver says of itself. For this folder's sources only.
+class OdbcConnection {
+  public:
+    OdbcConnection() = default;
+    ~OdbcConnection();
+    OdbcConnection(const OdbcConnection&) = delete;
+    OdbcConnection& operator=(const OdbcConnection&) = delete;
+
+    /// Connects for reading only. May wait.
+    SqlFailure open(const std::string& connect, int loginTimeout);
+
+    [[nodiscard]] const OdbcHandle& handle() const { return m_connection; }
+
+    /// How the driver quotes identifiers; empty when it cannot.
+    [[nodiscard]] const std::string& identifierQuote() const { return m_identifierQuote; }
+
+    /// Times are texts in this database, whatever type the column has.
+    [[nodiscard]] bool hasTextTimes() const { return m_textTimes; }
+
+  private:
+    [[nodiscard]] std::string info(SQLUSMALLINT item) const;
+    void readFacts();
+    /// Keeps the session from writing even where the driver ignores the access mode.
+    void forbidWriting(const std::string& product) const;
+
+    OdbcHandle m_environment;
+    OdbcHandle m_connection;
+    bool m_connected = false;
+    bool m_textTimes = false;
+    std::string m_identifierQuote;
+};
+
+} // namespace pellam

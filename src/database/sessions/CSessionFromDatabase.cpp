@@ -1,0 +1,232 @@
+#include "database/sessions/CSessionFromDatabase.h"
+
+#include "database/odbc/DataSources.h"
+#include "database/sessions/CDBDataData3.h"
+#include "database/sessions/CDBDataDetails.h"
+#include "database/sessions/SessionFilter.h"
+#include "database/sessions/SessionLineText.h"
+
+#include <algorithm>
+
+namespace pellam {
+
+ProgressScope sessionProgress(ProgressSink& sink, const std::string& session) {
+    return {sink, "Loading Session - " + session, "Querying the database. Please wait...", 0, 100};
+}
+
+CSessionFromDatabase::CSessionFromDatabase(const SessionContext& context)
+    : m_context(context),
+      m_database(context.call) {}
+
+CSessionFromDatabase::~CSessionFromDatabase() = default;
+
+bool CSessionFromDatabase::CreateFileFromDatabaseSession(const SessionRequest& request) {
+    tell(true);
+    m_request = withSqlWildcards(request);
+    const bool written = openDatabase() && writeSession();
+    m_database.Close();
+    tell(false);
+    return written;
+}
+
+void CSessionFromDatabase::tell(bool working) const {
+    if (m_context.tellMainWindow) m_context.tellMainWindow(working);
+}
+
+void CSessionFromDatabase::show(std::string_view text) const {
+    // Whoever stopped the load knows why it ends.
+    if (!UserAborted()) m_context.messages.show(text);
+}
+
+bool CSessionFromDatabase::openDatabase() {
+    m_error = m_database.OpenEx("DSN=" + m_request.dataSource);
+    if (m_error) {
+        show(m_error->text);
+        m_errorShown = true;
+        return false;
+    }
+    m_database.SetQueryTimeout(kQueryTimeout);
+    return true;
+}
+
+bool CSessionFromDatabase::openFile() {
+    const Failure failure = m_file.create();
+    if (failure) m_error = SqlError{"", 0, failure.text()};
+    return !failure;
+}
+
+bool CSessionFromDatabase::writeSession() {
+    const ProgressScope scope = sessionProgress(m_context.progress, m_request.session);
+    m_schedules = {};
+    if (!openFile()) return false;
+    const bool header = writeHeader();
+    if (header) ConstructData();
+    m_file.close();
+    if (m_file.error() && !m_error) m_error = SqlError{"", 0, m_file.error().text()};
+    return header && !UserAborted();
+}
+
+bool CSessionFromDatabase::writeHeader() {
+    m_error = listChannels();
+    if (m_error) return false;
+    const auto hasChannels = [](const auto& schedule) { return !schedule.channels().empty(); };
+    if (std::none_of(m_schedules.begin(), m_schedules.end(), hasChannels)) {
+        show("Warning: No records were found matching the supplied criteria");
+        return false;
+    }
+    WriteToFile("Descriptor\nName \"Hembric\"\nLock N\nDesc \"" + m_request.session +
+                "\"\nEndDescriptor\n\n");
+    std::string status;
+    m_error = ConstructStatus10(status);
+    if (m_error) return false;
+    WriteToFile("<IDATA_MAP>\n");
+    WriteToFile(status);
+    WriteToFile("\n\n<ALL_DATA>\n");
+    return true;
+}
+
+int CSessionFromDatabase::GetScheduleID(char character) {
+    if (character >= 'B' && character <= 'K') return character - 'A';
+    switch (character) {
+    case 'X':
+        return 11;
+    case 'V':
+        return 15;
+    case '*':
+        return 16;
+    default:
+        return 0;
+    }
+}
+
+SqlFailure CSessionFromDatabase::listChannels() {
+    CDBDataDetails details(m_database);
+    details.m_strFilter = channelFilter(m_request);
+    details.m_strSort = "schedule ASC,schedule_index ASC";
+    SqlFailure failure = details.Open(CRecordset::snapshot);
+    while (!failure && !details.IsEOF()) {
+        addChannel(details);
+        failure = details.MoveNext();
+    }
+    return failure;
+}
+
+void CSessionFromDatabase::addChannel(const CDBDataDetails& row) {
+    // The last character of a longer name: "AB" counts as B here.
+    const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.back();
+    Session_Schedule_Info& schedule = m_schedules[static_cast<std::size_t>(GetScheduleID(letter))];
+    if (!schedule.find(row.m_schedule_index, row.m_label))
+        schedule.add(row.m_schedule_index, row.m_label);
+    schedule.rateInSeconds = static_cast<std::uint32_t>(row.m_schedule_rate_in_seconds);
+    schedule.lowestIndex = std::min(schedule.lowestIndex, row.m_schedule_index);
+}
+
+SqlFailure CSessionFromDatabase::ConstructStatus10(std::string& status) {
+    CDBDataDetails details(m_database);
+    status = "S,0,0,10:0,1989,1,0,\"\",";
+    for (const char letter : std::string_view("ABCDEFGHIJKXV")) {
+        SqlFailure failure = addSchedule(details, letter, status);
+        if (failure) return failure;
+    }
+    status += ">:";
+    return {};
+}
+
+SqlFailure CSessionFromDatabase::addSchedule(CDBDataDetails& details, char letter,
+                                             std::string& status) {
+    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
+    const Session_Schedule_Info& schedule = m_schedules[slot];
+    status.append("<").append(1, letter);
+    if (!schedule.channels().empty()) {
+        // Schedule V has no rate of its own.
+        const std::string rate = letter == 'V' ? "1" : std::to_string(schedule.rateInSeconds) + "l";
+        status.append(",\"").append(rate).append("S\",G");
+        for (const Session_Channel_Info& channel : schedule.channels()) {
+            SqlFailure failure = AddChannelDetails(details, letter, channel, status);
+            if (failure) return failure;
+        }
+    }
+    status += ">";
+    return {};
+}
+
+SqlFailure CSessionFromDatabase::AddChannelDetails(CDBDataDetails& details, char letter,
+                                                   const Session_Channel_Info& channel,
+                                                   std::string& text) {
+    details.m_strFilter = channelEntryFilter(m_request, letter, channel);
+    SqlFailure failure =
+        details.IsOpen() ? details.Requery() : details.Open(CRecordset::forwardOnly);
+    if (failure || details.IsEOF()) return failure;
+    text.append(",<\"").append(details.m_label).append("\",\"").append(details.m_units);
+    text.append("\",").append(typeCode(details.m_value_type)).append(",0,8,4,1>");
+    return {};
+}
+
+void CSessionFromDatabase::ConstructData() {
+    CDBDataData3 row(m_database);
+    const bool mySql = isMySqlDriver(firstDriverText());
+    row.m_strFilter = readingFilter(m_request, mySql, m_context.corrections);
+    row.m_strSort = "data_time ASC,sub_time ASC,schedule ASC,schedule_index ASC";
+    m_linePending = false;
+    m_lineTime = CTime::now();
+    m_lineSubTime = 0;
+    m_lineSchedule.clear();
+    m_error = row.Open(CRecordset::forwardOnly);
+    if (!m_error) {
+        m_context.progress.addString("Starting data retrieval...");
+        m_error = writeReadings(row);
+    }
+    if (m_error) show("Warning: Database exception. Load aborted.");
+}
+
+SqlFailure CSessionFromDatabase::writeReadings(CDBDataData3& row) {
+    std::uint32_t count = 0;
+    while (!row.IsEOF() && !UserAborted()) {
+        if (++count % 100 == 0)
+            m_context.progress.addString("Retrieved " + std::to_string(count) + " records");
+        if (!row.m_data_time.isNull()) takeReading(row);
+        SqlFailure failure = row.MoveNext();
+        if (failure) return failure;
+    }
+    if (m_linePending) BuildActiveLine(m_lineSchedule, m_line);
+    return {};
+}
+
+void CSessionFromDatabase::takeReading(const CDBDataData3& row) {
+    if (row.m_data_time != m_lineTime || row.m_sub_time != m_lineSubTime ||
+        row.m_schedule != m_lineSchedule) {
+        if (m_linePending) BuildActiveLine(m_lineSchedule, m_line);
+        startLine(row);
+    }
+    if (!m_linePending) return;
+    const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.front();
+    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
+    Session_Channel_Info* channel = m_schedules[slot].find(row.m_schedule_index, row.m_label);
+    if (!channel) return;
+    channel->value = row.m_data_value;
+    channel->status = row.m_data_status;
+}
+
+void CSessionFromDatabase::startLine(const CDBDataData3& row) {
+    m_lineTime = row.m_data_time;
+    m_lineSubTime = row.m_sub_time;
+    m_lineSchedule = row.m_schedule;
+    m_line.clear();
+    appendLineHead({row.m_address, row.m_data_time, row.m_sub_time, row.m_schedule}, m_line);
+    m_linePending = true;
+}
+
+void CSessionFromDatabase::BuildActiveLine(const std::string& schedule, std::string& line) {
+    const char letter = schedule.empty() ? '\0' : schedule.front();
+    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
+    for (const Session_Channel_Info& channel : m_schedules[slot].channels())
+        appendValue(channel, line);
+    line += ":\n";
+    WriteToFile(line);
+}
+
+bool CSessionFromDatabase::WriteToFile(std::string_view text) {
+    return m_file.write(text);
+}
+
+} // namespace pellam

@@ -1,0 +1,121 @@
+#pragma once
+
+#include "base/MessageSink.h"
+#include "base/ProgressSink.h"
+#include "database/odbc/CDatabase.h"
+#include "database/odbc/CTime.h"
+#include "database/sessions/SessionRequest.h"
+#include "database/sessions/SessionTempFile.h"
+#include "database/sessions/Session_Schedule_Info.h"
+#include "replay/time/TimeCorrections.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pellam {
+
+class CDBDataData3;
+class CDBDataDetails;
+
+/// What a load from a database needs beside the request.
+struct SessionContext {
+    MessageSink& messages;
+    ProgressSink& progress;
+    LongCall& call;
+    const TimeCorrections& corrections;
+    /// Told true when the work starts and false when it ends; absent where nobody listens.
+    std::function<void(bool)> tellMainWindow = {};
+};
+
+/// The progress display of a session's load, as the load opens it and whoever started it may
+/// before.
+[[nodiscard]] ProgressScope sessionProgress(ProgressSink& sink, const std::string& session);
+
+/// Writes one stored session as replay text to a temporary file, which is gone with this object.
+/// One object serves one load. It shows no message once the person has stopped it.
+class CSessionFromDatabase {
+  public:
+    static constexpr int kSlots = 17;
+    static constexpr int kQueryTimeout = 300; ///< seconds
+
+    /// What `context` refers to outlives this object.
+    explicit CSessionFromDatabase(const SessionContext& context);
+    ~CSessionFromDatabase();
+    CSessionFromDatabase(const CSessionFromDatabase&) = delete;
+    CSessionFromDatabase& operator=(const CSessionFromDatabase&) = delete;
+
+    /// Writes the session. True when the file is complete, or as far as the database went before
+    /// it failed among the readings; false when it holds nothing, or the person stopped it. The
+    /// request has the person's wildcards, '*' and '?'.
+    bool CreateFileFromDatabaseSession(const SessionRequest& request);
+
+    /// The written file, for opening while this object lives; empty when there is none.
+    [[nodiscard]] const std::string& TempFileName() const { return m_file.path(); }
+
+    /// Removes the written file; harmless when there is none.
+    void RemoveTempFile() { m_file.remove(); }
+
+    [[nodiscard]] const std::string& DatabaseName() const { return m_request.dataSource; }
+
+    /// The session as asked for, with SQL's wildcards.
+    [[nodiscard]] const std::string& SessionName() const { return m_request.session; }
+
+    [[nodiscard]] const CMyTime& SessionStart() const { return m_request.start; }
+
+    [[nodiscard]] const CMyTime& SessionEnd() const { return m_request.end; }
+
+    /// The last failure, of the database or of the temporary file (its state empty), whether or
+    /// not a message told of it.
+    [[nodiscard]] const SqlFailure& LastError() const { return m_error; }
+
+    /// Whether the text of LastError() itself was shown.
+    [[nodiscard]] bool IsErrorShown() const { return m_errorShown; }
+
+    /// The slot of a schedule by one character of its name: 'B' to 'K' 1 to 10, 'X' 11, 'V' 15,
+    /// '*' 16, any other 0.
+    [[nodiscard]] static int GetScheduleID(char character);
+
+  private:
+    bool openDatabase();
+    bool openFile();
+    bool writeSession();
+    bool writeHeader();
+    SqlFailure listChannels();
+    void addChannel(const CDBDataDetails& row);
+    SqlFailure ConstructStatus10(std::string& status);
+    SqlFailure addSchedule(CDBDataDetails& details, char letter, std::string& status);
+    SqlFailure AddChannelDetails(CDBDataDetails& details, char letter,
+                                 const Session_Channel_Info& channel, std::string& text);
+    void ConstructData();
+    SqlFailure writeReadings(CDBDataData3& row);
+    void takeReading(const CDBDataData3& row);
+    void startLine(const CDBDataData3& row);
+    void BuildActiveLine(const std::string& schedule, std::string& line);
+    bool WriteToFile(std::string_view text);
+
+    [[nodiscard]] bool UserAborted() const { return m_context.progress.aborted(); }
+
+    void tell(bool working) const;
+    void show(std::string_view text) const;
+
+    SessionContext m_context;
+    SessionRequest m_request;
+    CDatabase m_database;
+    SessionTempFile m_file;
+    std::array<Session_Schedule_Info, kSlots> m_schedules;
+    SqlFailure m_error;
+    bool m_errorShown = false;
+
+    // The line that is being made, and the reading that it began with.
+    std::string m_line;
+    bool m_linePending = false;
+    CTime m_lineTime;
+    std::int32_t m_lineSubTime = 0;
+    std::string m_lineSchedule;
+};
+
+} // namespace pellam

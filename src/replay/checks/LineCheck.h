@@ -1,0 +1,21 @@
+#pragma once
+
+#include "replay/checks/CCrc16.h"
+
+#include <string_view>
+
+namespace pellam {
+
+/// The check that a data line carries behind its last ';': the CRC-16 of the line up to and
+/// including that ';', in hexadecimal.
+class LineCheck {
+  public:
+    /// True when the suffix is right and when there is none: no ';', nothing behind it, or a ','
+    /// behind it. A suffix that is no hexadecimal number is wrong. `line` has no line end.
+    [[nodiscard]] bool isGood(std::string_view line) const;
+
+  private:
+    CCrc16 m_crc;
+};
+
+} // namespace pellam

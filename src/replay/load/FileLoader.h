@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/InternationalSettings.h"
+#include "base/MessageSink.h"
+#include "base/ProgressSink.h"
+#include "grid/GridData.h"
+#include "replay/load/ChannelChooser.h"
+#include "replay/load/LoadOutcome.h"
+#include "replay/time/TimeCorrections.h"
+
+#include <functional>
+#include <string>
+
+namespace pellam {
+
+/// Everything a load needs beside the file's path.
+struct LoadContext {
+    GridData& grid;
+    const InternationalSettings& international;
+    const TimeCorrections& corrections;
+    MessageSink& messages;
+    ProgressSink& progress;
+    ChannelChooser& chooser;
+    bool greyRows = false; ///< draw good rows grey (the grid is protected against editing)
+    /// The folder for converted files; empty (or absent) when none is set.
+    std::function<std::string()> saveFolder = {};
+    /// Lets the person set that folder; absent where nobody can be asked.
+    std::function<void()> askSaveFolder = {};
+};
+
+/// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,
+/// the batch command line and the tests load through this alone.
+class FileLoader {
+  public:
+    explicit FileLoader(const LoadContext& context);
+
+    /// Empties the grid, loads the file and sorts the chart axes by units. Messages go to the
+    /// context's sink. A refused or failed load leaves the grid empty.
+    LoadOutcome load(const std::string& path);
+
+    /// The extension after the last '.', in lower case, of the name after the last folder
+    /// separator; empty when there is none.
+    static std::string extensionOf(const std::string& path);
+
+  private:
+    LoadOutcome route(const std::string& path);
+
+    LoadContext m_context;
+};
+
+} // namespace pellam

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "grid/GridData.h"
+#include "views/chart/TrendRows.h"
+
+#include <QWidget>
+
+#include <functional>
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+class QPageLayout;
+class QPainter;
+class QPrinter;
+QT_END_NAMESPACE
+
+namespace pellam {
+
+class CMyDropTarget;
+class CTrend;
+class MessageSink;
+class ProgressSink;
+struct InternationalSettings;
+struct TrendTable;
+
+/// The "Trend" page: the channels that are selected for charting, drawn against time.
+class CTrendView : public QWidget {
+    Q_OBJECT
+  public:
+    /// What the page works with; all of it must outlive the page.
+    struct Context {
+        GridData& grid;
+        const InternationalSettings& international;
+        MessageSink& messages;
+        std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
+        /// Where saving an image starts.
+        std::function<QString()> saveFolder = [] { return QString(); };
+    };
+
+    explicit CTrendView(const Context& context, QWidget* parent = nullptr);
+    ~CTrendView() override;
+
+    [[nodiscard]] CTrend& trend() const { return *m_trend; }
+
+    /// Takes files that are dropped on the page.
+    [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
+
+    /// The page in front has changed from one to another. When this page comes to the front and the
+    /// grid's mark is set, the chart is built anew and the mark is taken away.
+    void OnActivateView(bool activate, const QWidget* activated, const QWidget* deactivated);
+    /// Empties and hides every curve.
+    void ResetView();
+
+    /// Name of the open file, for the printed page; empty for none.
+    void setFileName(const QString& name) { m_fileName = name; }
+
+    [[nodiscard]] const QString& fileName() const { return m_fileName; }
+
+    [[nodiscard]] bool selectionZoom() const;
+    [[nodiscard]] bool canStack() const;
+
+    /// Whether the Y scales are stacked.
+    [[nodiscard]] bool isStacked() const { return m_stacked; }
+
+    [[nodiscard]] bool canIncreaseFont() const;
+    [[nodiscard]] bool canDecreaseFont() const;
+    /// Whether there are curves to be seen; otherwise a message stands in their place.
+    [[nodiscard]] bool hasChart() const;
+    /// That message; empty while there are curves.
+    [[nodiscard]] QString message() const;
+
+    /// Asks how to print and prints the chart in landscape; the printer's own orientation comes
+    /// back. Nothing happens without a chart.
+    void OnFilePrint(QPrinter& printer);
+    /// The same for a preview, which the caller makes from the paper in landscape.
+    void OnFilePrintPreview(QPrinter& printer,
+                            const std::function<void(const QPageLayout&)>& preview);
+    /// A preview begins or ends: while it stands, the chart itself is not drawn.
+    void OnBeginPrinting(bool preview);
+    void OnEndPrinting(bool preview);
+    /// Draws the printed page into a rectangle of a painter.
+    void OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch);
+    /// Prints the chart on one page; tells when the printer can't be used.
+    void print(QPrinter& printer);
+
+    /// Marks the time of a data row, counted from 1, on the chart; 0 for none.
+    void setCurrentRow(qint64 row);
+
+  public Q_SLOTS:
+    void OnViewZoom();
+    void OnViewIncreasefontsize();
+    void OnViewDecreasefontsize();
+    /// Stacks the enabled Y scales, then scales them to the data.
+    void OnViewStripchart();
+    /// Stacks the Y scales, or gives each the whole height again when they are stacked.
+    void toggleStripChart();
+    void OnTrendSanity();
+    void OnEditAxis();
+    /// The chart as a bitmap of 800 x 600 pixels and as SVG.
+    void OnEditCopy();
+    /// Asks for a file and writes what is shown to it as PNG, SVG or PDF.
+    void exportImage();
+
+  Q_SIGNALS:
+    /// The chart was built anew and the grid's mark was taken away.
+    void rebuilt();
+    /// A moment was chosen on the chart: the data row nearest to it, counted from 0.
+    void rowChosen(qint64 row);
+    /// Something that commands depend on has changed.
+    void stateChanged();
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void OnInitialUpdate();
+    void connectTrend();
+    void SizeToFit();
+
+    /// Events of the chart that need nothing done here.
+    void OnTrendStep() {}
+
+    void OnInsufficientTextSpace() {}
+
+    void rebuild();
+    void showChart(TrendTable& table);
+    void setUnits(const TrendTable& table);
+    void changeFont(double step);
+    bool OnPreparePrinting(QPrinter& printer);
+    void PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
+
+    Context m_context;
+    CTrend* m_trend;
+    QLabel* m_message;
+    CMyDropTarget* m_dropTarget;
+    TrendRows m_rows;
+    QString m_fileName;
+    qint64 m_currentRow = 0;
+    bool m_stacked = false;
+    bool m_rebuilding = false;
+};
+
+} // namespace pellam

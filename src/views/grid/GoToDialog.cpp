@@ -1,0 +1,83 @@
+#include "views/grid/GoToDialog.h"
+
+#include "views/sheet/GridModel.h"
+#include "views/text/ScreenText.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace pellam {
+
+GoToDialog::GoToDialog(const GridData& grid, QWidget* parent)
+    : QDialog(parent),
+      m_grid(grid),
+      m_finder(grid),
+      m_wanted(new QLineEdit),
+      m_remark(new QLabel) {
+    setWindowTitle(tr("Go To"));
+    auto* label = new QLabel(tr("&Row number or time:"));
+    label->setBuddy(m_wanted);
+    CellBuffer buffer;
+    const QString first = screenText(grid.text(0, 0, buffer));
+    const QString last =
+        grid.rowCount() > 0 ? screenText(grid.text(0, grid.rowCount() - 1, buffer)) : QString();
+    auto* range = new QLabel(
+        last.isEmpty() ? tr("There are %L1 rows.").arg(grid.rowCount())
+                       : tr("Rows 1 to %L1, %2 to %3").arg(grid.rowCount()).arg(first, last));
+    range->setTextFormat(Qt::PlainText);
+    m_wanted->setPlaceholderText(first.isEmpty() ? QString() : tr("120 or %1").arg(first));
+    m_wanted->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    m_remark->setWordWrap(true);
+    m_remark->setMinimumHeight(fontMetrics().height());
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QPushButton* ok = buttons->button(QDialogButtonBox::Ok);
+    ok->setText(tr("&Go"));
+    ok->setEnabled(false);
+    auto* box = new QVBoxLayout(this);
+    box->addWidget(label);
+    box->addWidget(m_wanted);
+    box->addWidget(range);
+    box->addWidget(m_remark);
+    box->addWidget(buttons);
+
+    connect(m_wanted, &QLineEdit::textChanged, this, [this, ok](const QString& text) {
+        ok->setEnabled(!text.trimmed().isEmpty());
+        m_finder.stop();
+        m_remark->clear();
+    });
+    connect(buttons, &QDialogButtonBox::accepted, this, &GoToDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &GoToDialog::reject);
+    connect(&m_finder, &GridFinder::located, this, [this](qint64 row) {
+        m_row = row;
+        QDialog::accept();
+    });
+    connect(&m_finder, &GridFinder::notLocated, this, [this](RowLocator::State why) {
+        m_remark->setText(explain(why));
+        m_wanted->selectAll();
+        m_wanted->setFocus();
+    });
+}
+
+void GoToDialog::accept() {
+    m_remark->setText(tr("Searching…"));
+    m_finder.locate(m_wanted->text());
+}
+
+QString GoToDialog::explain(RowLocator::State why) const {
+    switch (why) {
+    case RowLocator::State::NoSuchRow:
+        return tr("There is no row of this number: the rows are 1 to %L1.").arg(m_grid.rowCount());
+    case RowLocator::State::NoRowAtOrAfter:
+        return tr("No row has this time or a later one.");
+    default:
+        return tr("No row has a time that begins like this. Write a row number, or a time such as "
+                  "2008/02/25 12:30.");
+    }
+}
+
+} // namespace pellam

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "views/grid/GridFinder.h"
+
+#include <QDialog>
+
+QT_BEGIN_NAMESPACE
+class QLabel;
+class QLineEdit;
+QT_END_NAMESPACE
+
+namespace pellam {
+
+/// Asks for a row number or a time and stays open until there is such a row.
+class GoToDialog : public QDialog {
+    Q_OBJECT
+  public:
+    /// `grid` must outlive the dialog.
+    explicit GoToDialog(const GridData& grid, QWidget* parent = nullptr);
+
+    /// The data row to go to, once the dialog was accepted.
+    [[nodiscard]] Row row() const { return m_row; }
+
+    void accept() override;
+
+  private:
+    [[nodiscard]] QString explain(RowLocator::State why) const;
+
+    const GridData& m_grid;
+    GridFinder m_finder;
+    QLineEdit* m_wanted;
+    QLabel* m_remark;
+    Row m_row = 0;
+};
+
+} // namespace pellam

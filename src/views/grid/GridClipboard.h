@@ -1,0 +1,51 @@
+#pragma once
+
+#include "views/scan/ClipboardTable.h"
+
+#include <QObject>
+
+#include <functional>
+#include <string>
+
+namespace pellam {
+
+class MyCug;
+
+/// Cut, copy, paste and clear on the grid's selection.
+class GridClipboard : public QObject {
+    Q_OBJECT
+  public:
+    explicit GridClipboard(MyCug& cug);
+
+    /// Asked before something that cannot be undone; without it such things are not done.
+    void setQuestion(std::function<bool(const QString&)> question);
+
+    /// Puts the selected cells on the clipboard. False when that was refused or stopped.
+    bool copy(bool withHeadings = false);
+    void cut();
+    /// Writes the clipboard's cells from the selection's first cell on, or its single text into
+    /// every selected cell.
+    void paste();
+    /// Empties the selected data cells.
+    void clear();
+
+  Q_SIGNALS:
+    /// Nothing was done, and why.
+    void refused(const QString& why);
+    /// A remark for the status bar.
+    void notice(const QString& text);
+
+  private:
+    bool writable();
+    /// Asks about what is too much to be undone.
+    [[nodiscard]] bool mayChange(std::int64_t cells) const;
+    [[nodiscard]] CellArea pasteTarget(GridRow rows, std::int64_t columns) const;
+    bool buildText(const ClipboardTable::Block& block, std::string& text);
+    void fill(const std::vector<CellArea>& areas, const std::string& text, const QString& name);
+    void pasteTable(const std::vector<std::vector<std::string>>& table);
+
+    MyCug& m_cug;
+    std::function<bool(const QString&)> m_question;
+};
+
+} // namespace pellam

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "views/scan/CellArea.h"
+
+#include <QItemSelectionModel>
+#include <QPersistentModelIndex>
+
+#include <vector>
+
+class QTableView;
+
+namespace pellam {
+
+/// What is selected on the grid, and where a selection that is being extended began. Rows are grid
+/// rows; the axis row is only part of areas that name it.
+class GridSelection {
+  public:
+    /// `view` must outlive it, and have its model before anything is selected.
+    explicit GridSelection(QTableView& view) : m_view(view) {}
+
+    /// The selection, in areas that do not overlap.
+    [[nodiscard]] std::vector<CellArea> areas() const;
+    /// Selects one area alone and makes its first cell the current one.
+    void select(const CellArea& area);
+    /// Every data cell.
+    void selectAll();
+    /// The data cells of one column; with Shift up to it from where the selection began, with
+    /// Control in addition to the rest. The current cell becomes one of `row`, at least row 1.
+    void selectColumn(int column, int row, Qt::KeyboardModifiers modifiers);
+    /// Selects up to `end` from where the selection began, or begins it there.
+    void extendTo(const QModelIndex& end, bool begin, QItemSelectionModel::SelectionFlags command);
+
+    /// The next extension begins at this cell.
+    void beginAt(const QModelIndex& cell) { m_anchor = cell; }
+
+  private:
+    QTableView& m_view;
+    QPersistentModelIndex m_anchor;
+};
+
+} // namespace pellam

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "grid/GridData.h"
+#include "views/scan/CellArea.h"
+
+#include <QAbstractTableModel>
+#include <QUndoStack>
+
+namespace pellam {
+
+/// The store as a table: row 0 shows the axis numbers, the rows below it the data. Without loaded
+/// data it is an empty sheet of 32,768 rows to type into.
+class GridModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    enum Role {
+        ChartedRole = Qt::UserRole, ///< bool of a heading: its check box
+        AxisRole,                   ///< int of a cell of the axis row
+    };
+
+    static constexpr int kAxisRow = 0;
+
+    /// Shows a store, which must outlive the model.
+    explicit GridModel(GridData& grid, QObject* parent = nullptr);
+
+    [[nodiscard]] GridData& grid() const { return m_grid; }
+
+    /// While loading, the model has no rows and no columns, whatever happens to the store.
+    void beginLoad();
+    void endLoad();
+
+    /// Refuses editing, of axis numbers too.
+    void setProtected(bool on) { m_protected = on; }
+
+    /// Chooses text colours that are readable on a dark background.
+    void setDarkBackground(bool dark);
+
+    /// What a person did and can take back; emptied by a load.
+    [[nodiscard]] QUndoStack& undoStack() { return m_undoStack; }
+
+    /// Tells views that cells have changed, and marks the store as changed.
+    void cellsChanged(const CellArea& area);
+
+    void setAxis(int column, int axis);
+    void setCharted(int firstColumn, int lastColumn, bool charted);
+    /// Moves a column in the store; false when it or its target must not move. Not undoable.
+    bool moveColumn(int from, int to);
+    /// Sets or takes away the mark in the corner.
+    void setChanged(bool changed);
+    /// Tells views that headings, axis numbers and mark may all have changed.
+    void refresh();
+
+    /// Whether the line of a row failed its checksum.
+    [[nodiscard]] bool isDamaged(GridRow row) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  Q_SIGNALS:
+    /// The mark in the corner has appeared or gone.
+    void changedMark(bool changed);
+    /// A column has gone to another place, with everything in it.
+    void columnMoved(int from, int to);
+
+  private:
+    [[nodiscard]] QVariant axisData(int column, int role) const;
+    [[nodiscard]] QVariant cellData(int column, Row row, int role) const;
+    [[nodiscard]] QVariant columnHeading(int column, int role) const;
+    [[nodiscard]] QVariant rowHeading(int row, int role) const;
+    [[nodiscard]] QVariant textColour(CellColour colour) const;
+    [[nodiscard]] QString accessibleCell(int column, int row) const;
+
+    GridData& m_grid;
+    QUndoStack m_undoStack;
+    int m_rows = 0;
+    bool m_loading = false;
+    bool m_protected = false;
+    bool m_dark = false;
+};
+
+} // namespace pellam
