@@ -1,0 +1,32 @@
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+
+namespace pellam {
+
+/// A moment as a text names it.
+struct TimeMoment {
+    /// Calendar times and epochs: since 1970-01-01 00:00:00, on the wall clock unless `utc`. Times
+    /// of day: since midnight. Elapsed times: since the start. Rounded down, also below 0.
+    std::int64_t seconds = 0;
+    std::uint32_t nanoseconds = 0; ///< 0 to 999999999, always forward from `seconds`
+    bool utc = false;              ///< the text named its offset from UTC, or is an epoch
+
+    friend auto operator<=>(const TimeMoment&, const TimeMoment&) = default;
+};
+
+/// Seconds with their fraction; exact to the microsecond within the years 1900 to 2100.
+[[nodiscard]] inline double secondsOf(const TimeMoment& moment) {
+    return static_cast<double>(moment.seconds) + static_cast<double>(moment.nanoseconds) / 1e9;
+}
+
+/// "yyyy/MM/dd HH:mm:ss" of a calendar time or an epoch, and behind '.' its fraction without
+/// trailing zeros, if any.
+[[nodiscard]] std::string calendarText(const TimeMoment& moment);
+
+/// An elapsed time in seconds: "90", "-0.25", "0.000001".
+[[nodiscard]] std::string elapsedText(const TimeMoment& moment);
+
+} // namespace pellam
