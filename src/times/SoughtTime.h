@@ -21,12 +21,19 @@ class SoughtTime {
     [[nodiscard]] static std::optional<SoughtTime> read(std::string_view text, const TimeForm& form,
                                                         const InternationalSettings& settings);
 
+    /// The same where the search starts at a row of this moment: a time of day alone is that of the
+    /// row's day, or of the day after where the row is later.
+    [[nodiscard]] SoughtTime from(const TimeMoment& row) const;
+
     /// Whether it is a time of day alone, of any day.
     [[nodiscard]] bool ofAnyDay() const { return m_ofAnyDay; }
 
-    /// The first moment that is meant: for a time of day alone the first one with it at or after
-    /// `from`, the moment of the row that the search starts at.
-    [[nodiscard]] TimeMoment atOrAfter(const TimeMoment& from) const;
+    /// The least moment that it names.
+    [[nodiscard]] const TimeMoment& moment() const { return m_moment; }
+
+    /// Whether a row of this moment is at or after it. Without an offset from UTC of its own it is
+    /// meant on the clock that the row's text shows.
+    [[nodiscard]] bool reachedBy(const TimeMoment& row) const;
 
   private:
     TimeMoment m_moment; ///< since midnight for a time of day alone

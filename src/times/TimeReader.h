@@ -1,13 +1,10 @@
 #pragma once
 
-#include "times/FractionUnit.h"
+#include "times/CalendarWalk.h"
 #include "times/TimeForm.h"
-#include "times/TimeMoment.h"
+#include "times/TimeUnit.h"
 
-#include <array>
-#include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace pellam {
@@ -29,10 +26,16 @@ class TimeReader {
     /// with a year of four digits, whatever their form's order. Digits past the nanosecond are cut.
     [[nodiscard]] std::optional<TimeMoment> read(std::string_view text) const;
 
+    /// The same by its own form alone: texts in another order are not read.
+    [[nodiscard]] std::optional<TimeMoment> readOwn(std::string_view text) const;
+
     [[nodiscard]] const TimeForm& form() const { return m_form; }
 
   private:
     TimeForm m_form;
+    TimeWords m_words;
+    TimeItems m_items;              ///< of calendar forms and times of day
+    std::optional<TimeUnit> m_unit; ///< of counts
 };
 
 } // namespace pellam
