@@ -45,7 +45,14 @@ std::optional<TimeMoment> CalendarWalk::read(const TimeItems& pattern) {
         constexpr TimeItem kClock{Kind::Clock, 2, false, ':'};
         if (!takeGap(",Tt", ',') || !takeClock(kClock, true)) return {};
     }
-    return m_cursor.atEnd() ? m_fields.moment() : std::nullopt;
+    return m_cursor.atEnd() || takeEnd(pattern) ? m_fields.moment() : std::nullopt;
+}
+
+// An interval as ISO 8601 writes it, "start/end": the start counts.
+bool CalendarWalk::takeEnd(const TimeItems& pattern) {
+    if (!pattern.clock || !m_cursor.take('/')) return false;
+    const bool taken = CalendarWalk(m_cursor.rest(), m_words).read(pattern).has_value();
+    return taken && m_cursor.rest().find('/') == std::string_view::npos;
 }
 
 bool CalendarWalk::take(const TimeItem& item, bool first, bool last) {
@@ -127,7 +134,8 @@ bool CalendarWalk::takeParted(const TimeItem& clock) {
 
 // Four digits are hours and minutes, six have seconds, too; fewer lack zeros in front.
 bool CalendarWalk::takeCompact(const TimeItem& clock, int digits) {
-    if (digits > 6) return false;
+    const bool whole = digits == 4 || digits == 6;
+    if (digits > 6 || (!whole && !clock.joined)) return false;
     const bool seconds = digits > 4 || (digits < 4 && clock.length == 3);
     int number = m_cursor.digits(digits);
     if (seconds) {

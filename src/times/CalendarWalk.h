@@ -27,6 +27,7 @@ class CalendarWalk {
     [[nodiscard]] std::optional<TimeMoment> read(const TimeItems& pattern);
 
   private:
+    bool takeEnd(const TimeItems& pattern);
     bool take(const TimeItem& item, bool first, bool last);
     bool takeYear(const TimeItem& item, bool first);
     bool takeNumber(const TimeItem& item, int most, int& value);

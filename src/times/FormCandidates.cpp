@@ -281,7 +281,7 @@ class FormGuess {
         if (m_clock || clock || word(0) || word(1) || digits(0) == 4 || digits(2) == 4)
             return false;
         const std::string& gap = m_fields[1]->gap;
-        return gap.find_first_of(" ,;_") != std::string::npos ||
+        return gap.find_first_of(" ,;:_") != std::string::npos ||
                (gap == "." && digits(0) + digits(1) + digits(2) < 6);
     }
 
@@ -294,6 +294,10 @@ class FormGuess {
 } // namespace
 
 std::vector<std::string> formCandidates(std::string_view text, const TimeWords& words) {
+    // "start/end": the start counts.
+    const std::size_t slash = text.size() / 2;
+    const bool interval = text.size() % 2 == 1 && text[slash] == '/';
+    if (interval && text.find(':') < slash) text = text.substr(0, slash);
     return FormGuess(Pieces(text, words).take()).names();
 }
 

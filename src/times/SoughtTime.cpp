@@ -28,7 +28,7 @@ bool allDigits(std::string_view text) {
 
 std::optional<TimeMoment> readAs(std::string_view name, std::string_view text,
                                  const InternationalSettings& settings) {
-    return TimeReader(*TimeForm::parse(name), settings).read(text);
+    return TimeReader(*TimeForm::parse(name), settings).readOwn(text);
 }
 
 std::optional<TimeMoment> readDate(std::string_view text, const TimeForm& form,

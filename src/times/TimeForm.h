@@ -24,7 +24,7 @@ namespace pellam {
 /// blanks stand for each other, numbers may lack leading zeros (unless two fields stand together),
 /// a month may be a number or a name, and seconds, their fraction behind '.' or ',', AM or PM, an
 /// offset from UTC ("Z", "UTC", "GMT", "+01:00", "-0330") and the whole time of day may be there or
-/// not.
+/// not. Of an interval with a hyphen in its dates, "start/end", the start counts.
 ///
 /// The others are "epoch-s", "epoch-ms", "epoch-us", "epoch-ns" (counts since 1970-01-01 00:00:00
 /// UTC), "elapsed-d", "elapsed-h", "elapsed-min", "elapsed-s", "elapsed-ms", "elapsed-us",

@@ -114,6 +114,8 @@ class PatternParser {
         for (std::size_t i = 1; i + 1 < items.size(); ++i) {
             const bool inDate = items[i - 1].kind < Kind::Clock && items[i + 1].kind < Kind::Clock;
             if (items[i].kind == Kind::Gap && inDate) items[i].kind = Kind::DateGap;
+            const bool blank = items[i].kind == Kind::Gap && items[i].mark == ' ';
+            if (blank && items[i + 1].kind == Kind::Clock) items[i + 1].joined = true;
         }
     }
 

@@ -10,7 +10,7 @@ namespace {
 // Texts that begin with a year of four digits mean the same in every column.
 const TimeItems& yearFirst(std::string_view text) {
     static const TimeItems kParted = *timeItems("yyyy-MM-dd HH:mm:ss");
-    static const TimeItems kCompact = *timeItems("yyyyMMdd HHmmss");
+    static const TimeItems kCompact = *timeItems("yyyyMMddTHHmmss");
     return TimeCursor(text).digitsAhead() >= 8 ? kCompact : kParted;
 }
 
