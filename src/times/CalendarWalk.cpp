@@ -51,8 +51,9 @@ std::optional<TimeMoment> CalendarWalk::read(const TimeItems& pattern) {
 // An interval as ISO 8601 writes it, "start/end": the start counts.
 bool CalendarWalk::takeEnd(const TimeItems& pattern) {
     if (!pattern.clock || !m_cursor.take('/')) return false;
-    const bool taken = CalendarWalk(m_cursor.rest(), m_words).read(pattern).has_value();
-    return taken && m_cursor.rest().find('/') == std::string_view::npos;
+    const std::string_view end = m_cursor.rest();
+    return end.find('/') == std::string_view::npos &&
+           CalendarWalk(end, m_words).read(pattern).has_value();
 }
 
 bool CalendarWalk::take(const TimeItem& item, bool first, bool last) {
