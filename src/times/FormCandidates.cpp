@@ -1,6 +1,6 @@
 #include "times/FormCandidates.h"
 
-#include "times/TimeCursor.h"
+#include "times/TimePieces.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -9,136 +9,12 @@ namespace pellam {
 
 namespace {
 
-constexpr std::string_view kMarks = " \t,;:/-._";
-
-/// A number, a word or a clock of a text, and the marks before it.
-struct Piece {
-    enum class Kind { Number, Word, Clock };
-
-    Kind kind;
-    std::string gap;
-    std::string_view text;
-    std::string letters; ///< of its field in a pattern, once known
-};
-
-/// Takes a text apart.
-class Pieces {
-  public:
-    Pieces(std::string_view text, const TimeWords& words) : m_cursor(text), m_words(words) {}
-
-    /// The pieces; empty for a text that has other characters in it.
-    std::vector<Piece> take() {
-        while (!m_cursor.atEnd()) {
-            if (!takePiece()) return {};
-        }
-        return std::move(m_pieces);
-    }
-
-  private:
-    bool takePiece() {
-        std::string gap = takeGap();
-        if (endsInOffset()) return true;
-        const std::string_view rest = m_cursor.rest();
-        const auto digits = static_cast<std::size_t>(m_cursor.digitsAhead());
-        if (const std::size_t letters = m_cursor.lettersAhead(); letters > 0) {
-            m_cursor.skip(letters);
-            add(Piece::Kind::Word, std::move(gap), rest.substr(0, letters));
-            return true;
-        }
-        if (digits == 0) return false;
-        // "2017:04:08": a date that has the clock's marks.
-        const bool inDate = gap == ":" && m_pieces.size() < 3;
-        if (!inDate && takeClock(gap)) return true;
-        m_cursor.skip(digits);
-        add(Piece::Kind::Number, std::move(gap), rest.substr(0, digits));
-        return true;
-    }
-
-    std::string takeGap() {
-        std::string gap;
-        while (const char c = m_cursor.oneOf(kMarks))
-            gap += c == '\t' ? ' ' : c;
-        const bool letter = m_cursor.peek() == 'T' || m_cursor.peek() == 't';
-        if (letter && !m_pieces.empty() && TimeCursor::isDigit(m_cursor.peek(1))) {
-            m_cursor.skip(1);
-            gap += 'T';
-        }
-        return gap;
-    }
-
-    bool takeClock(std::string& gap) {
-        TimeCursor at = m_cursor;
-        const int hour = at.digitsAhead();
-        if (hour > 2) return false;
-        at.digits(hour);
-        if (!at.take(':') || at.digitsAhead() != 2) return false;
-        at.digits(2);
-        std::string letters = "HH:mm";
-        if (at.peek() == ':' && TimeCursor::isDigit(at.peek(1))) {
-            at.skip(1);
-            if (at.digitsAhead() > 2) return false;
-            at.digits(at.digitsAhead());
-            letters += ":ss";
-            if (at.oneOf(".,")) at.skip(static_cast<std::size_t>(at.digitsAhead()));
-        }
-        if (takeHalf(at)) letters += " a";
-        takeOffset(at);
-        m_cursor = at;
-        add(Piece::Kind::Clock, std::move(gap), {});
-        m_pieces.back().letters = std::move(letters);
-        return true;
-    }
-
-    // Behind a clock without colons: nothing else ends so.
-    bool endsInOffset() {
-        if (m_pieces.empty()) return false;
-        const char first = m_cursor.peek();
-        TimeCursor at = m_cursor;
-        takeOffset(at);
-        if (first == '-' || !at.atEnd()) return false;
-        m_cursor = at;
-        return true;
-    }
-
-    bool takeHalf(TimeCursor& at) const {
-        const TimeCursor before = at;
-        at.blanks();
-        for (const std::string_view word :
-             {std::string_view(m_words.am), std::string_view(m_words.pm), std::string_view("AM"),
-              std::string_view("PM"), std::string_view("a.m."), std::string_view("p.m.")}) {
-            if (at.word(word)) return true;
-        }
-        at = before;
-        return false;
-    }
-
-    static void takeOffset(TimeCursor& at) {
-        const TimeCursor before = at;
-        at.blanks();
-        const bool named = at.word("UTC") || at.word("GMT") || at.word("Z");
-        if (at.oneOf("+-")) {
-            while (TimeCursor::isDigit(at.peek()) || at.peek() == ':')
-                at.skip(1);
-        } else if (!named) {
-            at = before;
-        }
-    }
-
-    void add(Piece::Kind kind, std::string gap, std::string_view text) {
-        m_pieces.push_back({kind, std::move(gap), text, {}});
-    }
-
-    TimeCursor m_cursor;
-    const TimeWords& m_words;
-    std::vector<Piece> m_pieces;
-};
-
 /// Gives the pieces of a text their letters in every way that they may be meant.
 class FormGuess {
   public:
-    FormGuess(std::vector<Piece> pieces) : m_pieces(std::move(pieces)) {
-        for (Piece& piece : m_pieces) {
-            if (piece.kind == Piece::Kind::Clock) {
+    FormGuess(std::vector<TimePiece> pieces) : m_pieces(std::move(pieces)) {
+        for (TimePiece& piece : m_pieces) {
+            if (piece.kind == TimePiece::Kind::Clock) {
                 m_clock = true;
             } else if (isWeekday(piece)) {
                 piece.letters = "E";
@@ -167,9 +43,9 @@ class FormGuess {
     }
 
   private:
-    static bool isWeekday(const Piece& piece) {
+    static bool isWeekday(const TimePiece& piece) {
         constexpr std::string_view kDays = "montuewedthufrisatsun";
-        if (piece.kind != Piece::Kind::Word || piece.text.size() < 3) return false;
+        if (piece.kind != TimePiece::Kind::Word || piece.text.size() < 3) return false;
         std::string start(piece.text.substr(0, 3));
         for (char& c : start)
             c = static_cast<char>(c | 0x20);
@@ -178,24 +54,24 @@ class FormGuess {
 
     /// Digits of a field; 0 for a word.
     [[nodiscard]] std::size_t digits(std::size_t field) const {
-        const Piece& piece = *m_fields[field];
-        return piece.kind == Piece::Kind::Number ? piece.text.size() : 0;
+        const TimePiece& piece = *m_fields[field];
+        return piece.kind == TimePiece::Kind::Number ? piece.text.size() : 0;
     }
 
     [[nodiscard]] bool word(std::size_t field) const { return digits(field) == 0; }
 
     [[nodiscard]] bool blanksBetween() const {
-        return std::all_of(m_pieces.begin() + 1, m_pieces.end(), [](const Piece& piece) {
+        return std::all_of(m_pieces.begin() + 1, m_pieces.end(), [](const TimePiece& piece) {
             return piece.gap.find_first_not_of(' ') == std::string::npos;
         });
     }
 
     void add(std::initializer_list<std::string_view> letters) {
         auto letter = letters.begin();
-        for (Piece* const field : m_fields)
+        for (TimePiece* const field : m_fields)
             field->letters = letter != letters.end() ? *letter++ : std::string_view();
         std::string name;
-        for (const Piece& piece : m_pieces)
+        for (const TimePiece& piece : m_pieces)
             name.append(piece.gap).append(piece.letters);
         if (std::find(m_names.begin(), m_names.end(), name) == m_names.end())
             m_names.push_back(std::move(name));
@@ -285,8 +161,8 @@ class FormGuess {
                (gap == "." && digits(0) + digits(1) + digits(2) < 6);
     }
 
-    std::vector<Piece> m_pieces;
-    std::vector<Piece*> m_fields; ///< pieces of the date, and of a clock without colons
+    std::vector<TimePiece> m_pieces;
+    std::vector<TimePiece*> m_fields; ///< pieces of the date, and of a clock without colons
     bool m_clock = false;
     std::vector<std::string> m_names;
 };
@@ -298,7 +174,7 @@ std::vector<std::string> formCandidates(std::string_view text, const TimeWords& 
     const std::size_t slash = text.size() / 2;
     const bool interval = text.size() % 2 == 1 && text[slash] == '/';
     if (interval && text.find(':') < slash) text = text.substr(0, slash);
-    return FormGuess(Pieces(text, words).take()).names();
+    return FormGuess(timePieces(text, words)).names();
 }
 
 } // namespace pellam

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "times/FractionUnit.h"
 #include "times/TimeForm.h"
 #include "times/TimeMoment.h"
 
@@ -17,9 +18,10 @@ class SoughtTime {
     /// Reads a text for a column of form `form`, which gives the order of day and month; a year of
     /// four digits may always come first. For columns of elapsed time: h:mm:ss, or a number in the
     /// column's unit with decimals or with its own unit ("10.5", "250 ms"). Nothing for any other
-    /// text, and for a whole number, which is a row's.
-    [[nodiscard]] static std::optional<SoughtTime> read(std::string_view text, const TimeForm& form,
-                                                        const InternationalSettings& settings);
+    /// text, and for a whole number, which is a row's. `unit` is that of the column's fractions.
+    [[nodiscard]] static std::optional<SoughtTime>
+    read(std::string_view text, const TimeForm& form, const InternationalSettings& settings,
+         FractionUnit unit = FractionUnit::DecimalPlaces);
 
     /// The same where the search starts at a row of this moment: a time of day alone is that of the
     /// row's day, or of the day after where the row is later.

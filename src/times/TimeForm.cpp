@@ -22,4 +22,10 @@ std::optional<TimeForm> TimeForm::parse(std::string_view name) {
     return form;
 }
 
+std::string momentText(const TimeMoment& moment, const TimeForm& form) {
+    if (form.kind() == TimeForm::Kind::Elapsed) return elapsedText(moment);
+    const std::string text = calendarText(moment);
+    return form.kind() == TimeForm::Kind::TimeOfDay ? text.substr(text.find(' ') + 1) : text;
+}
+
 } // namespace pellam

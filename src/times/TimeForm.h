@@ -1,5 +1,7 @@
 #pragma once
 
+#include "times/TimeMoment.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -61,5 +63,9 @@ class TimeForm {
     std::string m_name;
     Kind m_kind = Kind::None;
 };
+
+/// What a moment of a column of this form shows: a date and time, a time of day, or the seconds
+/// since the start; see TimeMoment.h.
+[[nodiscard]] std::string momentText(const TimeMoment& moment, const TimeForm& form);
 
 } // namespace pellam

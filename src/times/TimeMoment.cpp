@@ -3,18 +3,18 @@
 #include "base/CalendarText.h"
 
 #include <array>
-#include <chrono>
 
 namespace pellam {
 
 namespace {
 
-// Digits behind a point without trailing zeros; nothing for none.
-void appendFraction(std::string& text, std::uint32_t nanoseconds) {
+// Digits behind a point in groups of a size, those of zeros at the end left off.
+void appendFraction(std::string& text, std::uint32_t nanoseconds, std::size_t group) {
     if (nanoseconds == 0) return;
     std::string digits = std::to_string(nanoseconds);
     digits.insert(0, 9 - digits.size(), '0');
-    digits.erase(digits.find_last_not_of('0') + 1);
+    const std::size_t used = digits.find_last_not_of('0') + 1;
+    digits.resize((used + group - 1) / group * group);
     text.append(1, '.').append(digits);
 }
 
@@ -30,28 +30,18 @@ TimeMoment negative(TimeMoment moment) {
 }
 
 std::string calendarText(const TimeMoment& moment) {
-    using namespace std::chrono;
-    const sys_seconds time{seconds(moment.wall())};
-    const sys_days day = floor<days>(time);
-    const year_month_day date(day);
-    const hh_mm_ss<seconds> clock(time - day);
-    std::array<char, 32> buffer;
-    char* out =
-        writeDate(buffer.data(), int{date.year()}, unsigned{date.month()}, unsigned{date.day()});
-    *out++ = ' ';
-    out = writeTime(out, static_cast<unsigned>(clock.hours().count()),
-                    static_cast<unsigned>(clock.minutes().count()),
-                    static_cast<unsigned>(clock.seconds().count()));
-    std::string text(buffer.data(), out);
-    appendFraction(text, moment.nanoseconds);
+    std::array<char, kCalendarTextRoom> buffer;
+    std::string text(buffer.data(), writeDateTime(buffer.data(), moment.wall()));
+    appendFraction(text, moment.nanoseconds, 3);
     return text;
 }
 
 std::string elapsedText(const TimeMoment& moment) {
     const bool before = moment.seconds < 0;
     const TimeMoment size = before ? negative(moment) : moment;
-    std::string text = (before ? "-" : "") + std::to_string(size.seconds);
-    appendFraction(text, size.nanoseconds);
+    std::string text(before ? 1 : 0, '-');
+    text += std::to_string(size.seconds);
+    appendFraction(text, size.nanoseconds, 1);
     return text;
 }
 

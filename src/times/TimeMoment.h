@@ -31,7 +31,7 @@ struct TimeMoment {
 [[nodiscard]] TimeMoment negative(TimeMoment moment);
 
 /// "yyyy/MM/dd HH:mm:ss" of a calendar time or an epoch, as the text's own clock shows it, and
-/// behind '.' its fraction without trailing zeros, if any.
+/// behind '.' its fraction in three, six or nine digits, if any.
 [[nodiscard]] std::string calendarText(const TimeMoment& moment);
 
 /// An elapsed time in seconds: "90", "-0.25", "0.000001".

@@ -24,7 +24,7 @@ constexpr std::array<std::pair<std::string_view, TimeUnit>, 7> kUnits = {{
 
 constexpr std::size_t kEpochUnits = 4;
 constexpr int kMostDigits = 19;    // that 64 bits hold
-constexpr double kFarthest = 1e12; // seconds; beyond, a year has more than five digits
+constexpr double kFarthest = 9e11; // seconds; beyond, a year has more than five digits
 
 constexpr std::uint64_t powerOfTen(int exponent) {
     std::uint64_t power = 1;
