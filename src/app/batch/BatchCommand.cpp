@@ -109,7 +109,7 @@ bool BatchCommand::load() {
                                            profile::kSaveFolder.toStdString());
     };
     FileLoader loader({m_grid, m_international, m_corrections, m_messages, m_progress, m_chooser,
-                       false, saveFolder});
+                       false, saveFolder, {}, m_line.layout});
     m_outcome = loader.load(stored ? m_session.path() : m_line.file);
     m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
     if (m_outcome.aborted) {

@@ -1,7 +1,9 @@
 #include "app/batch/CommandLine.h"
 
 #include "database/sessions/SessionTime.h"
+#include "delimited/LayoutText.h"
 #include "logger/CDumpDBD.h"
+#include "times/TimeForm.h"
 
 #include <algorithm>
 #include <array>
@@ -86,6 +88,7 @@ class Parser {
         if (name == "--chart") return takeOutput(name, m_line.charts, {".png", ".svg", ".pdf"});
         if (name == "--size") return takeSize(name);
         if (takeSessionOption(name)) return;
+        if (takeLayoutOption(name)) return;
         if (isToolkitOption(name)) return (void)takeValue(name);
         fail(argument, "is no option of this program");
     }
@@ -115,6 +118,90 @@ class Parser {
             return true;
         }
         return false;
+    }
+
+    bool takeLayoutOption(std::string_view name) {
+        LayoutWishes& layout = m_line.layout;
+        if (name == "--separator") {
+            takeSign(name, layout.separator);
+        } else if (name == "--decimal") {
+            takeSign(name, layout.decimal);
+            if (layout.decimal && *layout.decimal != '.' && *layout.decimal != ',')
+                fail(name, "needs '.' or ',', not " + std::string(m_value));
+        } else if (name == "--headings-line") {
+            takeLine(name, layout.headingsLine, 0);
+        } else if (name == "--units-line") {
+            takeLine(name, layout.unitsLine, 0);
+        } else if (name == "--data-line") {
+            takeLine(name, layout.dataLine, 1);
+        } else if (name == "--time-columns") {
+            takeColumns(name, layout.timeColumns);
+        } else if (name == "--time-format") {
+            takeOnce(name, layout.timeFormat);
+            if (!layout.timeFormat.empty() && !TimeForm::parse(layout.timeFormat))
+                fail(name, "needs a form such as dd/MM/yyyy HH:mm, epoch-ms or elapsed-s, not " +
+                               layout.timeFormat);
+        } else if (name == "--missing") {
+            takeTexts(name, layout.missing);
+        } else {
+            return false;
+        }
+        m_layoutOption = name;
+        return true;
+    }
+
+    void takeSign(std::string_view name, std::optional<char>& sign) {
+        if (!takeValue(name)) return;
+        if (sign) return fail(name, "is given twice");
+        const char read = name == "--decimal" && m_value == "," ? ',' : separatorOf(m_value);
+        if (name == "--decimal" && m_value == ".") {
+            sign = '.';
+        } else if (read == '\0') {
+            fail(name, "needs comma, semicolon, tab, bar, blanks or a single character, not " +
+                           std::string(m_value));
+        } else {
+            sign = read;
+        }
+    }
+
+    void takeLine(std::string_view name, std::optional<std::int64_t>& line, std::int64_t least) {
+        if (!takeValue(name)) return;
+        if (line) return fail(name, "is given twice");
+        std::int64_t number = -1;
+        const char* const end = m_value.data() + m_value.size();
+        const auto read = std::from_chars(m_value.data(), end, number);
+        if (read.ec != std::errc() || read.ptr != end || number < least)
+            return fail(name, "needs the number of a line, not " + std::string(m_value));
+        line = number;
+    }
+
+    void takeColumns(std::string_view name, std::optional<std::vector<std::size_t>>& columns) {
+        if (!takeValue(name)) return;
+        if (columns) return fail(name, "is given twice");
+        columns.emplace();
+        if (m_value == "none") return;
+        for (const char* at = m_value.data(); at <= m_value.data() + m_value.size(); ++at) {
+            std::size_t number = 0;
+            const auto read = std::from_chars(at, m_value.data() + m_value.size(), number);
+            const bool last = read.ptr == m_value.data() + m_value.size();
+            if (read.ec != std::errc() || number < 1 || number > 100'000 ||
+                (!last && *read.ptr != ','))
+                return fail(name, "needs numbers of columns such as 1,2, or none, not " +
+                                      std::string(m_value));
+            columns->push_back(number - 1);
+            at = read.ptr;
+        }
+    }
+
+    void takeTexts(std::string_view name, std::optional<std::vector<std::string>>& texts) {
+        if (!takeValue(name)) return;
+        if (texts) return fail(name, "is given twice");
+        texts.emplace();
+        for (std::string_view rest = m_value; !rest.empty();) {
+            const std::string_view text = rest.substr(0, rest.find(','));
+            if (!text.empty()) texts->emplace_back(text);
+            rest.remove_prefix(std::min(text.size() + 1, rest.size()));
+        }
     }
 
     void takeTime(std::string_view name, const std::string& text, CMyTime& time) {
@@ -211,6 +298,8 @@ class Parser {
         if (!m_line.channels.empty() && !m_line.hasOutput()) {
             fail("--channels", "needs --export, --info, --print or --chart beside it");
         }
+        if (!m_layoutOption.empty() && !m_line.hasOutput())
+            fail(m_layoutOption, "needs --export, --info, --print or --chart beside it");
         if (m_hasSize && m_line.charts.empty()) fail("--size", "needs --chart beside it");
         if (!m_line.dump.empty() && m_line.file.empty()) fail("--dump", "needs a FILE to convert");
         if (m_line.dump.empty() && !m_dumpOption.empty())
@@ -230,6 +319,7 @@ class Parser {
     std::string m_from; ///< as given, and the next
     std::string m_to;
     std::string_view m_sessionOption; ///< the last of those that go with --session
+    std::string_view m_layoutOption;  ///< the last of those that tell a text's layout
     std::string_view m_dumpOption;    ///< the last of those that go with --dump
     bool m_hasValue = false;          ///< the option came as --option=value
     std::string_view m_value;         ///< value of the option at hand
@@ -273,6 +363,11 @@ Without a window; messages go to standard error, nothing is asked:
                                (default: 1280x720)
   --channels all|PATTERN[,...] take only these channels (default: all);
                                '*' stands for any characters, '?' for one
+  --separator comma|semicolon|tab|bar|blanks|C  --decimal .|,
+  --headings-line N  --units-line N  --data-line N  (0: there is none)
+  --time-columns N[,...]|none  --time-format FORM  --missing TEXT[,...]
+                               how a text file is laid out; what is not
+                               given is found
   --convert DOWNLOAD.txt       convert a tagged text download to a .csv file
                                beside it
   --dsn NAME --session S       a session stored in an ODBC database instead of

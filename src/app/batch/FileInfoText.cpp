@@ -1,5 +1,7 @@
 #include "app/batch/FileInfoText.h"
 
+#include "delimited/LayoutText.h"
+
 #include <algorithm>
 
 namespace pellam {
@@ -38,6 +40,39 @@ class Facts {
     std::string m_text;
 };
 
+void addLayout(Facts& facts, const LoadOutcome& outcome) {
+    for (const auto& [key, value] : layoutFacts(outcome.layout))
+        facts.add(key.c_str(), value);
+    const PassedOver& passed = outcome.passedOver;
+    const std::pair<const char*, std::int64_t> counts[] = {
+        {"blank lines", passed.blank},
+        {"repeated lines", passed.repeated},
+        {"repeated headings", passed.headings},
+        {"comment lines", passed.comments},
+        {"discontinuities", passed.discontinuity},
+        {"footer lines", passed.footer}};
+    for (const auto& [key, count] : counts)
+        facts.add(key, count);
+}
+
+/// Columns that a load leaves unchecked are no channels: parts of times.
+void addChannels(Facts& facts, const GridData& grid) {
+    for (const bool checked : {true, false}) {
+        for (int i = 1; i <= grid.channelCount(); ++i) {
+            const Column& column = grid.column(i);
+            if (column.charted() == checked)
+                facts.add(checked ? "channel" : "part of the time", column.label());
+        }
+    }
+}
+
+std::int64_t channelsOf(const GridData& grid) {
+    std::int64_t count = 0;
+    for (int i = 1; i <= grid.channelCount(); ++i)
+        count += grid.column(i).charted();
+    return count;
+}
+
 } // namespace
 
 std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
@@ -59,10 +94,10 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
     facts.add("first time", outcome.firstTime);
     facts.add("last time", outcome.lastTime);
     facts.add("rows", grid.rowCount());
-    facts.add("channels", grid.channelCount());
+    facts.add("channels", channelsOf(grid));
     facts.add("damaged lines", outcome.damagedLines);
-    for (int i = 1; i <= grid.channelCount(); ++i)
-        facts.add("channel", grid.column(i).label());
+    if (outcome.kind == LoadOutcome::Kind::Delimited) addLayout(facts, outcome);
+    addChannels(facts, grid);
     return facts.text();
 }
 

@@ -1,5 +1,6 @@
 #include "replay/load/FileLoader.h"
 
+#include "delimited/LayoutDetector.h"
 #include "grid/TimeColumn.h"
 #include "replay/load/AxisGrouping.h"
 #include "replay/load/BinaryLoader.h"
@@ -12,13 +13,15 @@ namespace pellam {
 
 namespace {
 
-// Year/month/day texts stand as they are, with all their digits.
+// Year/month/day texts stand as they are, with all their digits, and so do years with decimals,
+// which are no exacter than those.
 std::string timeOf(const GridData& grid, TimeColumn& times, Row row) {
     if (row < 0 || row >= grid.rowCount()) return {};
     const auto moment = times.moment(row);
     if (!moment) return {};
     CellBuffer buffer;
-    const bool plain = grid.column(0).cell(row).kind() == Cell::Kind::TimeSlash;
+    const bool plain = grid.column(0).cell(row).kind() == Cell::Kind::TimeSlash ||
+                       times.form().kind() == TimeForm::Kind::DecimalYear;
     return plain ? std::string(grid.text(0, row, buffer)) : momentText(*moment, times.form());
 }
 
@@ -60,13 +63,18 @@ LoadOutcome FileLoader::route(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
     if (extension == "dbr") return outcome;
-    if (extension == "csv") {
-        return DelimitedLoader(m_context, m_context.international.listSeparator)
-            .ReadDelimFile(path);
-    }
-    if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
+    if (extension == "csv") return loadText(path, m_context.international.listSeparator);
+    if (extension == "txt") return loadText(path, '\t');
     if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
+}
+
+LoadOutcome FileLoader::loadText(const std::string& path, char expected) {
+    // What can't be read is told by the loader.
+    Failure failure;
+    const LayoutDetector detector(expected, m_context.international);
+    return DelimitedLoader(m_context, detector.detect(path, failure, m_context.wishes))
+        .ReadDelimFile(path);
 }
 
 std::string FileLoader::extensionOf(const std::string& path) {

@@ -3,6 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
+#include "delimited/LayoutWishes.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"
@@ -26,6 +27,7 @@ struct LoadContext {
     std::function<std::string()> saveFolder = {};
     /// Lets the person set that folder; absent where nobody can be asked.
     std::function<void()> askSaveFolder = {};
+    LayoutWishes wishes = {}; ///< of the layout of delimited text
 };
 
 /// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,
@@ -44,6 +46,7 @@ class FileLoader {
 
   private:
     LoadOutcome route(const std::string& path);
+    LoadOutcome loadText(const std::string& path, char expected);
 
     LoadContext m_context;
 };

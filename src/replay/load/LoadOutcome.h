@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/Failure.h"
+#include "delimited/TextLayout.h"
+#include "replay/load/PassedOver.h"
 
 #include <cstdint>
 #include <string>
@@ -24,6 +26,9 @@ struct LoadOutcome {
     /// day alone or elapsed seconds where the file has no more; empty when it can't be read.
     std::string firstTime;
     std::string lastTime; ///< the same of the last row
+
+    TextLayout layout; ///< how delimited text is laid out
+    PassedOver passedOver;
 
     // Header facts of a replay file; defaults for every other kind.
     int cryptState = 0;
