@@ -175,6 +175,8 @@ class HeadingSearch {
             name += field.quoted ? withoutEscapes(field.text, m_records.dialect())
                                  : std::string(field.text);
         }
+        std::replace_if(
+            name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
         return name;
     }
 

@@ -46,7 +46,7 @@ bool RecordReader::join(std::string_view& record) {
             m_ahead.push_back(
                 {std::string(line), m_lines.bytesRead() - static_cast<std::int64_t>(line.size())});
         }
-        joined.append("\n").append(withoutLineEnd(m_ahead[taken].text));
+        joined.append(" ").append(withoutLineEnd(m_ahead[taken].text));
         const bool mark = m_ahead[taken].text.find(m_dialect.quote) != std::string::npos;
         if (mark) open = isOpen(joined, m_dialect);
     }

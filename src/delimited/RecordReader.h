@@ -10,7 +10,7 @@
 
 namespace pellam {
 
-/// The records of a text: its lines, those joined that a quoted field spans. A field that does not
+/// The records of a text: its lines, those joined by a blank that a quoted field spans. A field that does not
 /// close within a few lines began with a stray mark and joins nothing.
 class RecordReader {
   public:

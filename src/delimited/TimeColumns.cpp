@@ -123,22 +123,28 @@ class TimeSearch {
         return findTimeForm(views, m_settings);
     }
 
-    // How well the moments of consecutive rows follow each other, 0 to 1.
+    // How well the moments of consecutive rows follow each other, 0 to 1: they rise, most of them
+    // by the same step.
     [[nodiscard]] double order(const std::vector<std::string>& texts, const TimeForm& form) const {
         const TimeReader reader(form, m_settings);
-        std::optional<TimeMoment> before;
-        double rising = 0;
-        double steps = 0;
+        std::optional<double> before;
+        std::vector<double> steps;
         for (std::size_t i = 0; i < m_consecutive; ++i) {
             const auto moment = reader.read(texts[i]);
             if (!moment) continue;
-            if (before) {
-                steps += 1;
-                rising += *moment > *before ? 1 : 0;
-            }
-            before = moment;
+            if (before) steps.push_back(secondsOf(*moment) - *before);
+            before = secondsOf(*moment);
         }
-        return steps == 0 ? 1 : rising / steps;
+        if (steps.empty()) return 1;
+        std::vector<double> sorted = steps;
+        const auto middle = sorted.begin() + static_cast<std::ptrdiff_t>(sorted.size() / 2);
+        std::nth_element(sorted.begin(), middle, sorted.end());
+        const auto rising = std::count_if(steps.begin(), steps.end(), [](double s) { return s > 0; });
+        const auto even = std::count_if(steps.begin(), steps.end(), [&](double s) {
+            return std::abs(s - *middle) <= 0.01 * std::abs(*middle);
+        });
+        return (0.8 * static_cast<double>(rising) + 0.2 * static_cast<double>(even)) /
+               static_cast<double>(steps.size());
     }
 
     void add(TimeColumns time, const std::vector<std::string>& texts, double base) {
@@ -457,9 +463,9 @@ class TimeSearch {
             {Month, Day, Hour, Minute},
             {DayOfYear, Month, Day, Hour, Minute},
             {Month, Day, HourMinute},
+            {Month, Day, Hour},
             {DayOfYear, Hour, Minute},
             {DayOfYear, HourMinute},
-            {Month, Day, Hour},
             {DayOfYear, Hour},
             {Month, Day}};
         double base = 0.95;
