@@ -40,7 +40,7 @@ class LayoutBuilder {
         m_layout.decimal = m_settings.decimalSeparator;
         m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
         if (!m_wishes.any() && isProse(m_head, m_table)) {
-            m_layout.notATable = "text";
+            m_layout.notATable = std::string("text");
             return m_layout;
         }
         if (!m_table.found() || m_sample.cutLine || (!m_wishes.any() && !hasReadings()))
@@ -122,7 +122,7 @@ class LayoutBuilder {
             if (i == 0 && record.text.starts_with("sep=")) continue;
             m_layout.description.emplace_back(trimmedEnd(record.text));
         }
-        if (comments > 0 && !m_head[m_table.first].text.starts_with('#')) m_layout.comment = "#";
+        if (comments > 0 && !m_head[m_table.first].text.starts_with('#')) m_layout.comment = std::string(1, '#');
     }
 
     static std::string_view trimmedEnd(std::string_view text) {

@@ -2,16 +2,15 @@
 
 #include "base/TextSource.h"
 
+#include <algorithm>
+
 namespace pellam {
 
 std::string_view takeLine(std::string_view& text) {
-    const std::size_t end = text.find_first_of("\r\n");
+    std::size_t end = std::min(text.find('\n'), text.size());
+    end = std::min(text.substr(0, end).find('\r'), end);
     const std::string_view line = text.substr(0, end);
-    if (end == std::string_view::npos) {
-        text = {};
-    } else {
-        text.remove_prefix(end + (text.substr(end, 2) == "\r\n" ? 2 : 1));
-    }
+    text.remove_prefix(std::min(end + (text.substr(end, 2) == "\r\n" ? 2 : 1), text.size()));
     return line;
 }
 
@@ -30,18 +29,45 @@ void TextSample::cutTail() {
     tail.erase(0, begin);
 }
 
+// So many short lines tell no more than some of them: the head keeps its first ones, the tail its
+// last ones.
+void TextSample::limitLines() {
+    std::string_view rest = head;
+    for (std::size_t lines = 0; !rest.empty() && lines < kLines; ++lines)
+        (void)takeLine(rest);
+    if (!rest.empty()) {
+        if (tail.empty() && !cutLine) {
+            const std::size_t size = std::min(rest.size(), kSize);
+            tail = rest.substr(rest.size() - size);
+            tailAt = tailAt < 0 ? tailAt : fileSize - static_cast<std::int64_t>(size);
+            if (size < rest.size()) cutTail();
+        }
+        head.resize(head.size() - rest.size());
+    }
+    std::size_t lines = 0;
+    for (std::size_t at = tail.size(); at > 0; --at) {
+        if (tail[at - 1] != '\n' && tail[at - 1] != '\r') continue;
+        if (++lines <= kTailLines) continue;
+        tail.erase(0, at);
+        if (tailAt >= 0) tailAt += static_cast<std::int64_t>(at);
+        break;
+    }
+}
+
 TextSample TextSample::ofText(std::string_view text) {
     TextSample sample;
     sample.fileSize = static_cast<std::int64_t>(text.size());
+    sample.tailAt = 0;
     if (text.size() <= 2 * kSize) {
         sample.head = text;
-        return sample;
+    } else {
+        sample.head = text.substr(0, kSize);
+        sample.tail = text.substr(text.size() - kSize);
+        sample.tailAt = static_cast<std::int64_t>(text.size() - kSize);
+        sample.cutHead();
+        sample.cutTail();
     }
-    sample.head = text.substr(0, kSize);
-    sample.tail = text.substr(text.size() - kSize);
-    sample.tailAt = static_cast<std::int64_t>(text.size() - kSize);
-    sample.cutHead();
-    sample.cutTail();
+    sample.limitLines();
     return sample;
 }
 
@@ -62,12 +88,13 @@ Failure TextSample::read(const std::string& path) {
         text.resize(used);
     };
     fill(head, whole ? 3 * kSize : kSize);
+    tailAt = source.seekToEnd(static_cast<std::int64_t>(kSize));
     if (!whole) {
-        tailAt = source.seekToEnd(static_cast<std::int64_t>(kSize));
         fill(tail, 3 * kSize);
         cutHead();
         cutTail();
     }
+    limitLines();
     return source.error();
 }
 

@@ -17,7 +17,7 @@ struct TextSample {
     std::string head; ///< whole lines; the whole file where it is no longer than both ends
     std::string tail; ///< whole lines from the end; empty where the head is the whole file
     std::int64_t fileSize = 0;
-    std::int64_t tailAt = -1; ///< offset of the tail in the file; -1 where lines can't be placed
+    std::int64_t tailAt = -1; ///< offset of the tail in the file; -1 where it can't be told
     bool cutLine = false;     ///< the head's only line goes on behind it: the head is a part of it
 
     /// Reads the file's two ends. A failure to open or to read leaves the sample empty.
@@ -29,8 +29,12 @@ struct TextSample {
     [[nodiscard]] bool isWholeFile() const { return tail.empty() && !cutLine; }
 
   private:
+    static constexpr std::size_t kLines = 2500;    ///< of the head
+    static constexpr std::size_t kTailLines = 500; ///< of the tail
+
     void cutHead();
     void cutTail();
+    void limitLines();
 };
 
 /// Takes the next line, without its end, off the front of a text. A line ends as LineReader has it:
