@@ -2,8 +2,8 @@
 // follow.
 
 #include "base/InternationalSettings.h"
-#include "delimited/LayoutDetector.h"
-#include "delimited/LayoutText.h"
+#include "delimited/layout/LayoutDetector.h"
+#include "delimited/layout/LayoutText.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,8 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (data[0] & 1) settings.decimalSeparator = ',';
     const char expected = data[0] & 2 ? '\t' : data[0] & 4 ? ';' : ',';
     const std::string_view text(reinterpret_cast<const char*>(data + 1), size - 1);
-    const TextLayout layout =
-        LayoutDetector(expected, settings).detect(TextSample::ofText(text));
+    const TextLayout layout = LayoutDetector(expected, settings).detect(TextSample::ofText(text));
     for (const std::size_t column : layout.timeColumns) {
         if (column >= layout.columns) __builtin_trap();
     }

@@ -1,4 +1,4 @@
-#include "delimited/FieldKind.h"
+#include "delimited/sample/FieldKind.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
-#include "delimited/LayoutDetector.h"
+#include "delimited/layout/LayoutDetector.h"
 
 #include "base/InternationalSettings.h"
-#include "delimited/LayoutText.h"
+#include "delimited/layout/LayoutText.h"
 
 namespace pellam {
 namespace {

@@ -1,7 +1,7 @@
-#include "delimited/RecordReader.h"
+#include "delimited/sample/RecordReader.h"
 
 #include "ScratchFolder.h"
-#include "delimited/FieldSplitter.h"
+#include "delimited/sample/FieldSplitter.h"
 
 namespace pellam {
 namespace {

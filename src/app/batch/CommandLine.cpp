@@ -1,7 +1,7 @@
 #include "app/batch/CommandLine.h"
 
 #include "database/sessions/SessionTime.h"
-#include "delimited/LayoutText.h"
+#include "delimited/layout/LayoutText.h"
 #include "logger/CDumpDBD.h"
 #include "times/TimeForm.h"
 

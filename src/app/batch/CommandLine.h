@@ -1,7 +1,7 @@
 #pragma once
 
 #include "database/sessions/SessionRequest.h"
-#include "delimited/LayoutWishes.h"
+#include "delimited/layout/LayoutWishes.h"
 
 #include <string>
 #include <vector>

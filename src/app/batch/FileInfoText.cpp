@@ -1,6 +1,6 @@
 #include "app/batch/FileInfoText.h"
 
-#include "delimited/LayoutText.h"
+#include "delimited/layout/LayoutText.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "delimited/TextLayout.h"
+#include "delimited/layout/TextLayout.h"
 #include "grid/GridData.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "replay/load/DelimitedLoader.h"
 
 #include "base/FieldScanner.h"
-#include "delimited/RecordReader.h"
+#include "delimited/sample/RecordReader.h"
 #include "grid/TimeCell.h"
 #include "replay/load/DelimitedRows.h"
 #include "replay/load/RowCounter.h"

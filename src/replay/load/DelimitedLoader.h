@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/LineReader.h"
-#include "delimited/TextLayout.h"
+#include "delimited/layout/TextLayout.h"
 #include "replay/load/DelimitedColumns.h"
 #include "replay/load/FileLoader.h"
 #include "replay/load/LoadOutcome.h"

@@ -1,7 +1,7 @@
 #include "replay/load/DelimitedRows.h"
 
-#include "delimited/FieldSplitter.h"
-#include "delimited/TimeColumns.h"
+#include "delimited/sample/FieldSplitter.h"
+#include "delimited/time/TimeColumns.h"
 #include "grid/DecimalCell.h"
 #include "grid/TimeCell.h"
 #include "replay/load/ValueText.h"

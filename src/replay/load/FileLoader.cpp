@@ -1,6 +1,6 @@
 #include "replay/load/FileLoader.h"
 
-#include "delimited/LayoutDetector.h"
+#include "delimited/layout/LayoutDetector.h"
 #include "grid/TimeColumn.h"
 #include "replay/load/AxisGrouping.h"
 #include "replay/load/BinaryLoader.h"

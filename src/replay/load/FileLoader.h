@@ -3,7 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
-#include "delimited/LayoutWishes.h"
+#include "delimited/layout/LayoutWishes.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"

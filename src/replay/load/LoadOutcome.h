@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Failure.h"
-#include "delimited/TextLayout.h"
+#include "delimited/layout/TextLayout.h"
 #include "replay/load/PassedOver.h"
 
 #include <cstdint>
