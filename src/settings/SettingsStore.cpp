@@ -97,8 +97,6 @@ SettingsStore::SettingsStore(QString path, QString vendorKey, QString profileNam
       m_file(reachable(m_path)),
       m_settings(std::make_unique<QSettings>(m_file, QSettings::IniFormat)) {}
 
-SettingsStore::~SettingsStore() = default;
-
 QString SettingsStore::defaultPath() {
     const QString configured = qEnvironmentVariable("XDG_CONFIG_HOME");
     const bool usable = configured.startsWith(u'/');

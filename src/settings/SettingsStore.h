@@ -35,7 +35,6 @@ class SettingsStore {
     /// `path` is the settings file; it need not exist.
     explicit SettingsStore(QString path, QString vendorKey = QStringLiteral("Korvane"),
                            QString profileName = QStringLiteral("Pellam"));
-    ~SettingsStore();
     SettingsStore(const SettingsStore&) = delete;
     SettingsStore& operator=(const SettingsStore&) = delete;
 

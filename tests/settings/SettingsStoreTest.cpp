@@ -113,7 +113,7 @@ TEST_F(SettingsStoreTest, TextsAsEarlierVersionsWroteThemAndPeopleWriteThem) {
         EXPECT_EQ(store.GetProfileString("Default", "value").toStdString(), plain) << name;
         EXPECT_TRUE(store.WriteProfileInt("Default", "other", 1)) << name;
         EXPECT_EQ(store.GetProfileString("Default", "value").toStdString(), plain) << name;
-        EXPECT_EQ(QFile::exists(path + ".bak"), !stays) << name;
+        EXPECT_EQ(QFile::exists(path + QStringLiteral(".bak")), !stays) << name;
         EXPECT_EQ(m_folder.read(name + ".ini"s).find(line) != std::string::npos, stays)
             << name << '\n'
             << m_folder.read(name + ".ini"s);
@@ -215,7 +215,8 @@ TEST_F(SettingsStoreTest, WhatCanNotBeWrittenStaysForTheSession) {
             EXPECT_EQ(file.toStdString(), path);
             ++told;
         });
-        EXPECT_FALSE(store.deleteKey(store.GetSectionKey("Default") + "/b")) << path;
+        EXPECT_FALSE(store.deleteKey(store.GetSectionKey("Default") + QStringLiteral("/b")))
+            << path;
         EXPECT_EQ(store.GetProfileInt("Default", "a", 5), 2) << path;
         EXPECT_EQ(store.GetProfileString("Default", "b"), QString()) << path;
         EXPECT_EQ(told, 1) << path;

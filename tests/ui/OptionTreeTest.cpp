@@ -1,4 +1,4 @@
-#include "ui/tree/OptionTree.h"
+#include "ui/dialogs/OptionTree.h"
 
 namespace pellam {
 namespace {

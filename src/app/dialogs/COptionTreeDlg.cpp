@@ -1,8 +1,8 @@
 #include "app/dialogs/COptionTreeDlg.h"
 
 #include "base/Utf8.h"
+#include "ui/dialogs/OptionTree.h"
 #include "ui/icons/IconSet.h"
-#include "ui/tree/OptionTree.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
