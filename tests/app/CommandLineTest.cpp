@@ -38,6 +38,16 @@ std::string print(const CommandLine& line) {
     if (!line.convert.empty()) add("convert:" + line.convert);
     if (!line.dump.empty()) add("dump:" + line.dump + '@' + std::to_string(line.dumpOptions));
     if (!line.channels.empty()) add("channels:" + line.channels);
+    const LayoutWishes& layout = line.layout;
+    if (layout.separator) add("separator:" + std::string(1, *layout.separator));
+    if (layout.decimal) add("decimal:" + std::string(1, *layout.decimal));
+    for (const auto& number : {layout.headingsLine, layout.unitsLine, layout.dataLine})
+        if (number) add("line:" + std::to_string(*number));
+    for (const std::size_t column : layout.timeColumns.value_or(std::vector<std::size_t>()))
+        add("column:" + std::to_string(column));
+    if (!layout.timeFormat.empty()) add("time:" + layout.timeFormat);
+    for (const std::string& missing : layout.missing.value_or(std::vector<std::string>()))
+        add("missing:" + missing);
     const SessionRequest& from = line.database.request;
     for (const std::string& given :
          {from.dataSource, from.session, from.site, from.job, from.schedule, from.label})
@@ -58,6 +68,20 @@ TEST(CommandLine, IsReadAs) {
         {"", "window"},
         {"a.dlr", "window file:a.dlr"},
         {"--settings s.ini a.dlr", "window settings:s.ini file:a.dlr"},
+        {"--info --separator semicolon --decimal , --headings-line 0 --units-line 4 --data-line 5 "
+         "--time-columns 2,3 --time-format dd/MM/yyyy --missing -9999,NaN a.txt",
+         "info separator:; decimal:, line:0 line:4 line:5 column:1 column:2 time:dd/MM/yyyy "
+         "missing:-9999 missing:NaN file:a.txt"},
+        {"--info --separator no a.txt",
+         "--separator needs comma, semicolon, tab, bar, blanks or a character, not no"},
+        {"--info --decimal ; a.txt", "--decimal needs '.' or ',', not ;"},
+        {"--info --data-line 0 a.txt", "--data-line needs the number of a line, not 0"},
+        {"--info --time-columns 1,x a.txt",
+         "--time-columns needs numbers of columns such as 1,2 or none, not 1,x"},
+        {"--info --time-format whenever a.txt", "--time-format needs a form such as dd/MM/yyyy "
+                                                "HH:mm, epoch-ms or elapsed-s, not whenever"},
+        {"--separator tab a.txt",
+         "--separator needs --export, --info, --print or --chart beside it"},
         {"--export=a=b.csv x", "export:a=b.csv file:x"},
         {"x --info", "info file:x"},
         {"--export a.csv --export b.TXT --print c.Pdf --info --channels A*,B? x",
@@ -89,6 +113,7 @@ TEST(CommandLine, IsReadAs) {
         {"--settings --info x", "--settings needs a value"},
         {"--info=yes x", "--info takes no value"},
         {"--convert a.txt --convert b.txt", "--convert is given twice"},
+        {"--settings \xE4.ini \xE4", "window settings:\xE4.ini file:\xE4"},
         {"--export a.xls x", "--export needs a file name that ends in .csv or .txt, not a.xls"},
         {"--export a.csv/b x", "--export needs a file name that ends in .csv or .txt, not a.csv/b"},
         {"--print a.png x", "--print needs a file name that ends in .pdf, not a.png"},
@@ -134,6 +159,9 @@ TEST(CommandLine, HelpNamesEveryOption) {
     const std::string help = CommandLine::helpText();
     for (std::string option; options >> option;)
         EXPECT_NE(help.find("--" + option), std::string::npos) << option;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_LE(line.size(), 80U) << line;
 }
 
 TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {

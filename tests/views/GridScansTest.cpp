@@ -1,4 +1,5 @@
 #include "GridText.h"
+#include "base/InternationalSettings.h"
 #include "views/scan/FindScan.h"
 #include "views/scan/RowLocator.h"
 #include "views/scan/StatisticsScan.h"
