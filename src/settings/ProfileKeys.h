@@ -15,4 +15,8 @@ inline const QString kToolbar = QStringLiteral("ToolBar");    ///< 0 hidden, 1 s
 inline const QString kWindow = QStringLiteral("WindowPlace"); ///< binary: size and place
 inline const QString kRecentSection = QStringLiteral("Recent File List");
 
+/// Text layouts that were told, by the headings of their files.
+inline const QString kTextLayoutSection = QStringLiteral("Text Layouts");
+inline const QString kTextLayouts = QStringLiteral("Known"); ///< newest first, see LayoutMemory
+
 } // namespace pellam::profile

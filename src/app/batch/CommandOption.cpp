@@ -1,7 +1,7 @@
 #include "app/batch/CommandOption.h"
 
 #include "app/batch/CommandReader.h"
-#include "app/batch/LayoutOptions.h"
+#include "delimited/layout/LayoutOptions.h"
 
 namespace pellam {
 

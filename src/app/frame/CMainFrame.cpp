@@ -16,6 +16,7 @@
 #include "app/frame/PageCommands.h"
 #include "app/frame/PageLink.h"
 #include "app/frame/RecentFiles.h"
+#include "app/layout/LayoutChoice.h"
 #include "app/print/FramePrinting.h"
 #include "database/sessions/SessionRequest.h"
 #include "drop/CMyDropTarget.h"
@@ -107,6 +108,9 @@ void CMainFrame::createHelpers() {
     connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
     m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
                                 m_messages, [this] { OnFilePreferences(); }});
+    m_layouts = new LayoutChoice(
+        {this, m_app.settings(), *m_gridView, m_international, m_messages,
+         [this](const QString& path, const LayoutWishes& wishes) { openFile(path, wishes); }});
     m_sessions =
         new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
     m_export =
@@ -124,6 +128,7 @@ void CMainFrame::createHelpers() {
 
 void CMainFrame::connectCommands() {
     m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
+    m_actions->on(Command::OpenWithLayout, [this] { OnOpenWithLayout(); });
     m_actions->on(Command::OpenDatabase, [this] { OnLoadFromDatabase(); });
     m_actions->on(Command::Export, [this] { ExportData(); });
     m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
@@ -235,13 +240,24 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
     // Quotes come from command lines of other systems; a name that really has them is left alone.
     if (!QFileInfo::exists(file)) file.remove(u'"');
     if (file.isEmpty()) file = m_loader->askForFile();
-    if (file.isEmpty()) return;
+    if (!file.isEmpty()) openFile(file);
+}
 
-    const auto outcome = ReadReplayFile(file);
+void CMainFrame::OnOpenWithLayout() {
+    if (m_loader->isBusy()) return;
+    OnViewDatagrid();
+    const auto file = m_loader->askForFile();
+    if (!file.isEmpty()) m_layouts->openWith(file);
+}
+
+void CMainFrame::openFile(const QString& path, const std::optional<LayoutWishes>& text) {
+    if (m_loader->isBusy()) return;
+    const auto outcome = m_loader->load(path, text);
+    showLoaded(path, outcome);
     if (outcome.loaded)
-        m_recent->add(file);
-    else if (!QFileInfo::exists(file))
-        m_recent->remove(file);
+        m_recent->add(path);
+    else if (!QFileInfo::exists(path))
+        m_recent->remove(path);
     if (m_closeWhenLoaded) close();
 }
 
@@ -266,6 +282,7 @@ void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
                             const QString& session) {
     m_file = outcome.loaded ? path : QString();
     m_trendView->setFileName(m_gridView->fileName());
+    m_layouts->showLoaded(path, outcome);
     m_status->showLoad(outcome, session);
     const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
     setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));

@@ -10,6 +10,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 
 class QStackedWidget;
 
@@ -27,6 +28,7 @@ class FramePrinting;
 class FrameSessions;
 class FrameSidebar;
 class FrameStatusBar;
+class LayoutChoice;
 class MessageMemory;
 class MyCug;
 class PreviewPane;
@@ -57,6 +59,8 @@ class CMainFrame : public QMainWindow {
     void OnLoadSessionFromFile(const QString& path);
     /// Loads a replay file into the grid; the same as opening it, without touching recent files.
     LoadOutcome ReadReplayFile(const QString& path);
+    /// Asks for a text file and how it is laid out, and opens it so.
+    void OnOpenWithLayout();
     /// Groups the channels on axes by their units.
     void SortAxisByUnits();
 
@@ -142,6 +146,7 @@ class CMainFrame : public QMainWindow {
     void remark(const QString& text);
     void tellOfSettings(SettingsStore::Notice notice, const QString& path);
     void openLater(const QString& path);
+    void openFile(const QString& path, const std::optional<LayoutWishes>& text = {});
     void showLoaded(const QString& path, const LoadOutcome& outcome, const QString& session = {});
 
     CLumasetApp& m_app;
@@ -158,6 +163,7 @@ class CMainFrame : public QMainWindow {
     FrameStatusBar* m_status = nullptr;
     FrameLoader* m_loader = nullptr;
     FrameSessions* m_sessions = nullptr;
+    LayoutChoice* m_layouts = nullptr;
     FrameExport* m_export = nullptr;
     FramePrinting* m_printing = nullptr;
     FramePreview* m_preview = nullptr;

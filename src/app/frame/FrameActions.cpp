@@ -31,6 +31,7 @@ using enum Command;
 // clang-format off
 const Entry kEntries[] = {
     {Open, "&Open...", "Ctrl+O", IconName::Open, "Open a historical data file"},
+    {OpenWithLayout, "Open With &Layout...", "", {}, "Open a text file and tell how it is laid out"},
     {OpenDatabase, "Open &Database Session...", "", IconName::Database,
      "Open a session that is stored in a database"},
     {Export, "&Export...", "Ctrl+E", IconName::Export, "Write the checked channels to a CSV or text file"},
@@ -175,8 +176,8 @@ void FrameActions::fillMenu(const QString& title, const QList<Command>& commands
 }
 
 void FrameActions::buildMenus() {
-    fillMenu(tr("&File"), {Open, OpenDatabase, kGap, Export, ViewSpreadsheet, kGap, Print,
-                           PrintPreview, kGap, Preferences, FirstRecentFile, kGap, Exit});
+    fillMenu(tr("&File"), {Open, OpenWithLayout, OpenDatabase, kGap, Export, ViewSpreadsheet, kGap,
+                           Print, PrintPreview, kGap, Preferences, FirstRecentFile, kGap, Exit});
     fillMenu(tr("&Edit"),
              {Cut, Copy, CopyWithHeadings, Paste, kGap, SelectAllChannels, DeselectAllChannels,
               kGap, Find, FindNext, FindPrevious, GoTo, kGap, NextDamaged, PreviousDamaged});

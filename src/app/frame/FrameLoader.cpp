@@ -2,6 +2,7 @@
 
 #include "app/dialogs/COptionTreeDlg.h"
 #include "app/frame/CLumasetApp.h"
+#include "app/layout/LayoutMemory.h"
 #include "replay/load/FileLoader.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SettingsStore.h"
@@ -71,8 +72,8 @@ QString FrameLoader::askForFile() {
     return path;
 }
 
-LoadOutcome FrameLoader::load(const QString& path) {
-    return onPage(QFileInfo(path).fileName(), [&] { return read(path); });
+LoadOutcome FrameLoader::load(const QString& path, const std::optional<LayoutWishes>& text) {
+    return onPage(QFileInfo(path).fileName(), [&] { return read(path, text); });
 }
 
 LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOutcome()>& work) {
@@ -86,14 +87,17 @@ LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOut
     return outcome;
 }
 
-LoadOutcome FrameLoader::read(const QString& path) {
+LoadOutcome FrameLoader::read(const QString& path, const std::optional<LayoutWishes>& text) {
     DialogChooser chooser(m_context.window, progress());
     const auto saveFolder = [this] {
         return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
+    const LayoutMemory memory(m_context.app.settings());
     FileLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
                        m_context.messages, progress(), chooser, false, saveFolder,
-                       m_context.openPreferences});
+                       m_context.openPreferences, text.value_or(LayoutWishes()),
+                       [&memory](const TextSample& sample) { return memory.recall(sample); },
+                       text.has_value()});
     return loader.load(QFile::encodeName(path).toStdString());
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "delimited/layout/LayoutWishes.h"
 #include "replay/load/LoadOutcome.h"
 
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -41,13 +43,14 @@ class FrameLoader : public QObject {
     [[nodiscard]] QString askForFile();
 
     /// Loads a file into the grid by its extension. While a load or an export runs nothing happens
-    /// and the outcome is an empty one.
-    LoadOutcome load(const QString& path);
+    /// and the outcome is an empty one. With `text`, even one without wishes, it is delimited text
+    /// of that layout whatever its extension; else text is read as was asked for of its like.
+    LoadOutcome load(const QString& path, const std::optional<LayoutWishes>& text = {});
 
     /// Runs `work`, which fills the store, with the page stopped before and shown after it; the
     /// page gets `name`. Refused as load() is. For `work`, read() loads a file.
     LoadOutcome onPage(const QString& name, const std::function<LoadOutcome()>& work);
-    LoadOutcome read(const QString& path);
+    LoadOutcome read(const QString& path, const std::optional<LayoutWishes>& text = {});
 
     /// The progress window, shared by all long operations of the main window.
     CConnectionStatus& progress();

@@ -30,7 +30,7 @@ class LayoutBuilder {
           m_expected(expected),
           m_settings(settings),
           m_wishes(wishes),
-          m_found(findDialect(sample.head, expected, wishes.separator)),
+          m_found(findDialect(sample.head, expected, wishes.separator, wishes.quote)),
           m_head(*m_found.records),
           m_tail(sample.tail, m_head.dialect()),
           m_table(m_found.table) {}

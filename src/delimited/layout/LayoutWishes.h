@@ -12,6 +12,7 @@ namespace pellam {
 /// columns from 0.
 struct LayoutWishes {
     std::optional<char> separator; ///< Dialect::kBlankRuns for runs of blanks
+    std::optional<char> quote;     ///< '\0': nothing groups a field
     std::optional<char> decimal;
     std::optional<std::int64_t> headingsLine; ///< 0: there are none
     std::optional<std::int64_t> unitsLine;    ///< 0: there is none
@@ -20,9 +21,11 @@ struct LayoutWishes {
     std::string timeFormat;                              ///< name of a TimeForm; empty: found
     std::optional<std::vector<std::string>> missing;     ///< texts that stand for no value
 
+    friend bool operator==(const LayoutWishes&, const LayoutWishes&) = default;
+
     [[nodiscard]] bool any() const {
-        return separator || decimal || headingsLine || unitsLine || dataLine || timeColumns ||
-               !timeFormat.empty() || missing;
+        return separator || quote || decimal || headingsLine || unitsLine || dataLine ||
+               timeColumns || !timeFormat.empty() || missing;
     }
 };
 

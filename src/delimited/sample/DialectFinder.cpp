@@ -50,7 +50,8 @@ Dialect refine(const SampleRecords& records, const SampleTable& table) {
 
 } // namespace
 
-FoundDialect findDialect(std::string_view text, char expected, std::optional<char> wished) {
+FoundDialect findDialect(std::string_view text, char expected, std::optional<char> wished,
+                         std::optional<char> quote) {
     const std::optional<char> declared = wished ? wished : declaredSeparator(text);
     FoundDialect best;
     double bestScore = -1;
@@ -75,7 +76,11 @@ FoundDialect findDialect(std::string_view text, char expected, std::optional<cha
         best.records = std::make_unique<SampleRecords>(text, dialect);
         best.table = findTable(*best.records);
     }
-    const Dialect refined = refine(*best.records, best.table);
+    Dialect refined = refine(*best.records, best.table);
+    if (quote) {
+        if (refined.escape == refined.quote) refined.escape = *quote;
+        refined.quote = *quote;
+    }
     if (refined != best.records->dialect()) {
         best.records = std::make_unique<SampleRecords>(text, refined);
         best.table = findTable(*best.records);

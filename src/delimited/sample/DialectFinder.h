@@ -20,8 +20,9 @@ struct FoundDialect {
 /// Tries the separators that occur. The one whose table holds the most readings is the file's (a
 /// score of the pattern times one of the types: G. van den Burg, A. Nazabal and C. Sutton,
 /// "Wrangling messy CSV files by detecting row and type patterns", 2019). `expected` wins a draw.
-/// `wished` leaves no choice. `text` outlives the result.
+/// `wished` and `quote` leave no choice. `text` outlives the result.
 [[nodiscard]] FoundDialect findDialect(std::string_view text, char expected,
-                                       std::optional<char> wished = {});
+                                       std::optional<char> wished = {},
+                                       std::optional<char> quote = {});
 
 } // namespace pellam

@@ -63,18 +63,26 @@ LoadOutcome FileLoader::route(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
     if (extension == "dbr") return outcome;
-    if (extension == "csv") return loadText(path, m_context.international.listSeparator);
-    if (extension == "txt") return loadText(path, '\t');
+    if (extension == "csv" || extension == "txt" || m_context.asText) return loadText(path);
     if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
 }
 
-LoadOutcome FileLoader::loadText(const std::string& path, char expected) {
-    // What can't be read is told by the loader.
-    Failure failure;
-    const LayoutDetector detector(expected, m_context.international);
-    return DelimitedLoader(m_context, detector.detect(path, failure, m_context.wishes))
-        .ReadDelimFile(path);
+LoadOutcome FileLoader::loadText(const std::string& path) {
+    TextSample sample;
+    (void)sample.read(path); // what can't be read is told by the loader
+    LayoutWishes wishes = m_context.wishes;
+    if (!wishes.any() && m_context.recallWishes) wishes = m_context.recallWishes(sample);
+    const LayoutDetector detector(separatorFor(path, m_context.international),
+                                  m_context.international);
+    LoadOutcome outcome =
+        DelimitedLoader(m_context, detector.detect(sample, wishes)).ReadDelimFile(path);
+    outcome.wishes = std::move(wishes);
+    return outcome;
+}
+
+char FileLoader::separatorFor(const std::string& path, const InternationalSettings& international) {
+    return extensionOf(path) == "txt" ? '\t' : international.listSeparator;
 }
 
 std::string FileLoader::extensionOf(const std::string& path) {

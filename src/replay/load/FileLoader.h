@@ -4,6 +4,7 @@
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
 #include "delimited/layout/LayoutWishes.h"
+#include "delimited/sample/TextSample.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"
@@ -28,6 +29,10 @@ struct LoadContext {
     /// Lets the person set that folder; absent where nobody can be asked.
     std::function<void()> askSaveFolder = {};
     LayoutWishes wishes = {}; ///< of the layout of delimited text
+    /// What was asked for earlier of files such as this one; absent where nothing is remembered.
+    /// Counts where `wishes` are none.
+    std::function<LayoutWishes(const TextSample&)> recallWishes = {};
+    bool asText = false; ///< the file is delimited text, whatever its name
 };
 
 /// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,
@@ -44,9 +49,12 @@ class FileLoader {
     /// separator; empty when there is none.
     static std::string extensionOf(const std::string& path);
 
+    /// The separator that a text file of this name has, if nothing tells another.
+    static char separatorFor(const std::string& path, const InternationalSettings& international);
+
   private:
     LoadOutcome route(const std::string& path);
-    LoadOutcome loadText(const std::string& path, char expected);
+    LoadOutcome loadText(const std::string& path);
 
     LoadContext m_context;
 };

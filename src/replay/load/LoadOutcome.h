@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Failure.h"
+#include "delimited/layout/LayoutWishes.h"
 #include "delimited/layout/TextLayout.h"
 #include "replay/load/PassedOver.h"
 
@@ -27,7 +28,8 @@ struct LoadOutcome {
     std::string firstTime;
     std::string lastTime; ///< the same of the last row
 
-    TextLayout layout; ///< how delimited text is laid out
+    TextLayout layout;   ///< how delimited text is laid out
+    LayoutWishes wishes; ///< what was asked for of it, now or earlier
     PassedOver passedOver;
 
     // Header facts of a replay file; defaults for every other kind.

@@ -1,6 +1,7 @@
 #include "views/grid/CGridView.h"
 
 #include "drop/CMyDropTarget.h"
+#include "ui/dialogs/NoticeBar.h"
 #include "views/grid/FindBar.h"
 #include "views/grid/GoToDialog.h"
 #include "views/grid/GridClipboard.h"
@@ -26,20 +27,25 @@ CGridView::CGridView(GridData& grid, const InternationalSettings& settings, QWid
       m_cug(new MyCug(*m_model, this)),
       m_statistics(new SelectionStatistics(grid, this)),
       m_finder(new GridFinder(grid, settings, this)),
+      m_note(new NoticeBar(tr("Chan&ge..."), this)),
       m_findBar(new FindBar(this)),
       m_blank(new QWidget(this)),
       m_dropTarget(new CMyDropTarget(this)) {
     auto* box = new QVBoxLayout(this);
     box->setContentsMargins(0, 0, 0, 0);
     box->setSpacing(0);
+    box->addWidget(m_note);
     box->addWidget(m_cug, 1);
     box->addWidget(m_findBar);
+    m_note->hide();
     m_findBar->hide();
     m_blank->hide();
     m_blank->setAutoFillBackground(true);
     m_blank->setBackgroundRole(QPalette::Base);
     m_cug->setFrameShape(QFrame::NoFrame);
     setFocusProxy(m_cug);
+    connect(m_note, &NoticeBar::chosen, this, &CGridView::noteChosen);
+    connect(m_note, &NoticeBar::dismissed, m_cug, [this] { m_cug->setFocus(); });
     connectGrid();
     connectSearch();
 }
@@ -101,6 +107,7 @@ QUndoStack& CGridView::undoStack() const {
 void CGridView::beginLoad() {
     m_finder->stop();
     m_statistics->stop();
+    m_note->hide();
     m_blank->setGeometry(m_cug->geometry());
     m_blank->raise();
     m_blank->show();
@@ -119,6 +126,10 @@ void CGridView::endLoad(bool largeFile, bool protect) {
     m_cug->scrollToTop();
     m_cug->setUpdatesEnabled(true);
     m_blank->hide();
+}
+
+void CGridView::showNote(const QString& text) {
+    text.isEmpty() ? m_note->hide() : m_note->open(text);
 }
 
 void CGridView::refresh() {

@@ -17,11 +17,12 @@ class FindBar;
 class GridFinder;
 class GridModel;
 class MyCug;
+class NoticeBar;
 class ProgressSink;
 class SelectionStatistics;
 struct InternationalSettings;
 
-/// The "Grid" page: the data as a spreadsheet, with the find bar below it.
+/// The "Grid" page: the data as a spreadsheet, with a note on it above and the find bar below.
 class CGridView : public QWidget {
     Q_OBJECT
   public:
@@ -47,6 +48,10 @@ class CGridView : public QWidget {
 
     /// Call when the store has changed behind the page's back (axis numbers, check boxes, mark).
     void refresh();
+
+    /// Shows a note above the grid, with a button "Change...", until it is closed or the next load
+    /// begins; an empty one shows none.
+    void showNote(const QString& text);
 
     /// Name that printed pages carry at the foot.
     void setFileName(const QString& name) { m_fileName = name; }
@@ -89,6 +94,8 @@ class CGridView : public QWidget {
     void changedMark(bool changed);
     /// The current cell is in another data row, counted from 1; 0 on the axis row.
     void currentRowChanged(qint64 row);
+    /// The button of the note above the grid was pressed.
+    void noteChosen();
     /// A short remark for the status bar, such as that a search went on from the top.
     void notice(const QString& text);
 
@@ -106,6 +113,7 @@ class CGridView : public QWidget {
     MyCug* m_cug;
     SelectionStatistics* m_statistics;
     GridFinder* m_finder;
+    NoticeBar* m_note;
     FindBar* m_findBar;
     QWidget*
         m_blank; ///< covers the grid while its old cells are gone and the new ones not yet there

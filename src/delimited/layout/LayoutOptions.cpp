@@ -1,8 +1,9 @@
-#include "app/batch/LayoutOptions.h"
+#include "delimited/layout/LayoutOptions.h"
 
 #include "delimited/layout/LayoutText.h"
 #include "times/TimeForm.h"
 
+#include <array>
 #include <charconv>
 
 namespace pellam {
@@ -31,8 +32,23 @@ std::string takeLine(std::string_view value, std::int64_t least,
 std::string_view takeItem(std::string_view& list) {
     const std::string_view item = list.substr(0, list.find(','));
     list.remove_prefix(item.size() < list.size() ? item.size() + 1 : list.size());
-    return item;
+    const std::size_t first = item.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return item.substr(first, item.find_last_not_of(' ') + 1 - first);
 }
+
+using Take = std::string (*)(std::string_view value, LayoutWishes& wishes);
+
+constexpr std::array<std::pair<std::string_view, Take>, 9> kTakes = {
+    {{"separator", LayoutOptions::separator},
+     {"quote", LayoutOptions::quote},
+     {"decimal", LayoutOptions::decimal},
+     {"headings-line", LayoutOptions::headingsLine},
+     {"units-line", LayoutOptions::unitsLine},
+     {"data-line", LayoutOptions::dataLine},
+     {"time-columns", LayoutOptions::timeColumns},
+     {"time-format", LayoutOptions::timeFormat},
+     {"missing", LayoutOptions::missing}}};
 
 } // namespace
 
@@ -86,6 +102,54 @@ std::string LayoutOptions::missing(std::string_view value, LayoutWishes& wishes)
         if (!text.empty()) texts.emplace_back(text);
     }
     return {};
+}
+
+std::string LayoutOptions::quote(std::string_view value, LayoutWishes& wishes) {
+    const bool none = value == "none";
+    if (!none && value != "\"" && value != "'") return "needs \", ' or none";
+    wishes.quote = none ? '\0' : value[0];
+    return {};
+}
+
+std::vector<std::pair<std::string, std::string>> LayoutOptions::listOf(const LayoutWishes& wishes) {
+    std::vector<std::pair<std::string, std::string>> list;
+    if (wishes.separator) list.emplace_back("separator", separatorName(*wishes.separator));
+    if (wishes.quote)
+        list.emplace_back("quote", *wishes.quote ? std::string(1, *wishes.quote) : "none");
+    if (wishes.decimal) list.emplace_back("decimal", std::string(1, *wishes.decimal));
+    if (wishes.headingsLine)
+        list.emplace_back("headings-line", std::to_string(*wishes.headingsLine));
+    if (wishes.unitsLine) list.emplace_back("units-line", std::to_string(*wishes.unitsLine));
+    if (wishes.dataLine) list.emplace_back("data-line", std::to_string(*wishes.dataLine));
+    if (wishes.timeColumns) list.emplace_back("time-columns", columnsText(*wishes.timeColumns));
+    if (!wishes.timeFormat.empty()) list.emplace_back("time-format", wishes.timeFormat);
+    if (wishes.missing) list.emplace_back("missing", textsText(*wishes.missing));
+    return list;
+}
+
+bool LayoutOptions::take(std::string_view name, std::string_view value, LayoutWishes& wishes) {
+    for (const auto& [option, function] : kTakes) {
+        if (option != name) continue;
+        LayoutWishes changed = wishes;
+        if (!function(value, changed).empty()) return false;
+        wishes = std::move(changed);
+        return true;
+    }
+    return false;
+}
+
+std::string LayoutOptions::columnsText(const std::vector<std::size_t>& columns) {
+    std::string text;
+    for (const std::size_t column : columns)
+        text += (text.empty() ? "" : ", ") + std::to_string(column + 1);
+    return text.empty() ? "none" : text;
+}
+
+std::string LayoutOptions::textsText(const std::vector<std::string>& texts) {
+    std::string list;
+    for (const std::string& text : texts)
+        list += (list.empty() ? "" : ", ") + text;
+    return list;
 }
 
 } // namespace pellam
