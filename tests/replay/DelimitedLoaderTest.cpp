@@ -143,6 +143,15 @@ TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
     EXPECT_EQ(grid->columnCount(), GridData::kMinimumColumns);
 }
 
+TEST_F(DelimitedLoaderTest, UnitsInEveryFormGroupTheAxes) {
+    load("a.csv", "Time,A (m/s),B [m/s],\"C, m/s\",\"D, m/s (S/N: 1)\",\"E, raw\",F,G (x) [m/s],H\n"
+                  "2008/02/25 11:00:00,1,2,3,4,5,6,7,8\n");
+    std::string axes;
+    for (int c = 1; c <= 7; ++c)
+        axes += std::to_string(grid->column(c).axis());
+    EXPECT_EQ(axes, "1111221");
+}
+
 TEST_F(DelimitedLoaderTest, AnAbortedLoadKeepsWhatCameBefore) {
     std::string bytes = "Time,A\n";
     for (int i = 0; i < 5000; ++i)

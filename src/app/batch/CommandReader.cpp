@@ -170,9 +170,9 @@ void CommandReader::takeSize() {
     }
 }
 
-void CommandReader::takeLayout(std::string (*read)(std::string_view, LayoutWishes&)) {
+void CommandReader::takeLayout(std::string (*put)(std::string_view, LayoutWishes&)) {
     if (!isFirst()) return;
-    const std::string why = read(m_value, m_line.layout);
+    const std::string why = put(m_value, m_line.layout);
     if (!why.empty()) fail(m_name, why);
 }
 

@@ -34,7 +34,7 @@ class CommandReader {
     /// The size of the chart.
     void takeSize();
     /// Something of a text's layout.
-    void takeLayout(std::string (*read)(std::string_view, LayoutWishes&));
+    void takeLayout(std::string (*put)(std::string_view, LayoutWishes&));
 
   private:
     [[nodiscard]] bool finished() const;

@@ -200,6 +200,9 @@ class LayoutBuilder {
             time.columns = {0};
         }
         m_layout.timeColumns = time.columns;
+        // Wished columns may lie behind those that the sample has.
+        for (const std::size_t column : time.columns)
+            m_layout.columns = std::max(m_layout.columns, column + 1);
         m_layout.timeForm = time.form;
         m_layout.timeParts = time.parts;
         m_layout.paddedPart = time.padded;

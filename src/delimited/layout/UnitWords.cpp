@@ -96,6 +96,11 @@ bool isUnitText(std::string_view field) {
 }
 
 bool isStatisticText(std::string_view field) {
+    // "15s", "20d": how wide a column is and what it holds.
+    if (field.size() >= 2 && field.size() <= 4 &&
+        field.find_first_not_of("0123456789") == field.size() - 1 &&
+        std::string_view("sdn").find(field.back()) != std::string_view::npos)
+        return true;
     const std::string lower = lowered(field);
     return std::find(kStatistics.begin(), kStatistics.end(), lower) != kStatistics.end();
 }

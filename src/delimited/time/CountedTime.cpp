@@ -12,6 +12,10 @@ namespace {
 constexpr std::size_t kUnnamed = 4;         ///< columns of numbers that are tried without a name
 constexpr std::size_t kElapsedColumns = 60; ///< columns in which elapsed time is looked for
 
+/// Years that whole numbers may be, in a column that is named so.
+constexpr double kFirstYear = 1500;
+constexpr double kLastYear = 2200;
+
 bool isShortUnit(std::string_view unit) {
     return unit == "s" || unit == "ms" || unit == "us" || unit == "ns";
 }
@@ -34,6 +38,9 @@ void addNumbers(TimeCandidates& candidates) {
         if (!named && !year && ++unnamed > kUnnamed) continue;
         if (namesCount(rows.name(column)) && !named) continue;
         const TimeFinding finding = candidates.find(rows.texts({column}));
+        const auto [least, most] = rows.range(column);
+        if (year && least >= kFirstYear && most <= kLastYear && rows.rises(column))
+            candidates.add(timeOf(column, *TimeForm::parse("decimal-year"), false), 0.1);
         if (!finding.convincing()) continue;
         const auto kind = finding.form.kind();
         if (kind == TimeForm::Kind::Epoch || kind == TimeForm::Kind::Calendar) {

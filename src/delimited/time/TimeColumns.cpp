@@ -78,7 +78,11 @@ class TimeSearch {
         const std::size_t clock = date + 1;
         if (m_rows.kind(clock) != FieldKind::Number) return;
         const auto [least, most] = m_rows.range(clock);
-        if (!(least >= 0) || most > 2400) return;
+        if (!(least >= 0)) return;
+        if (most > 2400) {
+            if (m_rows.isDigits(clock, 6)) addPair(date, form, " HHmmss", true, -1);
+            return;
+        }
         const std::string_view name = m_rows.name(clock);
         const TimePart part = timePartOf(name);
         if (most <= 24) {

@@ -77,6 +77,14 @@ bool TimeRows::minutesFit(std::size_t column) const {
     });
 }
 
+bool TimeRows::isDigits(std::size_t column, std::size_t digits) const {
+    return std::all_of(m_rows.begin(), m_rows.end(), [&](const auto& row) {
+        const std::string_view text = textAt(row, column);
+        return text.size() == digits &&
+               text.find_first_not_of("0123456789") == std::string_view::npos;
+    });
+}
+
 bool TimeRows::isPointClock(std::size_t column) const {
     return std::all_of(m_rows.begin(), m_rows.end(), [&](const auto& row) {
         const std::string_view text = textAt(row, column);

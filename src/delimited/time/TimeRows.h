@@ -51,6 +51,9 @@ class TimeRows {
     /// Whether a column's last two digits may be minutes.
     [[nodiscard]] bool minutesFit(std::size_t column) const;
 
+    /// Whether a column is of texts of so many digits.
+    [[nodiscard]] bool isDigits(std::size_t column, std::size_t digits) const;
+
     /// Whether a column is of times of day such as "18.00.00".
     [[nodiscard]] bool isPointClock(std::size_t column) const;
 
