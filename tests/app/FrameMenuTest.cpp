@@ -20,7 +20,7 @@ TEST_F(FrameMenuTest, HasEveryItemWithItsKeyAndNumber) {
     }
     EXPECT_EQ(lines.join(u'\n').toStdString(), R"(&File
   &Open... | Ctrl+O | 32771
-  Open With &Layout... |  | 33010
+  Open With &Layout... |  | 33026
   Open &Database Session... |  | 109
   --
   &Export... | Ctrl+E | 32772

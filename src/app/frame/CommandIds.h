@@ -47,7 +47,7 @@ enum class Command : int {
     NextPage = 33007,
     PreviousPage = 33008,
     StripChart = 33009,
-    OpenWithLayout = 33010,
+    OpenWithLayout = 33026,
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
 
