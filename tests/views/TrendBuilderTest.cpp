@@ -93,11 +93,12 @@ TEST(TrendBuilder, ChannelsWithTimesOfTheirOwnKeepTheirPoints) {
 TEST(TrendBuilder, TakesSelectedChannelsAloneInColumnOrder) {
     const ZoneScope zone("UTC");
     GridData grid;
-    fillCharted(grid, "Time|A@2|B@3|C@4\n2024/01/01 00:01:00|1|2|3\n");
+    fillCharted(grid, "Time|A (in) (l/s)@2|B@3|C@4\n2024/01/01 00:01:00|1|2|3\n");
     grid.column(2).setCharted(false);
     ASSERT_TRUE(grid.moveColumn(3, 1));
     const TrendTable table = tableOf(grid);
-    EXPECT_EQ(pointsOf(table), "C=1:3 [0 0 0]\nA=1:1 [0 0 0]\n");
+    EXPECT_EQ(pointsOf(table), "C=1:3 [0 0 0]\nA (in) =1:1 [0 0 0]\n");
+    EXPECT_EQ(table.curves[1].units, "l/s");
     EXPECT_EQ(table.curves[0].axis, 4);
     EXPECT_EQ(table.curves[1].column, 2);
 }

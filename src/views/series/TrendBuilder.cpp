@@ -3,6 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/LargePages.h"
 #include "base/ProgressSink.h"
+#include "grid/ChannelLabel.h"
 #include "grid/DecimalCell.h"
 
 #include <algorithm>
@@ -15,18 +16,6 @@ constexpr Row kBlock = Column::kChunkRows;
 constexpr Row kReportRows = 50;
 
 } // namespace
-
-std::string_view curveText(std::string_view label) {
-    return label.substr(0, label.find('('));
-}
-
-std::string_view unitsText(std::string_view label) {
-    const std::size_t open = label.find('(');
-    const std::size_t close = label.find(')');
-    if (open == std::string_view::npos || close == std::string_view::npos || close <= open + 1)
-        return {};
-    return label.substr(open + 1, close - open - 1);
-}
 
 TrendBuilder::TrendBuilder(const GridData& grid, const InternationalSettings& settings,
                            ProgressSink& progress)
@@ -51,8 +40,9 @@ void TrendBuilder::chooseCurves() {
         TrendTable::Curve& curve = m_table.curves.emplace_back();
         curve.column = i;
         curve.axis = column.axis();
-        curve.text = curveText(column.label());
-        curve.units = unitsText(column.label());
+        const ChannelLabel label(column.label());
+        curve.text = label.name;
+        curve.units = label.units;
     }
 }
 

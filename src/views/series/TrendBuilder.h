@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace pellam {
@@ -32,11 +31,6 @@ struct TrendTable {
     std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
     bool aborted = false;             ///< stopped by the person: later rows are missing
 };
-
-/// A channel's name: its label up to the first '('.
-std::string_view curveText(std::string_view label);
-/// The text between the first '(' and the first ')'; empty when there is none.
-std::string_view unitsText(std::string_view label);
 
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
 /// a sentinel or no number, or when its time is not later than that of the curve's value before.
