@@ -6,6 +6,7 @@
 #include "drop/CMyDropTarget.h"
 #include "replay/time/CMyTime.h"
 #include "trend/control/CTrend.h"
+#include "ui/commands/CommandSet.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/ChartClipboard.h"
@@ -13,7 +14,6 @@
 #include "views/chart/StripLayout.h"
 #include "views/chart/TrendSetUp.h"
 #include "views/series/TrendBuilder.h"
-#include "views/sheet/GridModel.h"
 #include "views/text/ScreenText.h"
 
 #include <QFileDialog>
@@ -53,6 +53,7 @@ CTrendView::CTrendView(const Context& context, QWidget* parent)
       m_dropTarget(new CMyDropTarget(this)) {
     OnInitialUpdate();
     connectTrend();
+    addFontCommands();
 }
 
 CTrendView::~CTrendView() = default;
@@ -101,7 +102,7 @@ void CTrendView::ResetView() {
 void CTrendView::rebuild() {
     if (m_rebuilding) return;
     const QScopedValueRollback busy(m_rebuilding, true);
-    m_context.grid.setChanged(false);
+    m_context.clearMark();
     m_message->clear();
     ResetView();
     const UpdateLock lock(*m_trend);
@@ -159,12 +160,8 @@ QString CTrendView::message() const {
     return hasChart() ? QString() : m_message->text();
 }
 
-bool CTrendView::selectionZoom() const {
-    return m_trend->GetLassoZoom() != 0;
-}
-
 void CTrendView::OnViewZoom() {
-    m_trend->SetLassoZoom(selectionZoom() ? 0 : 1);
+    m_trend->SetLassoZoom(m_trend->GetLassoZoom() != 0 ? 0 : 1);
     Q_EMIT stateChanged();
 }
 
@@ -174,6 +171,27 @@ bool CTrendView::canIncreaseFont() const {
 
 bool CTrendView::canDecreaseFont() const {
     return m_trend->GetFontScaleFactor() > 0.1;
+}
+
+CommandSet& CTrendView::commands() const {
+    return m_trend->actions();
+}
+
+void CTrendView::addFontCommands() {
+    commands().add({.command = Command::IncreaseFont,
+                    .text = "&Increase Font Size",
+                    .keys = "Ctrl++; Ctrl+=",
+                    .tip = "Make the chart's texts larger",
+                    .icon = IconName::IncreaseFont,
+                    .run = [this] { OnViewIncreasefontsize(); },
+                    .enabled = [this] { return canIncreaseFont(); }});
+    commands().add({.command = Command::DecreaseFont,
+                    .text = "&Decrease Font Size",
+                    .keys = "Ctrl+-",
+                    .tip = "Make the chart's texts smaller",
+                    .icon = IconName::DecreaseFont,
+                    .run = [this] { OnViewDecreasefontsize(); },
+                    .enabled = [this] { return canDecreaseFont(); }});
 }
 
 void CTrendView::changeFont(double step) {
