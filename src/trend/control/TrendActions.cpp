@@ -12,147 +12,98 @@ namespace pellam {
 
 namespace {
 
-constexpr auto kByControl = CommandSpec::Keys::Control;
+using enum Command;
+using enum CommandSpec::Keys;
 
 void addZooming(CommandSet& commands, CTrend& trend) {
-    commands.add({.command = Command::SelectionZoom,
-                  .text = "Selection &Zoom",
-                  .keys = "F6",
-                  .tip = "Zoom into a part of the chart by drawing a frame around it",
-                  .icon = IconName::SelectionZoomOff,
-                  .checkedIcon = IconName::SelectionZoomOn,
-                  .run = [&trend] { trend.SetLassoZoom(trend.GetLassoZoom() == 0 ? 1 : 0); },
-                  .checked = [&trend] { return trend.GetLassoZoom() != 0; }});
-    commands.add({.command = Command::ZoomBack,
-                  .text = "Zoom &Back",
-                  .keys = "Backspace",
-                  .tip = "Show what was shown before the last zooming or moving",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.zoomBack(); },
-                  .enabled = [&trend] { return trend.canZoomBack(); }});
-    commands.add({.command = Command::ZoomForward,
-                  .text = "Zoom &Forward",
-                  .keys = "Shift+Backspace",
-                  .tip = "Take the last zooming back again",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.zoomForward(); },
-                  .enabled = [&trend] { return trend.canZoomForward(); }});
     commands.add(
-        {.command = Command::ShowEverything,
-         .text = "Show &Everything",
-         .keys = "Home",
-         .tip = "Show all times and values",
-         .readBy = kByControl,
-         .run = [&trend] { trend.zoomAll(); },
-         .enabled =
-             [&trend] { return TrendRanges::of(trend.chart().state) != trend.homeRanges(); }});
+        {SelectionZoom, "Selection &Zoom", "F6",
+         "Zoom into a part of the chart by drawing a frame around it", IconName::SelectionZoomOff,
+         ByWindow, IconName::SelectionZoomOn},
+        [&trend] { trend.SetLassoZoom(trend.GetLassoZoom() == 0 ? 1 : 0); }, {},
+        [&trend] { return trend.GetLassoZoom() != 0; });
+    commands.add(
+        readByControl(ZoomBack, "Zoom &Back", "Backspace",
+                      "Show what was shown before the last zooming or moving"),
+        [&trend] { trend.zoomBack(); }, [&trend] { return trend.canZoomBack(); });
+    commands.add(
+        readByControl(ZoomForward, "Zoom &Forward", "Shift+Backspace",
+                      "Take the last zooming back again"),
+        [&trend] { trend.zoomForward(); }, [&trend] { return trend.canZoomForward(); });
+    commands.add(
+        readByControl(ShowEverything, "Show &Everything", "Home", "Show all times and values"),
+        [&trend] { trend.zoomAll(); },
+        [&trend] { return TrendRanges::of(trend.chart().state) != trend.homeRanges(); });
 }
 
 void addMarks(CommandSet& commands, CTrend& trend) {
     const auto drawn = [&trend] { return !trend.scene().reading().drawnCurves().empty(); };
     const auto measuring = [&trend] { return trend.scene().marks.measuring(); };
-    commands.add({.command = Command::Crosshair,
-                  .text = "Cross&hair",
-                  .keys = "C",
-                  .tip = "Let the crosshair follow the pointer",
-                  .readBy = kByControl,
-                  .run =
-                      [&trend] {
-                          auto& chart = trend.commands();
-                          chart.setCrosshairFollows(!chart.crosshairFollows());
-                      },
-                  .checked = [&trend] { return trend.commands().crosshairFollows(); }});
-    commands.add({.command = Command::CursorA,
-                  .text = "&Set Cursor A",
-                  .keys = "A",
-                  .tip = "Put the first measuring cursor at the crosshair",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.commands().setCursor(0, trend.menuTime()); },
-                  .enabled = drawn});
-    commands.add({.command = Command::CursorB,
-                  .text = "Set C&ursor B",
-                  .keys = "B",
-                  .tip = "Put the second measuring cursor at the crosshair",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.commands().setCursor(1, trend.menuTime()); },
-                  .enabled = drawn});
-    commands.add({.command = Command::RemoveCursor,
-                  .text = "Remove Cursor",
-                  .keys = "Del",
-                  .tip = "Take the measuring cursor off that was set or moved last",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.commands().removeCursor(); },
-                  .enabled = measuring});
-    commands.add({.command = Command::RemoveCursors,
-                  .text = "&Remove Cursors",
-                  .keys = "Shift+Del",
-                  .tip = "Take both measuring cursors off",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.commands().removeCursors(); },
-                  .enabled = measuring});
+    commands.add(
+        readByControl(Crosshair, "Cross&hair", "C", "Let the crosshair follow the pointer"),
+        [&trend] {
+            auto& chart = trend.commands();
+            chart.setCrosshairFollows(!chart.crosshairFollows());
+        },
+        {}, [&trend] { return trend.commands().crosshairFollows(); });
+    commands.add(
+        readByControl(CursorA, "&Set Cursor A", "A",
+                      "Put the first measuring cursor at the crosshair"),
+        [&trend] { trend.commands().setCursor(0, trend.menuTime()); }, drawn);
+    commands.add(
+        readByControl(CursorB, "Set C&ursor B", "B",
+                      "Put the second measuring cursor at the crosshair"),
+        [&trend] { trend.commands().setCursor(1, trend.menuTime()); }, drawn);
+    commands.add(
+        readByControl(RemoveCursor, "Remove Cursor", "Del",
+                      "Take the measuring cursor off that was set or moved last"),
+        [&trend] { trend.commands().removeCursor(); }, measuring);
+    commands.add(
+        readByControl(RemoveCursors, "&Remove Cursors", "Shift+Del",
+                      "Take both measuring cursors off"),
+        [&trend] { trend.commands().removeCursors(); }, measuring);
 }
 
 void addDisplay(CommandSet& commands, CTrend& trend) {
-    commands.add({.command = Command::StripChart,
-                  .text = "S&trip Chart",
-                  .keys = "F7",
-                  .tip = "Give every axis a strip of its own",
-                  .icon = IconName::StripChart,
-                  .run = [&trend] { Q_EMIT trend.stripChartRequested(); },
-                  .enabled = [&trend] { return trend.chart().enabledScales() > 1; },
-                  .checked = [&trend] { return trend.chart().isStrip(); }});
-    commands.add({.command = Command::BreakGaps,
-                  .text = "Break &Lines at Gaps",
-                  .keys = "G",
-                  .tip = "Draw no line where values are missing",
-                  .readBy = kByControl,
-                  .run = [&trend] { trend.setBreakGaps(!trend.chart().state.breakGaps); },
-                  .checked = [&trend] { return trend.chart().state.breakGaps; }});
+    commands.add(
+        {StripChart, "S&trip Chart", "F7", "Give every axis a strip of its own",
+         IconName::StripChart},
+        [&trend] { Q_EMIT trend.stripChartRequested(); },
+        [&trend] { return trend.chart().enabledScales() > 1; },
+        [&trend] { return trend.chart().isStrip(); });
+    commands.add(
+        readByControl(BreakGaps, "Break &Lines at Gaps", "G",
+                      "Draw no line where values are missing"),
+        [&trend] { trend.setBreakGaps(!trend.chart().state.breakGaps); }, {},
+        [&trend] { return trend.chart().state.breakGaps; });
     static constexpr const char* kAxes[] = {"Y Axis &1...", "Y Axis &2...", "Y Axis &3...",
                                             "Y Axis &4...", "Y Axis &5...", "Y Axis &6..."};
     static constexpr const char* kAxisKeys[] = {"1", "2", "3", "4", "5", "6"};
     for (int axis = 1; axis <= trendScaleCount; ++axis) {
-        commands.add({.command = yAxisCommand(axis),
-                      .text = kAxes[axis - 1],
-                      .keys = kAxisKeys[axis - 1],
-                      .tip = "Edit the range and scaling of this axis",
-                      .readBy = kByControl,
-                      .run = [&trend, axis] { trend.commands().editScale(axis); },
-                      .enabled =
-                          [&trend, axis] {
-                              const TrendScale* scale = trend.chart().scale(axis);
-                              return scale && scale->enabled && scale->userDialogEnabled;
-                          }});
+        commands.add(
+            readByControl(yAxisCommand(axis), kAxes[axis - 1], kAxisKeys[axis - 1],
+                          "Edit the range and scaling of this axis"),
+            [&trend, axis] { trend.commands().editScale(axis); },
+            [&trend, axis] {
+                const TrendScale* scale = trend.chart().scale(axis);
+                return scale && scale->enabled && scale->userDialogEnabled;
+            });
     }
 }
 
 // What the owner does.
 void addRequests(CommandSet& commands, CTrend& trend) {
-    commands.add({.command = Command::EditAxis,
-                  .text = "Edit A&xis...",
-                  .keys = "Ctrl+Shift+X",
-                  .tip = "Edit the titles and ranges of the axes",
-                  .icon = IconName::EditAxes,
-                  .run = [&trend] { Q_EMIT trend.editAxisRequested(); }});
-    commands.add({.command = Command::AutoScale,
-                  .text = "&Auto Scale",
-                  .keys = "F5",
-                  .tip = "Fit the axes to the data",
-                  .icon = IconName::AutoScale,
-                  .run = [&trend] { Q_EMIT trend.autoScaleRequested(); }});
-    commands.add({.command = Command::Copy,
-                  .text = "&Copy",
-                  .keys = "Ctrl+C",
-                  .tip = "Copy the chart as a picture",
-                  .icon = IconName::Copy,
-                  .readBy = kByControl,
-                  .run = [&trend] { Q_EMIT trend.copyRequested(); }});
-    commands.add({.command = Command::ExportImage,
-                  .text = "Export &Image...",
-                  .keys = "I",
-                  .tip = "Write the chart to a PNG, SVG or PDF file",
-                  .readBy = kByControl,
-                  .run = [&trend] { Q_EMIT trend.exportImageRequested(); }});
+    commands.add({EditAxis, "Edit A&xis...", "Ctrl+Shift+X",
+                  "Edit the titles and ranges of the axes", IconName::EditAxes},
+                 [&trend] { Q_EMIT trend.editAxisRequested(); });
+    commands.add({AutoScale, "&Auto Scale", "F5", "Fit the axes to the data", IconName::AutoScale},
+                 [&trend] { Q_EMIT trend.autoScaleRequested(); });
+    commands.add(
+        {Copy, "&Copy", "Ctrl+C", "Copy the chart as a picture", IconName::Copy, ByControl},
+        [&trend] { Q_EMIT trend.copyRequested(); });
+    commands.add(readByControl(ExportImage, "Export &Image...", "I",
+                               "Write the chart to a PNG, SVG or PDF file"),
+                 [&trend] { Q_EMIT trend.exportImageRequested(); });
 }
 
 } // namespace

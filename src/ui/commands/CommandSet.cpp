@@ -31,10 +31,11 @@ QKeyCombination combinationOf(const QKeyEvent& event) {
 
 CommandSet::CommandSet(QObject* parent) : QObject(parent) {}
 
-QAction* CommandSet::add(CommandSpec spec) {
+QAction* CommandSet::add(const CommandSpec& spec, std::function<void()> run, Rule enabled,
+                         Rule checked) {
     const auto keys = QKeySequence::listFromString(QString::fromLatin1(spec.keys));
     QString text = translated(spec.text);
-    const bool byWindow = spec.readBy == CommandSpec::Keys::Window;
+    const bool byWindow = spec.readBy == CommandSpec::Keys::ByWindow;
     // As a text it is only shown.
     if (!byWindow && !keys.isEmpty())
         text += u'\t' + keys.front().toString(QKeySequence::NativeText);
@@ -44,14 +45,14 @@ QAction* CommandSet::add(CommandSpec spec) {
     action->setStatusTip(translated(spec.tip));
     action->setMenuRole(QAction::NoRole);
     if (spec.icon) action->setIcon(IconSet::icon(*spec.icon));
-    action->setCheckable(spec.checked != nullptr);
+    action->setCheckable(checked != nullptr);
     // Where an icon stands no check mark can.
-    if (spec.checked) action->setIconVisibleInMenu(false);
-    connect(action, &QAction::triggered, this, [this, run = spec.run] {
+    if (checked) action->setIconVisibleInMenu(false);
+    connect(action, &QAction::triggered, this, [this, run = std::move(run)] {
         run();
         refresh();
     });
-    m_entries.push_back({std::move(spec), action, keys, false});
+    m_entries.push_back({spec, std::move(enabled), std::move(checked), action, keys, false});
     return action;
 }
 
@@ -85,10 +86,6 @@ QList<QAction*> CommandSet::actions() const {
     return actions;
 }
 
-QList<QKeySequence> CommandSet::keys(Command command) const {
-    return find(command)->keys;
-}
-
 void CommandSet::addTo(QMenu& menu, std::initializer_list<Command> commands) const {
     for (const Command command : commands)
         command == kSeparator ? (void)menu.addSeparator() : menu.addAction(action(command));
@@ -106,9 +103,9 @@ void CommandSet::refresh() {
 
 void CommandSet::refresh(Entry& entry) {
     const CommandSpec& spec = entry.spec;
-    entry.action->setEnabled(m_active && (!spec.enabled || spec.enabled()));
-    if (!spec.checked) return;
-    const bool checked = spec.checked();
+    entry.action->setEnabled(m_active && (!entry.enabled || entry.enabled()));
+    if (!entry.checked) return;
+    const bool checked = entry.checked();
     entry.action->setChecked(checked);
     if (std::exchange(entry.checkedShown, checked) == checked || !spec.checkedIcon) return;
     entry.action->setIcon(IconSet::icon(checked ? *spec.checkedIcon : *spec.icon));

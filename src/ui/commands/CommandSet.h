@@ -20,23 +20,26 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
-/// A command: what it is called, by which keys it is given, when, and what it does.
+/// What a command is called, and by which keys it is given.
 struct CommandSpec {
     /// Who reads the keys: the window, wherever the focus is in it, or the control that has the
     /// focus, through CommandSet::press().
-    enum class Keys { Window, Control };
+    enum class Keys { ByWindow, ByControl };
 
     Command command = {};
     const char* text = "";
     const char* keys = ""; ///< portable key texts, separated by "; ", the one that menus show first
     const char* tip = "";  ///< what the status bar says
     std::optional<IconName> icon = {};
+    Keys readBy = Keys::ByWindow;
     std::optional<IconName> checkedIcon = {}; ///< instead, while the command is checked
-    Keys readBy = Keys::Window;
-    std::function<void()> run = {};
-    std::function<bool()> enabled = {}; ///< none: always
-    std::function<bool()> checked = {}; ///< none: it has no check mark
 };
+
+/// A command without an icon whose keys the control reads.
+constexpr CommandSpec readByControl(Command command, const char* text, const char* keys,
+                                    const char* tip) {
+    return {command, text, keys, tip, {}, CommandSpec::Keys::ByControl};
+}
 
 /// The commands of one part of the program, an action each. Menus, toolbars and sidebars show these
 /// actions.
@@ -46,7 +49,12 @@ class CommandSet : public QObject {
   public:
     explicit CommandSet(QObject* parent = nullptr);
 
-    QAction* add(CommandSpec spec);
+    using Rule = std::function<bool()>;
+
+    /// Adds a command that `run` carries out. It can be given while `enabled` says so (always
+    /// without it), and has a check mark while `checked` does.
+    QAction* add(const CommandSpec& spec, std::function<void()> run, Rule enabled = {},
+                 Rule checked = {});
 
     /// The action of a command; null when it is not of this set.
     [[nodiscard]] QAction* action(Command command) const;
@@ -54,7 +62,6 @@ class CommandSet : public QObject {
     [[nodiscard]] const CommandSpec& spec(Command command) const;
     /// All actions, in the order in which they were added.
     [[nodiscard]] QList<QAction*> actions() const;
-    [[nodiscard]] QList<QKeySequence> keys(Command command) const;
 
     /// Adds commands of this set and kSeparator to a menu.
     void addTo(QMenu& menu, std::initializer_list<Command> commands) const;
@@ -72,6 +79,8 @@ class CommandSet : public QObject {
   private:
     struct Entry {
         CommandSpec spec;
+        Rule enabled;
+        Rule checked;
         QAction* action;
         QList<QKeySequence> keys;
         bool checkedShown; ///< the icon is that of the checked command

@@ -178,20 +178,14 @@ CommandSet& CTrendView::commands() const {
 }
 
 void CTrendView::addFontCommands() {
-    commands().add({.command = Command::IncreaseFont,
-                    .text = "&Increase Font Size",
-                    .keys = "Ctrl++; Ctrl+=",
-                    .tip = "Make the chart's texts larger",
-                    .icon = IconName::IncreaseFont,
-                    .run = [this] { OnViewIncreasefontsize(); },
-                    .enabled = [this] { return canIncreaseFont(); }});
-    commands().add({.command = Command::DecreaseFont,
-                    .text = "&Decrease Font Size",
-                    .keys = "Ctrl+-",
-                    .tip = "Make the chart's texts smaller",
-                    .icon = IconName::DecreaseFont,
-                    .run = [this] { OnViewDecreasefontsize(); },
-                    .enabled = [this] { return canDecreaseFont(); }});
+    commands().add(
+        {Command::IncreaseFont, "&Increase Font Size",
+         "Ctrl++; Ctrl+=", "Make the chart's texts larger", IconName::IncreaseFont},
+        [this] { OnViewIncreasefontsize(); }, [this] { return canIncreaseFont(); });
+    commands().add(
+        {Command::DecreaseFont, "&Decrease Font Size", "Ctrl+-", "Make the chart's texts smaller",
+         IconName::DecreaseFont},
+        [this] { OnViewDecreasefontsize(); }, [this] { return canDecreaseFont(); });
 }
 
 void CTrendView::changeFont(double step) {

@@ -13,7 +13,8 @@ namespace pellam {
 
 namespace {
 
-constexpr auto kByControl = CommandSpec::Keys::Control;
+using enum Command;
+using enum CommandSpec::Keys;
 
 /// "&Undo Typing"
 void nameStep(QAction* action, const char* verb, const QString& step) {
@@ -22,18 +23,12 @@ void nameStep(QAction* action, const char* verb, const QString& step) {
 
 void addUndo(CommandSet& commands, MyCug& cug) {
     QUndoStack& steps = cug.gridModel().undoStack();
-    auto* undo = commands.add({.command = Command::Undo,
-                               .text = "&Undo",
-                               .keys = "Ctrl+Z",
-                               .tip = "Take the last change of the grid back",
-                               .run = [&steps] { steps.undo(); },
-                               .enabled = [&steps] { return steps.canUndo(); }});
-    auto* redo = commands.add({.command = Command::Redo,
-                               .text = "Red&o",
-                               .keys = "Ctrl+Shift+Z; Ctrl+Y",
-                               .tip = "Make the change again that was taken back",
-                               .run = [&steps] { steps.redo(); },
-                               .enabled = [&steps] { return steps.canRedo(); }});
+    auto* undo = commands.add(
+        {Undo, "&Undo", "Ctrl+Z", "Take the last change of the grid back"},
+        [&steps] { steps.undo(); }, [&steps] { return steps.canUndo(); });
+    auto* redo = commands.add(
+        {Redo, "Red&o", "Ctrl+Shift+Z; Ctrl+Y", "Make the change again that was taken back"},
+        [&steps] { steps.redo(); }, [&steps] { return steps.canRedo(); });
     QObject::connect(&steps, &QUndoStack::undoTextChanged, undo,
                      [undo](const QString& step) { nameStep(undo, "&Undo", step); });
     QObject::connect(&steps, &QUndoStack::redoTextChanged, redo,
@@ -46,64 +41,37 @@ void addClipboard(CommandSet& commands, MyCug& cug) {
         return loaded() && cug.selectionModel()->hasSelection();
     };
     const auto editable = [&cug] { return cug.OnEditStart(1, 1); };
-    commands.add({.command = Command::Cut,
-                  .text = "Cu&t",
-                  .keys = "Ctrl+X; Shift+Del",
-                  .tip = "Copy the selected cells and empty them",
-                  .icon = IconName::Cut,
-                  .run = [&cug] { cug.clipboard().cut(); },
-                  .enabled = [selected, editable] { return selected() && editable(); }});
-    commands.add({.command = Command::Copy,
-                  .text = "&Copy",
-                  .keys = "Ctrl+C; Ctrl+Ins",
-                  .tip = "Copy the selection",
-                  .icon = IconName::Copy,
-                  .readBy = kByControl,
-                  .run = [&cug] { cug.clipboard().copy(); },
-                  .enabled = selected});
-    commands.add({.command = Command::CopyWithHeadings,
-                  .text = "Copy with &Headings",
-                  .keys = "Ctrl+Shift+C",
-                  .tip = "Copy the selected cells with their headings",
-                  .run = [&cug] { cug.clipboard().copy(true); },
-                  .enabled = selected});
-    commands.add({.command = Command::Paste,
-                  .text = "&Paste",
-                  .keys = "Ctrl+V; Shift+Ins",
-                  .tip = "Paste cells at the current cell",
-                  .icon = IconName::Paste,
-                  .run = [&cug] { cug.clipboard().paste(); },
-                  .enabled = [&cug, editable] { return cug.clipboard().hasText() && editable(); }});
+    commands.add(
+        {Cut, "Cu&t", "Ctrl+X; Shift+Del", "Copy the selected cells and empty them", IconName::Cut},
+        [&cug] { cug.clipboard().cut(); },
+        [selected, editable] { return selected() && editable(); });
+    commands.add(
+        {Copy, "&Copy", "Ctrl+C; Ctrl+Ins", "Copy the selection", IconName::Copy, ByControl},
+        [&cug] { cug.clipboard().copy(); }, selected);
+    commands.add(
+        {CopyWithHeadings, "Copy with &Headings", "Ctrl+Shift+C",
+         "Copy the selected cells with their headings"},
+        [&cug] { cug.clipboard().copy(true); }, selected);
+    commands.add(
+        {Paste, "&Paste", "Ctrl+V; Shift+Ins", "Paste cells at the current cell", IconName::Paste},
+        [&cug] { cug.clipboard().paste(); },
+        [&cug, editable] { return cug.clipboard().hasText() && editable(); });
     // On a protected grid it tells why nothing is emptied.
-    commands.add({.command = Command::ClearCells,
-                  .text = "C&lear Cells",
-                  .keys = "Del",
-                  .tip = "Empty the selected cells",
-                  .readBy = kByControl,
-                  .run = [&cug] { cug.clipboard().clear(); },
-                  .enabled = selected});
+    commands.add(
+        readByControl(ClearCells, "C&lear Cells", "Del", "Empty the selected cells"),
+        [&cug] { cug.clipboard().clear(); }, selected);
 }
 
 void addFinding(CommandSet& commands, CGridView& page, const std::function<bool()>& loaded) {
-    commands.add({.command = Command::Find,
-                  .text = "&Find...",
-                  .keys = "Ctrl+F",
-                  .tip = "Find a text or value on the grid",
-                  .icon = IconName::Find,
-                  .run = [&page] { page.find(); },
-                  .enabled = loaded});
-    commands.add({.command = Command::FindNext,
-                  .text = "Find &Next",
-                  .keys = "F3",
-                  .tip = "Go to the next place found",
-                  .run = [&page] { page.findNext(); },
-                  .enabled = loaded});
-    commands.add({.command = Command::FindPrevious,
-                  .text = "Find Pre&vious",
-                  .keys = "Shift+F3",
-                  .tip = "Go to the place found before",
-                  .run = [&page] { page.findPrevious(); },
-                  .enabled = loaded});
+    commands.add(
+        {Find, "&Find...", "Ctrl+F", "Find a text or value on the grid", IconName::Find},
+        [&page] { page.find(); }, loaded);
+    commands.add(
+        {FindNext, "Find &Next", "F3", "Go to the next place found"}, [&page] { page.findNext(); },
+        loaded);
+    commands.add(
+        {FindPrevious, "Find Pre&vious", "Shift+F3", "Go to the place found before"},
+        [&page] { page.findPrevious(); }, loaded);
 }
 
 } // namespace
@@ -117,27 +85,17 @@ void addPageCommands(CommandSet& commands, CGridView& page) {
     const auto loaded = [&page] { return page.data().rowCount() > 0; };
     const auto damaged = [&page] { return !page.data().damagedRows().empty(); };
     addFinding(commands, page, loaded);
-    commands.add({.command = Command::GoTo,
-                  .text = "&Go To...",
-                  .keys = "Ctrl+G",
-                  .tip = "Go to a time or a row",
-                  .icon = IconName::GoTo,
-                  .run = [&page] { page.goTo(); },
-                  .enabled = loaded});
-    commands.add({.command = Command::NextDamaged,
-                  .text = "Next Da&maged Line",
-                  .keys = "F8",
-                  .tip = "Go to the next line that failed its checksum",
-                  .icon = IconName::NextDamaged,
-                  .run = [&page] { page.nextDamagedLine(); },
-                  .enabled = damaged});
-    commands.add({.command = Command::PreviousDamaged,
-                  .text = "P&revious Damaged Line",
-                  .keys = "Shift+F8",
-                  .tip = "Go to the line before that failed its checksum",
-                  .icon = IconName::PreviousDamaged,
-                  .run = [&page] { page.previousDamagedLine(); },
-                  .enabled = damaged});
+    commands.add(
+        {GoTo, "&Go To...", "Ctrl+G", "Go to a time or a row", IconName::GoTo},
+        [&page] { page.goTo(); }, loaded);
+    commands.add(
+        {NextDamaged, "Next Da&maged Line", "F8", "Go to the next line that failed its checksum",
+         IconName::NextDamaged},
+        [&page] { page.nextDamagedLine(); }, damaged);
+    commands.add(
+        {PreviousDamaged, "P&revious Damaged Line", "Shift+F8",
+         "Go to the line before that failed its checksum", IconName::PreviousDamaged},
+        [&page] { page.previousDamagedLine(); }, damaged);
 }
 
 } // namespace pellam
