@@ -11,9 +11,10 @@
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/ChartClipboard.h"
 #include "views/chart/ChartFile.h"
+#include "views/chart/LeftOutNotes.h"
+#include "views/chart/ShowTable.h"
 #include "views/chart/StripLayout.h"
-#include "views/chart/TrendSetUp.h"
-#include "views/series/TrendBuilder.h"
+#include "views/series/TrendTableReader.h"
 #include "views/text/ScreenText.h"
 
 #include <QFileDialog>
@@ -111,7 +112,8 @@ void CTrendView::rebuild() {
         const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                                   std::max<Row>(1, m_context.grid.rowCount()));
         progress.setWindowText("Loading Pellam");
-        TrendTable table = TrendBuilder(m_context.grid, m_context.international, progress).build();
+        TrendTable table =
+            TrendTableReader(m_context.grid, m_context.international, progress).read();
         progress.addString("Auto scaling, please wait...");
         showChart(table);
     } catch (const std::exception&) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/GridData.h"
-#include "views/chart/TrendRows.h"
+#include "views/chart/RowsByTime.h"
 
 #include <QWidget>
 
@@ -136,7 +136,7 @@ class CTrendView : public QWidget {
     CTrend* m_trend;
     QLabel* m_message;
     CMyDropTarget* m_dropTarget;
-    TrendRows m_rows;
+    RowsByTime m_rows;
     QString m_fileName;
     qint64 m_currentRow = 0;
     bool m_stacked = false;

@@ -34,14 +34,14 @@ struct TrendTable {
 
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
 /// a sentinel or no number, or when its time is not later than that of the curve's value before.
-class TrendBuilder {
+class TrendTableReader {
   public:
-    /// All of them must outlive the builder.
-    TrendBuilder(const GridData& grid, const InternationalSettings& settings,
-                 ProgressSink& progress);
+    /// All of them must outlive the reader.
+    TrendTableReader(const GridData& grid, const InternationalSettings& settings,
+                     ProgressSink& progress);
 
     /// The whole table, or what was read of it until the person stopped it.
-    [[nodiscard]] TrendTable build();
+    [[nodiscard]] TrendTable read();
 
   private:
     void chooseCurves();
