@@ -198,11 +198,11 @@ TEST(ShowTable, TitlesOfCurvesAndScales) {
     std::string curves;
     for (int i = 0; i < 6; ++i)
         curves += '<' + trend.GetCurveText(i).toStdString() + '>';
-    EXPECT_EQ(curves, "<Temp ><Flow><Level><Odd )m><Air><Water>");
+    EXPECT_EQ(curves, "<Temp ><Flow><Level><Odd )m(><Air(K)><Water>");
     std::string titles;
     for (int axis = 1; axis <= 6; ++axis)
         titles += '<' + trend.GetYScText(axis).toStdString() + '>';
-    EXPECT_EQ(titles, "<degC><Data 2><Data 3><Data 4><K><>");
+    EXPECT_EQ(titles, "<degC><Data 2><Data 3><Data 4><dry><>");
     EXPECT_EQ(trend.GetYScEnabled(5), 1);
     EXPECT_EQ(trend.GetYScEnabled(6), 0);
     EXPECT_EQ(trend.chart().curves[0].times(), trend.chart().curves[5].times());
