@@ -37,8 +37,9 @@ static QStringList keysOnHelpPage() {
 TEST_F(FrameMenuTest, EveryKeyIsOfOneCommandAndOnTheHelpPage) {
     const QStringList help = keysOnHelpPage();
     QStringList windowKeys;
-    for (const QAction* action : start().actions()) {
-        EXPECT_FALSE(action->statusTip().isEmpty() && action->data() != int(Command::LoadTrend))
+    for (const QAction* action : start().QWidget::actions()) {
+        EXPECT_FALSE(action->statusTip().isEmpty() &&
+                     action->data().toInt() != int(Command::LoadTrend))
             << action->text().toStdString();
         const QStringList keys = keysOf(action);
         EXPECT_TRUE(keys.isEmpty() || help.contains(keys[0])) << keys.value(0).toStdString();

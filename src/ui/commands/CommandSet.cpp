@@ -33,7 +33,8 @@ CommandSet::CommandSet(QObject* parent) : QObject(parent) {}
 
 QAction* CommandSet::add(const CommandSpec& spec, std::function<void()> run, Rule enabled,
                          Rule checked) {
-    const auto keys = QKeySequence::listFromString(QString::fromLatin1(spec.keys));
+    auto keys = QKeySequence::listFromString(QString::fromLatin1(spec.keys));
+    keys.removeAll(QKeySequence()); // an empty text gives an empty one
     QString text = translated(spec.text);
     const bool byWindow = spec.readBy == CommandSpec::Keys::ByWindow;
     // As a text it is only shown.
