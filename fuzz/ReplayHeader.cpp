@@ -3,6 +3,7 @@
 #include "MemoryFile.h"
 
 #include "base/SilentSinks.h"
+#include "grid/ChannelLabel.h"
 #include "replay/file/CReplayFile.h"
 #include "replay/load/ChannelList.h"
 
@@ -22,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string before = map;
     if (file.StripDataMap(map) == 0 && map != before) __builtin_trap();
     for (const std::string& channel : offeredChannels(file.GetOriginatorType(), map)) {
-        if (channelNumber(channel) < 0) __builtin_trap();
+        if (ChannelLabel::numbered(channel).number < 0) __builtin_trap();
     }
     const std::int32_t header = file.SeekToStartOfData();
     std::string_view line;

@@ -143,12 +143,13 @@ TEST(CommandLine, HelpNamesEveryOption) {
 TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {
     // expected: those chosen, separated by blanks
     const Table<const char*, const char*, const char*> cases = {
-        {"none is all", "", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C"},
-        {"all", "all", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C"},
+        {"none is all", "", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C A{b}"},
+        {"all", "all", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C A{b}"},
         {"whole label", "A.Temp.Ave(degC){0}", "A.Temp.Ave(degC){0}"},
         {"without number", "A.Temp.Ave(degC)", "A.Temp.Ave(degC){0}"},
         {"number", "*{0}", "A.Temp.Ave(degC){0} B.Höhe(m){0}"},
         {"part does not fit", "A.Temp", ""},
+        {"braces without a number belong to the name", "A", ""},
         {"star tries again", "*.M*C)", "A.Temp.Max(degC){12}"},
         {"question mark is one character", "B.H?he(m)", "B.Höhe(m){0}"},
         {"question mark is not none", "B{2}C?", ""},
@@ -160,7 +161,7 @@ TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {
         PatternChooser chooser(patterns);
         std::string chosen;
         for (const std::string& label : chooser.choose(
-                 {"A.Temp.Ave(degC){0}", "A.Temp.Max(degC){12}", "B.Höhe(m){0}", "B{2}C"}))
+                 {"A.Temp.Ave(degC){0}", "A.Temp.Max(degC){12}", "B.Höhe(m){0}", "B{2}C", "A{b}"}))
             chosen += (chosen.empty() ? "" : " ") + label;
         EXPECT_EQ(chosen, expected) << name;
     }

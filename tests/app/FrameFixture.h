@@ -3,10 +3,10 @@
 #include "DialogScript.h"
 #include "app/frame/CLumasetApp.h"
 #include "app/frame/CMainFrame.h"
-#include "app/frame/CommandIds.h"
 #include "app/frame/FrameActions.h"
 #include "app/frame/FrameStatusBar.h"
 #include "settings/SettingsStore.h"
+#include "ui/commands/CommandIds.h"
 
 namespace pellam {
 

@@ -88,6 +88,12 @@ TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
     EXPECT_EQ(axes, "12131");
     EXPECT_TRUE(grid->changed());
     EXPECT_EQ(grid->columnCount(), GridData::kMinimumColumns);
+
+    load("b.csv", "Time,a(l/s),F (in) (l/s),P(),a (b,N,Z\nx,1,2,3,4,5,6\n");
+    axes.clear();
+    for (int c = 1; c <= 5; ++c)
+        axes += std::to_string(grid->column(c).axis());
+    EXPECT_EQ(axes, "11212");
 }
 
 TEST_F(DelimitedLoaderTest, AnAbortedLoadKeepsWhatCameBefore) {

@@ -48,6 +48,7 @@ class ChartPaper : public testing::Test {
     SilentProgress m_progress;
     CTrendView m_view{{.grid = m_grid,
                        .international = m_international,
+                       .clearMark = [this] { m_grid.setChanged(false); },
                        .messages = m_messages,
                        .progress = [this]() -> ProgressSink& { return m_progress; }}};
     CTrend& m_trend = m_view.trend();

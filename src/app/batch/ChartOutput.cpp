@@ -7,9 +7,10 @@
 #include "trend/control/TrendOperations.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartFile.h"
+#include "views/chart/LeftOutNotes.h"
+#include "views/chart/ShowTable.h"
 #include "views/chart/StripLayout.h"
-#include "views/chart/TrendSetUp.h"
-#include "views/series/TrendBuilder.h"
+#include "views/series/TrendTableReader.h"
 
 #include <algorithm>
 
@@ -22,7 +23,7 @@ ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& sett
                               std::max<Row>(1, grid.rowCount()));
     setUpTrend(*m_trend);
     m_trend->setDecimalPoint(QLatin1Char(settings.decimalSeparator));
-    TrendTable table = TrendBuilder(grid, settings, progress).build();
+    TrendTable table = TrendTableReader(grid, settings, progress).read();
     m_nothing = pellam::nothingToDraw(table, grid.rowCount()).toStdString();
     m_trend->setTitle(QString::fromStdString(title));
     showTable(*m_trend, table, grid.rowCount());

@@ -4,8 +4,8 @@
 #include "app/dialogs/CPreferences.h"
 #include "app/dialogs/SettingsAnswers.h"
 #include "app/frame/CLumasetApp.h"
-#include "app/frame/CommandIds.h"
 #include "app/frame/FrameActions.h"
+#include "app/frame/FrameCommands.h"
 #include "app/frame/FrameExport.h"
 #include "app/frame/FrameLayout.h"
 #include "app/frame/FrameLoader.h"
@@ -13,7 +13,6 @@
 #include "app/frame/FrameSessions.h"
 #include "app/frame/FrameSidebar.h"
 #include "app/frame/FrameStatusBar.h"
-#include "app/frame/PageCommands.h"
 #include "app/frame/PageLink.h"
 #include "app/frame/RecentFiles.h"
 #include "app/print/FramePrinting.h"
@@ -21,22 +20,24 @@
 #include "drop/CMyDropTarget.h"
 #include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
+#include "ui/commands/CommandSet.h"
 #include "ui/dialogs/CConnectionStatus.h"
 #include "ui/dialogs/MessageMemory.h"
 #include "ui/dialogs/TabPages.h"
 #include "ui/icons/IconSet.h"
 #include "views/chart/CTrendView.h"
 #include "views/grid/CGridView.h"
+#include "views/grid/GridClipboard.h"
 #include "views/grid/MyCug.h"
+#include "views/sheet/GridModel.h"
 
 #include <QAbstractEventDispatcher>
+#include <QActionGroup>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -52,16 +53,14 @@ CMainFrame::CMainFrame(CLumasetApp& app)
       m_answers(std::make_unique<SettingsAnswers>(app.settings())),
       m_memory(std::make_unique<MessageMemory>(*m_answers)) {
     setWindowTitle(QStringLiteral("Pellam"));
-    m_actions = new FrameActions(this);
-    m_actions->buildMenus();
+    createPages();
+    createCommands();
     m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
     m_status = new FrameStatusBar(statusBar());
     createClient();
     m_layout = std::make_unique<FrameLayout>(*this, app.settings(), *m_sidebar,
                                              *m_actions->buildToolbar());
     createHelpers();
-    connectCommands();
-    connectPageCommands(*m_actions, *m_gridView, *m_trendView);
     connectPages();
     connectDrops();
     m_layout->restoreWindow();
@@ -77,14 +76,30 @@ CMainFrame::~CMainFrame() {
     delete takeCentralWidget();
 }
 
-void CMainFrame::createClient() {
+void CMainFrame::createPages() {
     m_gridView = new CGridView(m_data, m_international);
     m_trendView =
         new CTrendView({.grid = m_data,
                         .international = m_international,
+                        .clearMark = [this] { Grid()->gridModel().setChanged(false); },
                         .messages = m_messages,
                         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
                         .saveFolder = [this] { return m_app.saveFolder(); }});
+}
+
+void CMainFrame::createCommands() {
+    m_commands = new CommandSet(this);
+    addFrameCommands(*m_commands, *this);
+    // One page is always in front: choosing it again must not clear its mark.
+    auto* pages = new QActionGroup(this);
+    for (const auto page : {Command::DataGrid, Command::TrendChart})
+        pages->addAction(m_commands->action(page));
+    m_actions =
+        new FrameActions(this, {m_commands, &m_gridView->commands(), &m_trendView->commands()});
+    m_actions->buildMenus();
+}
+
+void CMainFrame::createClient() {
     m_pages = new TabPages;
     m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
     m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));
@@ -120,31 +135,6 @@ void CMainFrame::createHelpers() {
                          .openPreferences = [this] { OnFilePreferences(); },
                          .loadedFile = [this] { return m_file; }});
     connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
-}
-
-void CMainFrame::connectCommands() {
-    m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
-    m_actions->on(Command::OpenDatabase, [this] { OnLoadFromDatabase(); });
-    m_actions->on(Command::Export, [this] { ExportData(); });
-    m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
-    m_actions->on(Command::Print, [this] {
-        chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
-    });
-    m_actions->on(Command::Copy,
-                  [this] { chartInFront() ? m_trendView->OnEditCopy() : m_gridView->copy(); });
-    m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
-    m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
-    m_actions->on(Command::Exit, [this] { close(); });
-    m_actions->on(Command::SelectAllChannels, [this] { OnEditSelectAll(); });
-    m_actions->on(Command::DeselectAllChannels, [this] { OnEditClearAll(); });
-    m_actions->on(Command::Sidebar, [this] { OnViewSidebar(); });
-    m_actions->on(Command::Toolbar, [this] { toggleToolbar(); });
-    m_actions->on(Command::DataGrid, [this] { OnViewDatagrid(); });
-    m_actions->on(Command::TrendChart, [this] { OnViewTrendchart(); });
-    m_actions->on(Command::HelpContents, [this] { m_app.OnMyHelp(); });
-    m_actions->on(Command::About, [this] { AboutBox(IconSet::applicationIcon(), this).exec(); });
-    m_actions->on(Command::ResetMessages, [this] { OnClearXMessage(); });
-    m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
 }
 
 bool CMainFrame::chartInFront() const {
@@ -186,13 +176,7 @@ void CMainFrame::connectDrops() {
 
 void CMainFrame::finishStartUp() {
     setWindowIcon(IconSet::applicationIcon());
-    // Asking for the clipboard's content goes to another program, so only when it changed.
-    const auto look = [this] {
-        const auto* content = QApplication::clipboard()->mimeData();
-        m_clipboardText = content && content->hasText();
-    };
-    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
-    look();
+    m_gridView->grid().clipboard().watch();
     m_app.settings().setListener([this](SettingsStore::Notice notice, const QString& path) {
         // Later, as this comes from the midst of what wrote the setting.
         QTimer::singleShot(0, this, [this, notice, path] { tellOfSettings(notice, path); });
@@ -321,6 +305,18 @@ void CMainFrame::OnFilePreferences() {
         .exec();
 }
 
+void CMainFrame::OnFilePrint() {
+    chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
+}
+
+void CMainFrame::OnHelp() {
+    m_app.OnMyHelp();
+}
+
+void CMainFrame::OnAppAbout() {
+    AboutBox(IconSet::applicationIcon(), this).exec();
+}
+
 void CMainFrame::OnClearXMessage() {
     m_memory->clear();
     remark(tr("All questions will be asked again"));
@@ -329,11 +325,11 @@ void CMainFrame::OnClearXMessage() {
 // --- Pages and view
 
 void CMainFrame::OnEditSelectAll() {
-    m_gridView->selectAllChannels();
+    Grid()->gridModel().setAllCharted(true);
 }
 
 void CMainFrame::OnEditClearAll() {
-    m_gridView->deselectAllChannels();
+    Grid()->gridModel().setAllCharted(false);
 }
 
 void CMainFrame::OnViewDatagrid() {
@@ -356,7 +352,7 @@ void CMainFrame::ViewSidebar() {
     m_layout->layOut(preview() != nullptr);
 }
 
-void CMainFrame::toggleToolbar() {
+void CMainFrame::OnViewToolbar() {
     m_layout->toggleToolbar();
     ViewSidebar();
 }
@@ -380,21 +376,10 @@ void CMainFrame::OnSetPreviewMode(bool on) {
 void CMainFrame::OnIdleUpdateCmdUI() {
     const bool gridPage = m_pages->activePage() == kGridPage;
     m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
-    m_actions->showState({.hasData = m_data.rowCount() > 0,
-                          .gridPage = gridPage,
-                          .preview = preview() != nullptr,
-                          .canCopy = m_gridView->canCopy(),
-                          .canEdit = m_gridView->canEdit(),
-                          .canPaste = m_clipboardText && m_gridView->canEdit(),
-                          .canGoToDamaged = m_gridView->canGoToDamaged(),
-                          .hasChart = m_trendView->hasChart(),
-                          .selectionZoom = m_trendView->selectionZoom(),
-                          .canStack = m_trendView->canStack(),
-                          .stacked = m_trendView->isStacked(),
-                          .canIncreaseFont = m_trendView->canIncreaseFont(),
-                          .canDecreaseFont = m_trendView->canDecreaseFont(),
-                          .sidebar = m_layout->hasSidebar(),
-                          .toolbar = m_layout->hasToolbar()});
+    const bool preview = this->preview() != nullptr;
+    m_gridView->commands().setActive(gridPage && !preview);
+    m_trendView->commands().setActive(!gridPage && !preview);
+    m_commands->refresh();
 }
 
 // --- Events

@@ -18,6 +18,7 @@ namespace pellam {
 class CGridView;
 class CLumasetApp;
 class CTrendView;
+class CommandSet;
 class FrameActions;
 class FrameExport;
 class FrameLayout;
@@ -34,8 +35,9 @@ class RecentFiles;
 class SettingsAnswers;
 class TabPages;
 
-/// The main window: the two pages, the task sidebar, menus, toolbar and status bar. It routes every
-/// command and holds what the pages share; loading, exporting and printing are done elsewhere.
+/// The main window: the two pages, the task sidebar, menus, toolbar and status bar. It carries out
+/// the commands that neither page has alone and holds what the pages share; loading, exporting and
+/// printing are done elsewhere.
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 
@@ -90,12 +92,16 @@ class CMainFrame : public QMainWindow {
     /// Asks for a session stored in a database and loads it; cancelled, the data stays.
     void OnLoadFromDatabase();
     void OnFilePreferences();
+    /// Prints the page in front.
+    void OnFilePrint();
     void OnEditSelectAll();
     void OnEditClearAll();
     void OnViewDatagrid();
     void OnViewTrendchart();
     /// Hides the sidebar or shows it at its width of 225, and remembers which.
     void OnViewSidebar();
+    /// Hides the toolbar or shows it, and remembers which.
+    void OnViewToolbar();
     /// Lays the sidebar out at the stored width.
     void ViewSidebar();
     /// Brings back all questions that were answered for good.
@@ -103,12 +109,24 @@ class CMainFrame : public QMainWindow {
 
     void OnLoadTrend() {}
 
+    void OnHelp();
+    void OnAppAbout();
+
     /// Opens the first of the files; the others are ignored.
     void OnDropFiles(const QStringList& paths);
     /// Brings enabled states, check marks and the options group in line with the window's state.
     void OnIdleUpdateCmdUI();
     /// Shows or ends the print preview inside the window.
     void OnSetPreviewMode(bool on);
+
+    /// Whether the chart's page is in front, else the grid's is.
+    [[nodiscard]] bool chartInFront() const;
+
+    [[nodiscard]] CGridView& gridPage() const { return *m_gridView; }
+
+    [[nodiscard]] CTrendView& chartPage() const { return *m_trendView; }
+
+    [[nodiscard]] const FrameLayout& frameLayout() const { return *m_layout; }
 
     [[nodiscard]] FrameActions& actions() const { return *m_actions; }
 
@@ -132,13 +150,12 @@ class CMainFrame : public QMainWindow {
   private:
     static constexpr int kNoticeTime = 6000; ///< milliseconds that a remark stays
 
+    void createPages();
+    void createCommands();
     void createClient();
     void createHelpers();
-    void connectCommands();
     void connectPages();
     void connectDrops();
-    [[nodiscard]] bool chartInFront() const;
-    void toggleToolbar();
     void remark(const QString& text);
     void tellOfSettings(SettingsStore::Notice notice, const QString& path);
     void openLater(const QString& path);
@@ -153,6 +170,7 @@ class CMainFrame : public QMainWindow {
     std::unique_ptr<MessageMemory> m_memory;
     std::unique_ptr<FrameLayout> m_layout;
 
+    CommandSet* m_commands = nullptr; ///< those of neither page alone
     FrameActions* m_actions = nullptr;
     FrameSidebar* m_sidebar = nullptr;
     FrameStatusBar* m_status = nullptr;
@@ -169,7 +187,6 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
-    bool m_clipboardText = false;
     bool m_closeWhenLoaded = false;
 };
 

@@ -3,7 +3,7 @@
 #include "base/AtomicFile.h"
 #include "trend/control/TrendOperations.h"
 #include "trend/paint/TrendExport.h"
-#include "views/chart/PaperLayout.h"
+#include "views/chart/PaperGuard.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -39,7 +39,7 @@ Failure writeChartFile(TrendOperations& trend, const std::string& path, const QS
         return {Failure::Kind::Write, path, -1, "a chart's file ends in .png, .svg or .pdf"};
     QByteArray bytes;
     {
-        const PaperLayout paper(trend);
+        const PaperGuard paper(trend);
         bytes = chartBytes(trend.chart(), kind, size, pixelRatio);
     }
     if (bytes.isEmpty()) return {Failure::Kind::Write, path, -1, "the chart could not be drawn"};

@@ -1,21 +1,21 @@
-#include "views/chart/TrendRows.h"
+#include "views/chart/RowsByTime.h"
 
 #include <algorithm>
 
 namespace pellam {
 
-TrendRows::TrendRows(std::shared_ptr<const TrendTimes> times, std::vector<std::uint32_t> rows)
+RowsByTime::RowsByTime(std::shared_ptr<const TrendTimes> times, std::vector<std::uint32_t> rows)
     : m_times(std::move(times)),
       m_rows(std::move(rows)) {}
 
-std::optional<Row> TrendRows::nearest(double time) const {
+std::optional<Row> RowsByTime::nearest(double time) const {
     if (m_times->empty()) return {};
     std::size_t index = std::min(m_times->lowerBound(time), m_times->size() - 1);
     if (index > 0 && time - (*m_times)[index - 1] <= (*m_times)[index] - time) --index;
     return m_rows.empty() ? static_cast<Row>(index) : static_cast<Row>(m_rows[index]);
 }
 
-std::optional<double> TrendRows::timeOf(Row row) const {
+std::optional<double> RowsByTime::timeOf(Row row) const {
     if (row < 0) return {};
     auto index = static_cast<std::size_t>(row);
     if (!m_rows.empty()) {

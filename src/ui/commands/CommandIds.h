@@ -2,8 +2,8 @@
 
 namespace pellam {
 
-/// Number of every command of the main window; a menu item, a toolbar button and a sidebar task of
-/// the same command share it. Each action carries its number as its data.
+/// Number of every command; a menu item, a toolbar button and a sidebar task of the same command
+/// share it. Each action carries its number as its data.
 enum class Command : int {
     Open = 32771,
     OpenDatabase = 109,
@@ -47,7 +47,29 @@ enum class Command : int {
     NextPage = 33007,
     PreviousPage = 33008,
     StripChart = 33009,
+    Undo = 57643,
+    Redo = 57644,
+    ClearCells = 57632,
+    ZoomBack = 33010,
+    ZoomForward = 33011,
+    ShowEverything = 33012,
+    Crosshair = 33013,
+    CursorA = 33014,
+    CursorB = 33015,
+    RemoveCursor = 33016,
+    RemoveCursors = 33017,
+    BreakGaps = 33018,
+    ExportImage = 33019,
+    YAxis = 33020, ///< the dialog of axis 1; the five numbers after it those of axes 2 to 6
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
+
+/// In lists of commands for a menu or toolbar: a line between two groups.
+constexpr Command kSeparator{};
+
+/// The command of the dialog of an axis, 1 to 6.
+constexpr Command yAxisCommand(int axis) {
+    return static_cast<Command>(static_cast<int>(Command::YAxis) + axis - 1);
+}
 
 } // namespace pellam

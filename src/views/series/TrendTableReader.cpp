@@ -1,8 +1,9 @@
-#include "views/series/TrendBuilder.h"
+#include "views/series/TrendTableReader.h"
 
 #include "base/InternationalSettings.h"
 #include "base/LargePages.h"
 #include "base/ProgressSink.h"
+#include "grid/ChannelLabel.h"
 #include "grid/DecimalCell.h"
 
 #include <algorithm>
@@ -16,26 +17,14 @@ constexpr Row kReportRows = 50;
 
 } // namespace
 
-std::string_view curveText(std::string_view label) {
-    return label.substr(0, label.find('('));
-}
-
-std::string_view unitsText(std::string_view label) {
-    const std::size_t open = label.find('(');
-    const std::size_t close = label.find(')');
-    if (open == std::string_view::npos || close == std::string_view::npos || close <= open + 1)
-        return {};
-    return label.substr(open + 1, close - open - 1);
-}
-
-TrendBuilder::TrendBuilder(const GridData& grid, const InternationalSettings& settings,
-                           ProgressSink& progress)
+TrendTableReader::TrendTableReader(const GridData& grid, const InternationalSettings& settings,
+                                   ProgressSink& progress)
     : m_grid(grid),
       m_progress(progress),
       m_rowTimes(grid, settings),
       m_rows(grid.rowCount()) {}
 
-TrendTable TrendBuilder::build() {
+TrendTable TrendTableReader::read() {
     chooseCurves();
     if (m_table.curves.empty()) return std::move(m_table);
     readTimes();
@@ -44,19 +33,20 @@ TrendTable TrendBuilder::build() {
     return std::move(m_table);
 }
 
-void TrendBuilder::chooseCurves() {
+void TrendTableReader::chooseCurves() {
     for (int i = 1; i <= m_grid.channelCount() && i < m_grid.columnCount(); ++i) {
         const Column& column = m_grid.column(i);
         if (!column.charted()) continue;
         TrendTable::Curve& curve = m_table.curves.emplace_back();
         curve.column = i;
         curve.axis = column.axis();
-        curve.text = curveText(column.label());
-        curve.units = unitsText(column.label());
+        const ChannelLabel label(column.label());
+        curve.text = label.name;
+        curve.units = label.units;
     }
 }
 
-void TrendBuilder::readTimes() {
+void TrendTableReader::readTimes() {
     reserveLarge(m_table.times, static_cast<std::size_t>(m_rows));
     m_table.times.resize(static_cast<std::size_t>(m_rows));
     const std::span<double> all(m_table.times);
@@ -75,7 +65,7 @@ void TrendBuilder::readTimes() {
     m_table.outsideTimes = m_rowTimes.outsideCount();
 }
 
-void TrendBuilder::orderTimes() {
+void TrendTableReader::orderTimes() {
     // A NaN is not earlier than anything, so a row without a time is found here too.
     const auto& times = m_table.times;
     double last = -1;
@@ -85,7 +75,7 @@ void TrendBuilder::orderTimes() {
     if (!inOrder) giveSlots();
 }
 
-void TrendBuilder::giveSlots() {
+void TrendTableReader::giveSlots() {
     const std::vector<double> rowTimes = std::move(m_table.times);
     std::vector<double>& times = m_table.times;
     times.clear();
@@ -115,7 +105,7 @@ void TrendBuilder::giveSlots() {
     }
 }
 
-void TrendBuilder::readValues() {
+void TrendTableReader::readValues() {
     for (auto& curve : m_table.curves) {
         reserveLarge(curve.values, m_table.times.size());
         if (!m_slots.empty()) curve.values.assign(m_table.times.size(), RowTimes::kNone);
@@ -131,7 +121,7 @@ void TrendBuilder::readValues() {
     if (m_slots.empty()) m_table.times.resize(m_table.curves.front().values.size());
 }
 
-bool TrendBuilder::reportAndGoOn(Row row) {
+bool TrendTableReader::reportAndGoOn(Row row) {
     const Row reported = row - row % kReportRows;
     m_progress.addString("Loaded " + std::to_string(reported) + " Lines");
     m_progress.setPosition(reported);
@@ -139,7 +129,7 @@ bool TrendBuilder::reportAndGoOn(Row row) {
     return !m_table.aborted;
 }
 
-void TrendBuilder::readInOrder(TrendTable::Curve& curve, Row first, Row count) const {
+void TrendTableReader::readInOrder(TrendTable::Curve& curve, Row first, Row count) const {
     const Column& column = m_grid.column(curve.column);
     const Cell* const cells = column.chunkAt(first);
     const std::size_t start = curve.values.size();
@@ -157,7 +147,7 @@ void TrendBuilder::readInOrder(TrendTable::Curve& curve, Row first, Row count) c
     curve.leftOut.notNumbers += leftOut.notNumbers;
 }
 
-void TrendBuilder::readIntoSlots(std::size_t index, Row first, Row count) {
+void TrendTableReader::readIntoSlots(std::size_t index, Row first, Row count) {
     TrendTable::Curve& curve = m_table.curves[index];
     const Column& column = m_grid.column(curve.column);
     const Cell* const cells = column.chunkAt(first);

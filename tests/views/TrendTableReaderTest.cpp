@@ -5,9 +5,10 @@
 #include "base/InternationalSettings.h"
 #include "grid/DecimalCell.h"
 #include "trend/control/TrendOperations.h"
-#include "views/chart/TrendRows.h"
-#include "views/chart/TrendSetUp.h"
-#include "views/series/TrendBuilder.h"
+#include "views/chart/LeftOutNotes.h"
+#include "views/chart/RowsByTime.h"
+#include "views/chart/ShowTable.h"
+#include "views/series/TrendTableReader.h"
 
 #include <cmath>
 #include <random>
@@ -33,7 +34,7 @@ void fillCharted(GridData& grid, const std::string& text) {
 
 TrendTable tableOf(GridData& grid) {
     test::RecordedProgress progress;
-    return TrendBuilder(grid, {}, progress).build();
+    return TrendTableReader(grid, {}, progress).read();
 }
 
 /// The points of each curve, "minute:value", and in brackets what was left out.
@@ -53,7 +54,7 @@ std::string pointsOf(const TrendTable& table) {
 
 } // namespace
 
-TEST(TrendBuilder, SkipsEmptyTimesSentinelsWordsAndTimesThatAreNotLater) {
+TEST(TrendTableReader, SkipsEmptyTimesSentinelsWordsAndTimesThatAreNotLater) {
     const ZoneScope zone("UTC");
     GridData grid;
     fillCharted(grid, "Time|A(m)|B(m)\n"
@@ -79,7 +80,7 @@ TEST(TrendBuilder, SkipsEmptyTimesSentinelsWordsAndTimesThatAreNotLater) {
 }
 
 // Each channel only looks at its own last point, so one schedule's clock doesn't hide another's.
-TEST(TrendBuilder, ChannelsWithTimesOfTheirOwnKeepTheirPoints) {
+TEST(TrendTableReader, ChannelsWithTimesOfTheirOwnKeepTheirPoints) {
     const ZoneScope zone("UTC");
     GridData grid;
     fillCharted(grid, "Time|A|B\n"
@@ -90,19 +91,20 @@ TEST(TrendBuilder, ChannelsWithTimesOfTheirOwnKeepTheirPoints) {
     EXPECT_EQ(pointsOf(tableOf(grid)), "A=5:2 15:4 [0 0 0]\nB=10:1 20:3 [0 0 1]\n");
 }
 
-TEST(TrendBuilder, TakesSelectedChannelsAloneInColumnOrder) {
+TEST(TrendTableReader, TakesSelectedChannelsAloneInColumnOrder) {
     const ZoneScope zone("UTC");
     GridData grid;
-    fillCharted(grid, "Time|A@2|B@3|C@4\n2024/01/01 00:01:00|1|2|3\n");
+    fillCharted(grid, "Time|A (in) (l/s)@2|B@3|C@4\n2024/01/01 00:01:00|1|2|3\n");
     grid.column(2).setCharted(false);
     ASSERT_TRUE(grid.moveColumn(3, 1));
     const TrendTable table = tableOf(grid);
-    EXPECT_EQ(pointsOf(table), "C=1:3 [0 0 0]\nA=1:1 [0 0 0]\n");
+    EXPECT_EQ(pointsOf(table), "C=1:3 [0 0 0]\nA (in) =1:1 [0 0 0]\n");
+    EXPECT_EQ(table.curves[1].units, "l/s");
     EXPECT_EQ(table.curves[0].axis, 4);
     EXPECT_EQ(table.curves[1].column, 2);
 }
 
-TEST(TrendBuilder, DecimalCommasInValuesTimesAndSentinels) {
+TEST(TrendTableReader, DecimalCommasInValuesTimesAndSentinels) {
     const ZoneScope zone("UTC");
     GridData grid(',');
     fillCharted(grid, "Time|A\n2024/01/01 00:01:00,5|1,25\n2024/01/01 00:01:30,25|99999,95\n");
@@ -112,22 +114,22 @@ TEST(TrendBuilder, DecimalCommasInValuesTimesAndSentinels) {
     EXPECT_EQ(table.curves[0].leftOut.sentinels, 1);
 }
 
-TEST(TrendBuilder, ReportsRowsInFifties) {
+TEST(TrendTableReader, ReportsRowsInFifties) {
     const ZoneScope zone("UTC");
     GridData grid;
     fillCharted(grid, "Time|A\n2024/01/01 00:01:00|1\n");
     grid.setRowCount(40'000);
     test::RecordedProgress progress;
-    static_cast<void>(TrendBuilder(grid, {}, progress).build());
+    static_cast<void>(TrendTableReader(grid, {}, progress).read());
     EXPECT_EQ(progress.log, "Loaded 0 Lines\nLoaded 16350 Lines\nLoaded 32750 Lines\n");
     progress.abortAfter = 0;
-    const TrendTable stopped = TrendBuilder(grid, {}, progress).build();
+    const TrendTable stopped = TrendTableReader(grid, {}, progress).read();
     EXPECT_TRUE(stopped.aborted);
     EXPECT_EQ(stopped.curves[0].values.size(), stopped.times.size());
 }
 
 // Rows in order take the quick path, one pair of exchanged rows at the end makes it the plain one.
-TEST(TrendBuilder, QuickPathAndPlainPathGiveTheSamePoints) {
+TEST(TrendTableReader, QuickPathAndPlainPathGiveTheSamePoints) {
     const ZoneScope zone("UTC");
     std::mt19937 random(5);
     constexpr int kRows = 20'000;
@@ -182,7 +184,7 @@ TEST(ChartValue, SentinelsAreFoundOnDigitsAsInTheText) {
     }
 }
 
-TEST(TrendSetUp, TitlesOfCurvesAndScales) {
+TEST(ShowTable, TitlesOfCurvesAndScales) {
     const ZoneScope zone("UTC");
     GridData grid;
     fillCharted(grid, "Time|Temp (C)@1|Flow()@2|Level@3|Odd )m(@4|Air(K)(dry)@5|Water(degC)@1\n"
@@ -196,28 +198,28 @@ TEST(TrendSetUp, TitlesOfCurvesAndScales) {
     std::string curves;
     for (int i = 0; i < 6; ++i)
         curves += '<' + trend.GetCurveText(i).toStdString() + '>';
-    EXPECT_EQ(curves, "<Temp ><Flow><Level><Odd )m><Air><Water>");
+    EXPECT_EQ(curves, "<Temp ><Flow><Level><Odd )m(><Air(K)><Water>");
     std::string titles;
     for (int axis = 1; axis <= 6; ++axis)
         titles += '<' + trend.GetYScText(axis).toStdString() + '>';
-    EXPECT_EQ(titles, "<degC><Data 2><Data 3><Data 4><K><>");
+    EXPECT_EQ(titles, "<degC><Data 2><Data 3><Data 4><dry><>");
     EXPECT_EQ(trend.GetYScEnabled(5), 1);
     EXPECT_EQ(trend.GetYScEnabled(6), 0);
     EXPECT_EQ(trend.chart().curves[0].times(), trend.chart().curves[5].times());
 }
 
-TEST(TrendRows, FindRowsAndTimesBothWays) {
+TEST(RowsByTime, FindRowsAndTimesBothWays) {
     const auto times = TrendTimes::create({10, 20, 30});
-    const TrendRows rows(times, {4, 1, 7});
+    const RowsByTime rows(times, {4, 1, 7});
     EXPECT_EQ(rows.nearest(-5), Row{4});
     EXPECT_EQ(rows.nearest(15), Row{4});
     EXPECT_EQ(rows.nearest(16), Row{1});
     EXPECT_EQ(rows.nearest(99), Row{7});
     EXPECT_EQ(rows.timeOf(1), 20.0);
     EXPECT_EQ(rows.timeOf(2), std::nullopt);
-    EXPECT_EQ(TrendRows(times, {}).timeOf(2), 30.0);
-    EXPECT_EQ(TrendRows(times, {}).timeOf(3), std::nullopt);
-    EXPECT_EQ(TrendRows().nearest(1), std::nullopt);
+    EXPECT_EQ(RowsByTime(times, {}).timeOf(2), 30.0);
+    EXPECT_EQ(RowsByTime(times, {}).timeOf(3), std::nullopt);
+    EXPECT_EQ(RowsByTime().nearest(1), std::nullopt);
 }
 
 } // namespace pellam

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace pellam {
@@ -33,21 +32,16 @@ struct TrendTable {
     bool aborted = false;             ///< stopped by the person: later rows are missing
 };
 
-/// A channel's name: its label up to the first '('.
-std::string_view curveText(std::string_view label);
-/// The text between the first '(' and the first ')'; empty when there is none.
-std::string_view unitsText(std::string_view label);
-
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
 /// a sentinel or no number, or when its time is not later than that of the curve's value before.
-class TrendBuilder {
+class TrendTableReader {
   public:
-    /// All of them must outlive the builder.
-    TrendBuilder(const GridData& grid, const InternationalSettings& settings,
-                 ProgressSink& progress);
+    /// All of them must outlive the reader.
+    TrendTableReader(const GridData& grid, const InternationalSettings& settings,
+                     ProgressSink& progress);
 
     /// The whole table, or what was read of it until the person stopped it.
-    [[nodiscard]] TrendTable build();
+    [[nodiscard]] TrendTable read();
 
   private:
     void chooseCurves();

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "views/chart/TrendRows.h"
-
-#include <QStringList>
+#include "views/chart/RowsByTime.h"
 
 namespace pellam {
 
@@ -18,12 +16,6 @@ void resetTrend(TrendOperations& trend);
 /// Puts a table on an emptied chart: curves, their scales with titles, points, and the notes about
 /// what was left out. The table's times and values go over to the chart; `rowCount` is the number
 /// of loaded rows.
-TrendRows showTable(TrendOperations& trend, TrendTable& table, Row rowCount);
-
-/// What to tell about a table without any time or value; empty when there is something to draw.
-QString nothingToDraw(const TrendTable& table, Row rowCount);
-
-/// The lines about rows and values that were left out.
-QStringList leftOutNotes(const TrendTable& table);
+RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount);
 
 } // namespace pellam

@@ -11,11 +11,11 @@
 namespace pellam {
 
 /// Which row of the grid each time of the chart came from.
-class TrendRows {
+class RowsByTime {
   public:
-    TrendRows() = default;
+    RowsByTime() = default;
     /// `rows` has the first row of each time, or is empty when time i stands in row i.
-    TrendRows(std::shared_ptr<const TrendTimes> times, std::vector<std::uint32_t> rows);
+    RowsByTime(std::shared_ptr<const TrendTimes> times, std::vector<std::uint32_t> rows);
 
     /// The row whose time is nearest; nothing without times.
     [[nodiscard]] std::optional<Row> nearest(double time) const;

@@ -1,10 +1,10 @@
-#include "views/chart/PaperLayout.h"
+#include "views/chart/PaperGuard.h"
 
 #include "trend/control/TrendOperations.h"
 
 namespace pellam {
 
-PaperLayout::PaperLayout(TrendOperations& trend, bool lock) : m_trend(trend), m_lock(lock) {
+PaperGuard::PaperGuard(TrendOperations& trend, bool lock) : m_trend(trend), m_lock(lock) {
     if (m_lock) m_trend.SetLockUpdate(1);
     m_trend.SaveTrend();
     m_trend.SetCurveButtons(0);
@@ -14,7 +14,7 @@ PaperLayout::PaperLayout(TrendOperations& trend, bool lock) : m_trend(trend), m_
     m_trend.SetTrendBackColor(Qt::white);
 }
 
-PaperLayout::~PaperLayout() {
+PaperGuard::~PaperGuard() {
     m_trend.RestoreTrend();
     if (m_lock) m_trend.SetLockUpdate(0);
 }
