@@ -4,8 +4,8 @@
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <climits>
-#include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <linux/magic.h>
@@ -104,7 +104,9 @@ Failure AtomicFile::openDirectly(bool isPipe, ProgressSink* waiting) {
 // Opened anew, the file would be written from its beginning; the process's own stream knows where
 // it is, and may be one that can not be opened, a socket.
 Failure AtomicFile::openStream() {
-    const int stream = std::atoi(m_target.c_str() + folderOf(m_target).size());
+    int stream = -1;
+    const std::size_t number = folderOf(m_target).size();
+    std::from_chars(m_target.data() + number, m_target.data() + m_target.size(), stream);
 
     struct stat own {};
 
