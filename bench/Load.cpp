@@ -79,7 +79,7 @@ void exportGrid(benchmark::State& state, bool csv) {
     SilentProgress progress;
     for (auto _ : state) {
         const Failure failure =
-            csv ? writer.writeCsv(path, ',', progress) : writer.writeTxt(path, progress);
+            writer.write(path, csv ? GridWriter::Form::Csv : GridWriter::Form::Txt, ',', progress);
         if (failure) state.SkipWithError(failure.text().c_str());
     }
     const auto size = static_cast<std::int64_t>(std::filesystem::file_size(path));

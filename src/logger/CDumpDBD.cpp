@@ -1,8 +1,9 @@
 #include "logger/CDumpDBD.h"
 
+#include "base/FileName.h"
+
 #include <algorithm>
 #include <clocale>
-#include <filesystem>
 #include <utility>
 
 namespace pellam {
@@ -64,6 +65,8 @@ int CDumpDBD::dumpFile(const std::vector<std::string>& inputs, const std::string
                                   static_cast<std::int64_t>(m_input.size() / kProgressUnit));
         walkSections();
     }
+    // The last word is the person's, before the earlier file goes.
+    m_aborted = m_aborted || m_progress.aborted();
     if (m_aborted) {
         m_output.discard();
         return kDone;
@@ -79,9 +82,7 @@ bool CDumpDBD::open(const std::string& input, const std::string& output) {
         m_messages.show(notOpened(input, "read"));
         return false;
     }
-    std::error_code missing;
-    const bool same = std::filesystem::equivalent(input, output, missing);
-    if (same || m_output.create(output)) {
+    if (isSameFile(input, output) || m_output.create(output, &m_progress)) {
         m_messages.show(notOpened(output, "write"));
         return false;
     }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/AtomicFile.h"
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
 #include "logger/BinaryInput.h"
 #include "logger/BinaryLayout.h"
-#include "logger/DumpOutput.h"
 #include "logger/RecordText.h"
 
 #include <cstdint>
@@ -110,7 +110,7 @@ class CDumpDBD {
     MessageSink& m_messages;
     ProgressSink& m_progress;
     BinaryInput m_input;
-    DumpOutput m_output;
+    AtomicFile m_output;
     Storefile m_store;
     RecordText m_records;
     unsigned m_options = 0;

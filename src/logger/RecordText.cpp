@@ -1,5 +1,6 @@
 #include "logger/RecordText.h"
 
+#include "base/QuotedField.h"
 #include "logger/FloatText.h"
 
 #include <algorithm>
@@ -75,20 +76,9 @@ std::string_view statusWord(std::uint8_t status) {
     return {};
 }
 
-/// Writes a text in double quotes, those in it twice.
-char* writeQuoted(std::string_view text, char* out) {
-    *out++ = '"';
-    for (const char c : text) {
-        if (c == '"') *out++ = '"';
-        *out++ = c;
-    }
-    *out++ = '"';
-    return out;
-}
-
 } // namespace
 
-RecordText::RecordText(const Style& style, DumpOutput& output)
+RecordText::RecordText(const Style& style, BlockWriter& output)
     : m_style(style),
       m_output(output),
       m_times(style.decimalSeparator) {}
@@ -218,7 +208,7 @@ Shortage RecordText::writeAlarm(std::string_view slot, const std::uint32_t* inde
     m_output.advance(copyTo(out, ",\""));
     std::string_view text = untilNul(slot.substr(kAlarmRecordHeadSize));
     while (!text.empty()) {
-        const std::string_view piece = text.substr(0, DumpOutput::kRoom);
+        const std::string_view piece = text.substr(0, BlockWriter::kRoom);
         m_output.advance(writePrintable(piece, m_output.room()));
         text.remove_prefix(piece.size());
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/BlockWriter.h"
 #include "logger/BinaryLayout.h"
-#include "logger/DumpOutput.h"
 #include "logger/FormatText.h"
 #include "logger/TimestampText.h"
 
@@ -24,7 +24,7 @@ class RecordText {
         bool keepFieldsWhole = false;
     };
 
-    RecordText(const Style& style, DumpOutput& output);
+    RecordText(const Style& style, BlockWriter& output);
 
     /// Forgets the channels.
     void clear() { m_formats.clear(); }
@@ -54,7 +54,7 @@ class RecordText {
     char* keepWhole(char* begin, char* end) const;
 
     Style m_style;
-    DumpOutput& m_output;
+    BlockWriter& m_output;
     TimestampText m_times;
     std::vector<FormatText> m_formats; ///< one a channel
 };

@@ -40,24 +40,22 @@ Failure readHead(LineReader& reader, const std::string& path, Head& head) {
     return {};
 }
 
-// Writes the rows; a failure is of writing. The reader keeps its own.
-Failure writeRows(LineReader& reader, TaggedClock& clock, AtomicFile& output, std::string& text) {
-    constexpr std::size_t kBlock = 1 << 16;
+// The reader and the output keep their failures.
+void writeRows(LineReader& reader, TaggedClock& clock, BlockWriter& output) {
+    std::string text;
     std::string_view line;
-    while (reader.next(line)) {
+    while (!output.failed() && reader.next(line)) {
         line = withoutLineEnd(line);
         if (line.find("</data>") != std::string_view::npos) continue;
+        text.clear();
         clock.appendTo(text);
         const std::size_t begin = text.size();
         text += line;
         std::replace(text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(), '>', ',');
         text += "\r\n";
+        output.append(text);
         clock.advance();
-        if (text.size() < kBlock) continue;
-        if (Failure failure = output.write(text)) return failure;
-        text.clear();
     }
-    return output.write(text);
 }
 
 } // namespace
@@ -84,8 +82,8 @@ Failure convertTaggedDownload(const std::string& inputPath) {
     clock.setInterval(withoutTag(head[4], "log interval"));
     AtomicFile output;
     if (Failure failure = output.create(taggedDownloadOutput(inputPath))) return failure;
-    std::string text = "Time," + head[5] + "\r\n";
-    if (Failure failure = writeRows(reader, clock, output, text)) return failure;
+    output.append("Time," + head[5] + "\r\n");
+    writeRows(reader, clock, output);
     if (Failure failure = output.commit()) return failure;
     return reader.error();
 }

@@ -73,7 +73,7 @@ static bool drop(QWidget& target, const QMimeData& data) {
     QApplication::sendEvent(&target, &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     if (enter.isAccepted()) QApplication::sendEvent(&target, &drop);
-    QTest::qWait(20);
+    untilIdle();
     return enter.isAccepted() && drop.isAccepted();
 }
 
@@ -133,7 +133,7 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     EXPECT_EQ(texts.join(u',').toStdString(), "&1 c.csv 57616,&2 e.csv 57617,&3 b.csv 57618")
         << "d, which is gone, was taken off; a had fallen off before";
     frame.actions().recentMenu()->actions().at(1)->trigger();
-    QTest::qWait(20);
+    untilIdle();
     EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
 }
 
@@ -224,7 +224,7 @@ TEST_F(FrameLoadTest, TheFirstStartMakesTheSaveFolderAndALaterOneKeepsIt) {
 
 TEST_F(FrameLoadTest, SizeAndPlaceOfTheWindowComeBack) {
     start().resize(777, 555);
-    QTest::qWait(10);
+    untilIdle();
     frame().close();
     m_app = std::make_unique<CLumasetApp>(*m_settings);
     EXPECT_EQ(start().size(), QSize(777, 555));

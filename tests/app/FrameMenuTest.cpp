@@ -145,7 +145,7 @@ TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     frame.OnLoadSessionFromFile(csv());
     EXPECT_EQ(enabled(frame), "OdESPvfXCHAFDNGst") << "grid with data";
     QApplication::clipboard()->setText(u"1"_qs);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_EQ(enabled(frame), "OdESPvfXCHVAFDNGst") << "text on the clipboard";
     give(Command::TrendChart);
     EXPECT_EQ(enabled(frame), "OdESPvfCADstxaz+-") << "trend page";

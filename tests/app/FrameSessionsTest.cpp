@@ -98,7 +98,7 @@ TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
     });
     closing.start(400);
     give(Command::OpenDatabase);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_FALSE(frame.isVisible());
     EXPECT_EQ(frame.data().rowCount(), 0);
 }

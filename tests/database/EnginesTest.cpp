@@ -10,6 +10,8 @@
 #include "database/sessions/CDBDataData3.h"
 #include "database/sessions/CDBDataDetails.h"
 
+#include <algorithm>
+
 namespace pellam {
 namespace {
 

@@ -8,6 +8,7 @@
 #include "views/chart/ChartFile.h"
 
 #include <QPrinter>
+#include <QSvgRenderer>
 #include <cmath>
 
 namespace pellam {
@@ -40,6 +41,16 @@ class ChartPaper : public testing::Test {
         QProcess::execute(u"pdftoppm"_qs,
                           {u"-r"_qs, u"50"_qs, u"-png"_qs, u"-singlefile"_qs, pdf, target});
         return QImage(target + u".png"_qs);
+    }
+
+    /// The drawing as it stands in a file, a pixel a unit.
+    static QImage drawn(const QString& svg) {
+        QSvgRenderer renderer(svg);
+        QImage image(renderer.defaultSize(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        renderer.render(&painter);
+        return image;
     }
 
     GridData m_grid;
@@ -144,7 +155,9 @@ TEST_F(ChartPaper, FilesOfEveryKindShowTheCurveOnWhite) {
         ASSERT_FALSE(failure) << failure.text();
         EXPECT_LT(QFileInfo(inFolder(name)).size(), 2'000'000) << name;
         const bool pdf = QString::fromLatin1(name).endsWith(u".pdf", Qt::CaseInsensitive);
-        const QImage image = pdf ? rendered(inFolder(name)) : QImage(inFolder(name));
+        const QImage image = pdf                                       ? rendered(inFolder(name))
+                             : std::string_view(name).ends_with("svg") ? drawn(inFolder(name))
+                                                                       : QImage(inFolder(name));
         ASSERT_FALSE(image.isNull()) << name;
         // Readers of SVG and PDF have a resolution of their own.
         if (std::string_view(name).ends_with("png")) {

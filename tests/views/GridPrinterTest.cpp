@@ -3,6 +3,8 @@
 #include "RecordingSinks.h"
 #include "views/text/HeadingText.h"
 
+#include <algorithm>
+
 namespace pellam {
 namespace {
 

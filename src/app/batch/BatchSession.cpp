@@ -1,11 +1,10 @@
 #include "app/batch/BatchSession.h"
 
 #include "base/AtomicFile.h"
+#include "base/RegularFile.h"
 #include "database/sessions/SessionLists.h"
-#include "logger/BinaryInput.h"
 
 #include <cstdint>
-#include <string_view>
 
 namespace pellam {
 
@@ -36,18 +35,16 @@ bool BatchSession::fetch() {
 }
 
 Failure BatchSession::keep(const std::string& target) const {
-    constexpr std::uint64_t kBlock = 65536;
     AtomicFile file;
-    Failure failure = file.create(target);
-    BinaryInput source;
-    if (!failure) failure = source.open(path());
-    while (!failure) {
-        const std::string_view block = source.take(kBlock);
-        if (source.error()) return source.error();
-        if (block.empty()) return file.commit();
-        failure = file.write(block);
+    if (Failure failure = file.create(target, &m_progress)) return failure;
+    RegularFile source;
+    if (Failure failure = source.open(path())) return failure;
+    std::int64_t offset = 0;
+    while (const std::size_t got = source.read(file.room(), AtomicFile::kRoom, offset)) {
+        file.advance(file.room() + got);
+        offset += static_cast<std::int64_t>(got);
     }
-    return failure;
+    return source.error() ? source.error() : file.commit();
 }
 
 } // namespace pellam

@@ -18,7 +18,8 @@ namespace pellam {
 
 ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& settings,
                          ProgressSink& progress, const std::string& title)
-    : m_trend(std::make_unique<TrendOperations>()) {
+    : m_progress(progress),
+      m_trend(std::make_unique<TrendOperations>()) {
     const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                               std::max<Row>(1, grid.rowCount()));
     setUpTrend(*m_trend);
@@ -34,7 +35,7 @@ ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& sett
 ChartOutput::~ChartOutput() = default;
 
 Failure ChartOutput::write(const std::string& path, int width, int height) {
-    return writeChartFile(*m_trend, path, {width, height});
+    return writeChartFile(*m_trend, path, {width, height}, 1, &m_progress);
 }
 
 } // namespace pellam

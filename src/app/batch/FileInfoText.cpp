@@ -1,5 +1,7 @@
 #include "app/batch/FileInfoText.h"
 
+#include "base/Utf8.h"
+
 #include <algorithm>
 
 namespace pellam {
@@ -27,7 +29,7 @@ class Facts {
     void add(const char* key, std::string value) {
         std::replace_if(
             value.begin(), value.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-        m_text += std::string(key) + ": " + value + '\n';
+        m_text += std::string(key) + ": " + toUtf8(value) + '\n';
     }
 
     void add(const char* key, std::int64_t value) { add(key, std::to_string(value)); }

@@ -14,7 +14,8 @@ struct StoredSession {
 };
 
 /// The facts of a loaded file or session, one "key: value" a line, and one "channel: LABEL" for
-/// each of its channels in the order of the grid. Line breaks within a value are blanks.
+/// each of its channels in the order of the grid. Line breaks within a value are blanks; all
+/// is UTF-8, whatever the file is in.
 std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
                          const StoredSession& stored = {});
 

@@ -281,11 +281,11 @@ void CMainFrame::ExportData() {
 }
 
 void CMainFrame::ExportCSV(const QString& path) {
-    m_export->writeCsv(path);
+    m_export->write(path, GridWriter::Form::Csv);
 }
 
 void CMainFrame::ExportTXT(const QString& path) {
-    m_export->writeTxt(path);
+    m_export->write(path, GridWriter::Form::Txt);
 }
 
 int CMainFrame::ConvertFile(const QString& path) {

@@ -62,7 +62,7 @@ void CReplayFile::open() {
     std::erase(m_fileName, '"');
     auto reader = std::make_unique<LineReader>();
     if (nameContains(m_fileName, ".dlx") || reader->open(m_fileName)) {
-        m_messages.show("Warning: Can not open replay file");
+        m_messages.showAbout(m_fileName, "Warning: Can not open replay file");
         return;
     }
     m_reader = std::move(reader);

@@ -1,5 +1,6 @@
 #include "replay/load/FileLoader.h"
 
+#include "base/FileName.h"
 #include "grid/TimeColumn.h"
 #include "replay/load/AxisGrouping.h"
 #include "replay/load/BinaryLoader.h"
@@ -67,17 +68,6 @@ LoadOutcome FileLoader::route(const std::string& path) {
     if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
     if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
-}
-
-std::string FileLoader::extensionOf(const std::string& path) {
-    const std::size_t name = path.find_last_of("/\\") + 1;
-    const std::size_t point = path.rfind('.');
-    if (point == std::string::npos || point < name) return {};
-    std::string extension = path.substr(point + 1);
-    for (char& c : extension) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return extension;
 }
 
 } // namespace pellam

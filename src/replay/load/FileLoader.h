@@ -38,10 +38,6 @@ class FileLoader {
     /// context's sink. A refused or failed load leaves the grid empty.
     LoadOutcome load(const std::string& path);
 
-    /// The extension after the last '.', in lower case, of the name after the last folder
-    /// separator; empty when there is none.
-    static std::string extensionOf(const std::string& path);
-
   private:
     LoadOutcome route(const std::string& path);
 

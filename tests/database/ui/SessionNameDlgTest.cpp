@@ -53,7 +53,7 @@ class SessionNameDlgTest : public testing::Test {
         auto* field = box(name);
         field->setFocus();
         QTest::keyClick(field, Qt::Key_F4);
-        QTest::qWait(1);
+        EXPECT_TRUE(QTest::qWaitFor([field] { return field->view()->isVisible(); })) << name;
         field->hidePopup();
         return print(name);
     }
