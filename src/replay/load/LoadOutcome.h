@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Failure.h"
+#include "replay/load/PassedOver.h"
 
 #include <cstdint>
 #include <string>
@@ -19,9 +19,10 @@ struct LoadOutcome {
     std::int64_t fileSize = 0; ///< bytes
     std::int64_t rows = 0;
     int channels = 0;
-    std::int64_t damagedLines = 0;
-    std::string firstTime; ///< time text of the first row; empty when it has none
-    std::string lastTime;  ///< the same of the last row
+    std::int64_t damagedLines = 0; ///< failed their check; loaded, in dark red
+    PassedOver passedOver;         ///< what of the file stands in no cell
+    std::string firstTime;         ///< time text of the first row; empty when it has none
+    std::string lastTime;          ///< the same of the last row
 
     // Header facts of a replay file; defaults for every other kind.
     int cryptState = 0;
