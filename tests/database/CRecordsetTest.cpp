@@ -1,5 +1,5 @@
 #include "database/odbc/DataSources.h"
-#include "database/sessions/CDBDataHeader.h"
+#include "database/sessions/SessionTables.h"
 
 #include "OdbcSetup.h"
 

@@ -5,10 +5,7 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "database/odbc/BackgroundCall.h"
-#include "database/sessions/CDBDataData1.h"
-#include "database/sessions/CDBDataData2.h"
-#include "database/sessions/CDBDataData3.h"
-#include "database/sessions/CDBDataDetails.h"
+#include "database/sessions/SessionTables.h"
 
 namespace pellam {
 namespace {

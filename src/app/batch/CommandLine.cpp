@@ -117,11 +117,11 @@ class Parser {
         return false;
     }
 
-    void takeTime(std::string_view name, const std::string& text, CMyTime& time) {
+    void takeTime(std::string_view name, const std::string& text, CTime& time) {
         const auto read = sessionTime(text);
         if (!read && !text.empty())
             fail(name, "needs a date and time such as 2024/03/31,09:30:00, not " + text);
-        time = read.value_or(CMyTime());
+        time = read.value_or(CTime());
     }
 
     void takeDumpOption(std::string_view name, CDumpDBD::Option option) {

@@ -28,10 +28,14 @@ SqlFailure CDatabase::OpenEx(const std::string& connect, Options) {
         },
         limit);
     if (!ended && std::chrono::steady_clock::now() - start < limit)
-        return SqlError{"HY008", 0, "The connection was stopped."};
+        return SqlError{"HY008", 0, "The connection was stopped.", true};
     if (!ended) return SqlError{"HYT01", 0, "The database did not answer."};
     if (!attempt->failure) m_connection = attempt->connection;
     return attempt->failure;
+}
+
+bool CDatabase::hasBackslashEscapes() const {
+    return m_connection && m_connection->hasBackslashEscapes();
 }
 
 void CDatabase::Close() {

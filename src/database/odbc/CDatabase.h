@@ -38,6 +38,9 @@ class CDatabase {
 
     [[nodiscard]] bool IsOpen() const { return m_connection != nullptr; }
 
+    /// Whether in a quoted text a backslash changes the character behind it; while open.
+    [[nodiscard]] bool hasBackslashEscapes() const;
+
     /// Disconnects; record sets on it that are still open keep the connection until they close.
     void Close();
 

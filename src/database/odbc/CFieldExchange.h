@@ -22,7 +22,7 @@ struct BoundField {
 /// time; a text loses its trailing white space.
 class CFieldExchange {
   public:
-    /// Longest text in bytes; what is longer is cut.
+    /// Longest text in characters; what is longer is cut.
     static constexpr std::size_t kLongestText = 255;
 
     /// Both the column's name, a literal, and the member outlive the record set's last move.

@@ -49,6 +49,19 @@ void OdbcConnection::readFacts() {
     const std::string product = info(SQL_DBMS_NAME);
     m_textTimes = product.starts_with("SQLite");
     forbidWriting(product);
+    // Settings of the server decide, whatever its name. Both readings of the two are one text.
+    m_backslashEscapes = answer("SELECT '\\\\'") == "\\";
+}
+
+std::string OdbcConnection::answer(const std::string& question) const {
+    std::array<char, 16> text{};
+    SQLLEN length = 0;
+    const OdbcHandle handle(SQL_HANDLE_STMT, m_connection.get());
+    const bool answered =
+        handle && SQL_SUCCEEDED(SQLExecDirect(handle.get(), sqlText(question), SQL_NTS)) &&
+        SQL_SUCCEEDED(SQLFetch(handle.get())) &&
+        SQL_SUCCEEDED(SQLGetData(handle.get(), 1, SQL_C_CHAR, text.data(), text.size(), &length));
+    return answered && length != SQL_NULL_DATA ? std::string(text.data()) : std::string();
 }
 
 void OdbcConnection::forbidWriting(const std::string& product) const {

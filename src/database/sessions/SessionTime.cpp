@@ -2,7 +2,6 @@
 
 #include <array>
 #include <chrono>
-#include <limits>
 
 namespace pellam {
 
@@ -30,7 +29,7 @@ std::optional<std::array<int, 6>> fields(std::string_view text) {
 
 } // namespace
 
-std::optional<CMyTime> sessionTime(std::string_view text) {
+std::optional<CTime> sessionTime(std::string_view text) {
     using namespace std::chrono;
     const auto numbers = fields(text);
     if (!numbers) return std::nullopt;
@@ -38,11 +37,12 @@ std::optional<CMyTime> sessionTime(std::string_view text) {
     const year_month_day date(year(y), month(static_cast<unsigned>(m)),
                               day(static_cast<unsigned>(d)));
     if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-    CMyTime time;
-    if (y <= 1970) return time;
-    if (y >= 2106) return CMyTime(std::numeric_limits<std::uint32_t>::max());
-    time.ParseDateTime(text);
-    return time;
+    return CTime{y,
+                 static_cast<std::uint8_t>(m),
+                 static_cast<std::uint8_t>(d),
+                 static_cast<std::uint8_t>(hour),
+                 static_cast<std::uint8_t>(minute),
+                 static_cast<std::uint8_t>(second)};
 }
 
 } // namespace pellam

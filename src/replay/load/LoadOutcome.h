@@ -11,8 +11,9 @@ namespace pellam {
 struct LoadOutcome {
     enum class Kind { Nothing, Data, Alarm, Delimited, Binary };
 
-    bool loaded = false;  ///< false: a message was shown and the grid is empty
-    bool aborted = false; ///< stopped by the person: what came before is in the grid
+    bool loaded = false;     ///< false: a message was shown and the grid is empty
+    bool aborted = false;    ///< stopped by the person: what came before is in the grid
+    bool incomplete = false; ///< the database failed: what came before is in the grid
     bool largeFile = false;
     Kind kind = Kind::Nothing;
     std::string path;          ///< the file opened; for a signature file the replay file it names

@@ -23,13 +23,23 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"line cut because it is too long", "lines cut because they are too long"},
      {"value without a channel", "values without a channel"},
      {"value that is neither number nor text", "values that are neither number nor text"},
-     {"record lost to damage", "records lost to damage", "at byte"}}};
+     {"record lost to damage", "records lost to damage", "at byte"},
+     {"channel with unreadable numbers", "channels with unreadable numbers", "in row"},
+     {"reading with unreadable numbers", "readings with unreadable numbers", "in row"},
+     {"reading without a time", "readings without a time", "in row"},
+     {"reading without a channel", "readings without a channel", "in row"}}};
 
 } // namespace
 
 bool PassedOver::empty() const {
     return std::all_of(m_entries.begin(), m_entries.end(),
                        [](const Entry& entry) { return entry.count == 0; });
+}
+
+void PassedOver::add(const PassedOver& other) {
+    for (std::size_t i = 0; i < kCauses; ++i)
+        if (const auto& [count, first] = other.m_entries[i]; count > 0)
+            add(static_cast<Cause>(i), first, count);
 }
 
 std::vector<std::string> PassedOver::texts() const {

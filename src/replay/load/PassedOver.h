@@ -23,9 +23,14 @@ class PassedOver {
         CutLine,             ///< longer than a line may be; the rest of it is left out
         ValueWithoutChannel, ///< no channel of the file is in its place
         UnreadableValue,     ///< neither number nor text
-        LostRecord           ///< of a binary file that is cut or damaged; its place is a byte
+        LostRecord,          ///< of a binary file that is cut or damaged; its place is a byte
+        // Of a database; their place is a row of the query, counted from 1.
+        UnreadableChannel,    ///< a channel's numbers do not fit
+        UnreadableReading,    ///< a reading's numbers do not fit
+        ReadingWithoutTime,   ///< a reading's time is missing or none
+        ReadingWithoutChannel ///< the session lists no channel for a reading
     };
-    static constexpr std::size_t kCauses = 11;
+    static constexpr std::size_t kCauses = 15;
 
     struct Entry {
         std::int64_t count = 0;
@@ -39,6 +44,9 @@ class PassedOver {
         if (entry.count == 0) entry.first = place;
         entry.count += count;
     }
+
+    /// Adds what another part of the load passed over.
+    void add(const PassedOver& other);
 
     [[nodiscard]] const Entry& of(Cause cause) const {
         return m_entries[static_cast<std::size_t>(cause)];
