@@ -14,20 +14,6 @@ bool asksForLogin(const SqlError& error) {
     return false;
 }
 
-// A value of a connection string: in braces anything may stand.
-std::string inBraces(std::string_view text) {
-    std::string value = "{";
-    for (const char c : text)
-        value.append(c == '}' ? 2 : 1, c);
-    return value += '}';
-}
-
-std::string withLogin(const std::string& connect, const Login& login) {
-    std::string text = connect;
-    if (!login.user.empty()) text += ";UID=" + inBraces(login.user);
-    return text + ";PWD=" + inBraces(login.password);
-}
-
 } // namespace
 
 bool DataSourceLogin::isName(std::string_view text) {
@@ -36,31 +22,34 @@ bool DataSourceLogin::isName(std::string_view text) {
 
 SqlError DataSourceLogin::notAName() {
     return {"IM010", 0,
-            "The name of a data source can not hold ';'. User and password belong into its "
-            "settings; where they are missing there, they are asked for."};
+            "The name of a data source can not hold ';'. User and password belong into the data "
+            "source's own settings."};
 }
 
 SqlFailure DataSourceLogin::open(CDatabase& database, const std::string& source,
                                  CDatabase::Options options) {
     if (!isName(source)) return notAName();
     std::string connect = "DSN=" + source;
+    const bool sqlite = isSqliteSource(source);
     // SQLite makes a file that is not there, unless it is told.
-    if (isSqliteSource(source)) connect += ";NoCreat=1";
+    if (sqlite) connect += ";NoCreat=1";
     const auto known = m_logins.find(source);
-    Login login = known == m_logins.end() ? Login{} : known->second;
+    Login login = known == m_logins.end() ? Login{userOfSource(source), {}} : known->second;
     SqlFailure failure =
-        database.OpenEx(known == m_logins.end() ? connect : withLogin(connect, login), options);
-    if (login.user.empty()) login.user = userOfSource(source);
+        known == m_logins.end() ? database.OpenEx(connect, options) : database.Open(source, login);
     for (bool again = false; failure && m_ask && asksForLogin(*failure); again = true) {
         const auto answer = m_ask({source, login.user, failure->text, again});
         if (!answer) {
             failure->stopped = true;
             break;
         }
-        login = *answer;
-        failure = database.OpenEx(withLogin(connect, login), options);
+        if (!answer->user.empty()) login.user = answer->user;
+        login.password = answer->password;
+        failure = database.Open(source, login);
         if (!failure) m_logins[source] = login;
     }
+    // SQLite's driver says no more than that it failed.
+    if (failure && sqlite) failure->text += ": " + fileOfSource(source);
     return failure;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/odbc/CDatabase.h"
+#include "database/odbc/Login.h"
 
 #include <functional>
 #include <map>
@@ -8,12 +9,6 @@
 #include <string>
 
 namespace pellam {
-
-/// A user of a database and his password.
-struct Login {
-    std::string user;
-    std::string password;
-};
 
 /// Opens data sources by their names. Where one asks for a user and a password that its settings do
 /// not have, they are asked for and kept in memory, nowhere else, while this object lives.

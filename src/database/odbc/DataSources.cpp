@@ -75,6 +75,10 @@ bool isSqliteSource(const std::string& name) {
     return namesSqlite(driver) || namesSqlite(setting(driver, "Driver", "odbcinst.ini"));
 }
 
+std::string fileOfSource(const std::string& name) {
+    return setting(name, "Database", "odbc.ini");
+}
+
 std::string userOfSource(const std::string& name) {
     for (const char* entry : {"UserName", "User", "UID"})
         if (std::string user = setting(name, entry, "odbc.ini"); !user.empty()) return user;

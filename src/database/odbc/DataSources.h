@@ -21,6 +21,9 @@ struct DataSource {
 /// Whether a data source's driver is SQLite's, by its settings.
 [[nodiscard]] bool isSqliteSource(const std::string& name);
 
+/// The file of an SQLite data source; empty when its settings name none.
+[[nodiscard]] std::string fileOfSource(const std::string& name);
+
 /// The user that a data source's settings name; empty when they name none.
 [[nodiscard]] std::string userOfSource(const std::string& name);
 

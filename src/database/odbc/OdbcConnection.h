@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/odbc/Login.h"
 #include "database/odbc/OdbcHandle.h"
 
 #include <string>
@@ -16,6 +17,8 @@ class OdbcConnection {
 
     /// Connects for reading only. May wait.
     SqlFailure open(const std::string& connect, int loginTimeout);
+    /// The same by a data source's name, with a user and a password.
+    SqlFailure open(const std::string& source, const Login& login, int loginTimeout);
 
     [[nodiscard]] const OdbcHandle& handle() const { return m_connection; }
 
@@ -29,6 +32,8 @@ class OdbcConnection {
     [[nodiscard]] bool hasTextTimes() const { return m_textTimes; }
 
   private:
+    template <class Connect>
+    SqlFailure connect(int loginTimeout, Connect how);
     [[nodiscard]] std::string info(SQLUSMALLINT item) const;
     void readFacts();
     /// What the server answers to a question for one text; empty when it does not.

@@ -135,6 +135,7 @@ void OdbcStatement::closeCursor() {
     SQLFreeStmt(m_handle.get(), SQL_CLOSE);
     m_good.clear();
     m_unread = {};
+    m_failure = {};
     m_seen = 0;
     m_atEnd = false;
 }
@@ -200,7 +201,7 @@ SqlFailure OdbcStatement::bind() {
 
 SqlFailure OdbcStatement::fetch() {
     m_good.clear();
-    SqlFailure failure;
+    SqlFailure failure = std::exchange(m_failure, {});
     while (!failure && m_good.empty() && !m_atEnd)
         failure = m_driverRows == 1 ? fetchOneByOne() : fetchBlock();
     return failure;
@@ -236,7 +237,12 @@ SqlFailure OdbcStatement::fetchOneByOne() {
         }
         const bool good = SQL_SUCCEEDED(result);
         const SqlError error = good ? SqlError{} : m_handle.error();
-        if (!good && !isDataError(error)) return error;
+        if (!good && !isDataError(error)) {
+            // What came before it is handed out first.
+            if (m_good.empty()) return error;
+            m_failure = error;
+            break;
+        }
         const std::size_t place = m_blockRows - 1 - m_good.size();
         auto* const first = reinterpret_cast<std::byte*>(m_block.data());
         if (good) std::memmove(first + m_rowSize * place, first, m_rowSize);

@@ -72,6 +72,7 @@ class OdbcStatement {
     SQLULEN m_fetched = 0;
     std::vector<std::size_t> m_good; ///< places in the block of the rows to read
     UnreadRows m_unread;
+    SqlFailure m_failure;    ///< that came behind the rows of the block
     std::int64_t m_seen = 0; ///< rows of the query so far
     bool m_bound = false;
     bool m_atEnd = false;
