@@ -42,8 +42,8 @@ std::string print(const CommandLine& line) {
     for (const std::string& given :
          {from.dataSource, from.session, from.site, from.job, from.schedule, from.label})
         if (!given.empty()) add("db:" + given);
-    for (const CMyTime& time : {from.start, from.end})
-        if (time != CMyTime()) add("time:" + time.FormatLocalNoDST("%Y/%m/%d,%H:%M:%S"));
+    for (const CTime& time : {from.start, from.end})
+        if (!time.isNull()) add("time:" + shown(time));
     if (line.database.list) add("list");
     for (const std::string& path : line.database.replays)
         add("replay:" + path);

@@ -59,6 +59,8 @@ TEST_F(SessionTest, StatusLine) {
          "<A,\"9lS\",G,<\"first\",\"u\",1,0,8,4,1>><B>"},
         {"by label", "A|-1|5|a|u|2|S|J\nA|-1|5|b|v|2|S|J\n",
          "<A,\"5lS\",G,<\"a\",\"u\",1,0,8,4,1>,<\"b\",\"v\",1,0,8,4,1>><B>"},
+        {"what would end a channel", "A|0|5|a<b>|<u>,v|2|S|J\n",
+         "<A,\"5lS\",G,<\"a[b]\",\"[u],v\",1,0,8,4,1>><B>"},
         {"a longer name has no entry", "AB|0|5|a|u|2|S|J\n", "<A><B,\"5lS\",G>"},
         {"rates", "B|0|4294967295|a|u|2|S|J\n",
          "<A><B,\"4294967295lS\",G,<\"a\",\"u\",1,0,8,4,1>>"},
@@ -92,6 +94,8 @@ TEST_F(SessionTest, DataLines) {
          "D,1,10:00:00,0.000000,1:AB,0,0.,$4l,5.,$0l"},
         {"the first address", "4|10:00:00|0|A|0|a|1|0\n5|10:00:00|0|A|1|b|2|0\n",
          "D,4,10:00:00,0.000000,1:A,0,1.,$0l,2.,$0l"},
+        {"what would end a field", "4,5|10:00:00|0|A|0|a|1|0\n",
+         "D,4.5,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l"},
         {"no address", "\xC3\xBE|10:00:00|0|A|0|a|1|0\n\xFE|10:00:01|0|A|0|a|1|0\n",
          "D,0,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l D,0,10:00:01,0.000000,1:A,0,1.,$0l,0.,$4l"},
         {"by label",
@@ -121,6 +125,8 @@ TEST_F(SessionTest, DataLines) {
         for (std::string line; std::getline(shown, line, ' ');)
             expected += line.insert(line.find(',', 2) + 1, "2008/02/25,") + ":\n";
         EXPECT_EQ(lines({name, "Run"}), expected) << name;
+        const bool nulls = name == std::string("nulls");
+        EXPECT_EQ(passedOver.find("1 reading without a value, shown as 0") == 0, nulls) << name;
     }
 }
 

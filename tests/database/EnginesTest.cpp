@@ -72,7 +72,7 @@ std::string valuesInBlocks(CDatabase& database, std::size_t block) {
     if (const SqlFailure failure = rows.Open(CRecordset::forwardOnly)) return failure->text;
     std::string all;
     while (!rows.IsEOF()) {
-        all += std::to_string(static_cast<int>(rows.m_data_value)) + ":" +
+        all += std::to_string(static_cast<int>(rows.m_data_value.value_or(-1))) + ":" +
                std::to_string(rows.m_data_status) + rows.m_label + " ";
         if (const SqlFailure failure = rows.MoveNext()) return all + failure->text;
     }

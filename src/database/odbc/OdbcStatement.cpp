@@ -95,7 +95,7 @@ OdbcStatement::OdbcStatement(std::shared_ptr<OdbcConnection> connection,
 }
 
 OdbcStatement::Kind OdbcStatement::kindOf(const BoundField& field) {
-    constexpr std::array kinds{Kind::Long, Kind::Double, Kind::Text, Kind::Time};
+    constexpr std::array kinds{Kind::Long, Kind::Double, Kind::Text, Kind::Time, Kind::Double};
     return kinds[field.member.index()];
 }
 
@@ -294,7 +294,11 @@ void OdbcStatement::read(std::size_t row, const std::vector<BoundField>& fields)
                 null ? 0 : static_cast<std::int32_t>(numberIn<std::int64_t>(value));
             break;
         case Kind::Double:
-            *std::get<double*>(member) = null ? 0.0 : numberIn<double>(value);
+            if (double* const* const number = std::get_if<double*>(&member))
+                **number = null ? 0.0 : numberIn<double>(value);
+            else
+                *std::get<std::optional<double>*>(member) =
+                    null ? std::nullopt : std::optional(numberIn<double>(value));
             break;
         case Kind::Text:
             std::get<std::string*>(member)->assign(null ? std::string_view()

@@ -175,8 +175,8 @@ SqlFailure CSessionFromDatabase::AddChannelDetails(CDBDataDetails& details, char
         details.IsOpen() ? details.Requery() : details.Open(CRecordset::forwardOnly);
     if (failure || details.IsEOF()) return failure;
     schedule.setEntry(channel);
-    text.append(",<\"").append(details.m_label).append("\",\"").append(details.m_units);
-    text.append("\",").append(typeCode(details.m_value_type)).append(",0,8,4,1>");
+    appendChannelTexts(details.m_label, details.m_units, text.append(",<"));
+    text.append(",").append(typeCode(details.m_value_type)).append(",0,8,4,1>");
     return {};
 }
 
@@ -223,7 +223,8 @@ void CSessionFromDatabase::takeReading(const CDBDataData3& row, std::int64_t num
     Session_Channel_Info* channel = slotOf(letter).find(row.m_schedule_index, row.m_label);
     if (!channel || !channel->hasEntry)
         return m_passedOver.add(Cause::ReadingWithoutChannel, number);
-    channel->value = row.m_data_value;
+    if (!row.m_data_value) m_passedOver.add(Cause::ReadingWithoutValue, number);
+    channel->value = row.m_data_value.value_or(0);
     channel->status = row.m_data_status;
 }
 

@@ -57,7 +57,7 @@ class CDBDataData3 : public CRecordset {
     std::string m_address;
     std::int32_t m_data_status = 0;
     CTime m_data_time;
-    double m_data_value = 0.0;
+    std::optional<double> m_data_value; ///< nothing: a null
     std::string m_schedule;
     std::int32_t m_schedule_index = 0; ///< its channel's position in the schedule
     std::int32_t m_sub_time = 0;       ///< sub-second part of the time

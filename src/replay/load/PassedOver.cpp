@@ -27,7 +27,8 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"channel with unreadable numbers", "channels with unreadable numbers", "in row"},
      {"reading with unreadable numbers", "readings with unreadable numbers", "in row"},
      {"reading without a time", "readings without a time", "in row"},
-     {"reading without a channel", "readings without a channel", "in row"}}};
+     {"reading without a channel", "readings without a channel", "in row"},
+     {"reading without a value, shown as 0", "readings without a value, shown as 0", "in row"}}};
 
 } // namespace
 

@@ -25,12 +25,13 @@ class PassedOver {
         UnreadableValue,     ///< neither number nor text
         LostRecord,          ///< of a binary file that is cut or damaged; its place is a byte
         // Of a database; their place is a row of the query, counted from 1.
-        UnreadableChannel,    ///< a channel's numbers do not fit
-        UnreadableReading,    ///< a reading's numbers do not fit
-        ReadingWithoutTime,   ///< a reading's time is missing or none
-        ReadingWithoutChannel ///< the session lists no channel for a reading
+        UnreadableChannel,     ///< a channel's numbers do not fit
+        UnreadableReading,     ///< a reading's numbers do not fit
+        ReadingWithoutTime,    ///< a reading's time is missing or none
+        ReadingWithoutChannel, ///< the session lists no channel for a reading
+        ReadingWithoutValue    ///< a reading's value is missing: 0 stands in its place
     };
-    static constexpr std::size_t kCauses = 15;
+    static constexpr std::size_t kCauses = 16;
 
     struct Entry {
         std::int64_t count = 0;
