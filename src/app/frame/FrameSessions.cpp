@@ -10,6 +10,7 @@
 #include "database/ui/WorkEvent.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/ProfileKeys.h"
+#include "settings/SettingsStore.h"
 #include "ui/dialogs/CConnectionStatus.h"
 #include "views/grid/CGridView.h"
 
@@ -35,11 +36,11 @@ FrameSessions::FrameSessions(const Context& context)
 }
 
 std::optional<SessionRequest> FrameSessions::ask() {
-    auto& app = m_context.app;
+    auto& settings = m_context.app.settings();
     CSessionNameDlg dialog(
-        {[&app] { return app.GetProfileString(profile::kSection, profile::kLastDsn); },
-         [&app](const QString& name) {
-             app.WriteProfileString(profile::kSection, profile::kLastDsn, name);
+        {[&settings] { return settings.GetProfileString(profile::kSection, profile::kLastDsn); },
+         [&settings](const QString& name) {
+             settings.WriteProfileString(profile::kSection, profile::kLastDsn, name);
          },
          m_context.messages, m_login, m_context.corrections.standardBias,
          m_context.corrections.daylightBias},
