@@ -174,7 +174,7 @@ TEST_F(SessionTest, BadInput) {
         {"no column", "Run", false, "=", true},
         {"nothing logged;UID=me;PWD=secret", "Run", false, "=", true},
         {"gone", "Run", false, "=", true},
-        {"no data column", "Run", true, aborted, true},
+        {"no data column", "Run", false, aborted, true},
         {"nothing logged", "Run", true, "", false},
         {"nothing logged", "Ran", false, none, false},
         {"nothing logged", "100%", false, none, false},

@@ -291,7 +291,7 @@ TEST_P(Servers, KilledInTheMiddleOfALoad) {
     test::RecordedMessages messages;
     DataSourceLogin login;
     CSessionFromDatabase session({messages, progress, call, login});
-    EXPECT_TRUE(session.CreateFileFromDatabaseSession({source(), "Long"}));
+    EXPECT_EQ(session.CreateFileFromDatabaseSession({source(), "Long"}), postgres);
     EXPECT_EQ(messages.texts, "Warning: Database exception. Load aborted.\n");
     EXPECT_TRUE(session.LastError());
     const std::string text = ScratchFolder::contents(session.TempFileName());

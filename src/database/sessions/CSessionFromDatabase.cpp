@@ -63,7 +63,7 @@ bool CSessionFromDatabase::writeSession() {
     if (header) ConstructData();
     m_file.close();
     if (!failure) failure = m_file.error();
-    if (!failure) return header && !UserAborted();
+    if (!failure) return header && !UserAborted() && (m_hasLines || !m_error);
     m_error = SqlError{"", 0,
                        "Warning: " + failure.text() +
                            " Make room there, or name another folder in TMPDIR."};
@@ -242,6 +242,7 @@ void CSessionFromDatabase::BuildActiveLine(const std::string& schedule, std::str
     for (const Session_Channel_Info& channel : slotOf(letter).channels())
         if (channel.hasEntry) appendValue(channel, line);
     line += ":\n";
+    m_hasLines = true;
     WriteToFile(line);
 }
 

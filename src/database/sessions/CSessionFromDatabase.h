@@ -47,8 +47,9 @@ class CSessionFromDatabase {
     CSessionFromDatabase& operator=(const CSessionFromDatabase&) = delete;
 
     /// Writes the session. True when the file is complete, or as far as the database went before
-    /// it failed among the readings, which LastError() tells; false when it holds nothing or could
-    /// not be written, or the person stopped it. The request has the person's wildcards, '*' and
+    /// it failed among the readings, which LastError() tells; false when it failed before the first
+    /// line of them, when nothing fits or the file could not be written, or the person stopped it.
+    /// The request has the person's wildcards, '*' and
     /// '?'.
     bool CreateFileFromDatabaseSession(const SessionRequest& request);
 
@@ -121,6 +122,7 @@ class CSessionFromDatabase {
     // The line that is being made, and the reading that it began with.
     std::string m_line;
     bool m_linePending = false;
+    bool m_hasLines = false; ///< one was written
     CTime m_lineTime;
     std::int32_t m_lineSubTime = 0;
     std::string m_lineSchedule;

@@ -159,7 +159,7 @@ TEST_F(SessionNameDlgTest, WhatWasPickedGoesWithItsSession) {
     EXPECT_EQ(fields(), "A* * *");
     type("Session", "Run1");
     EXPECT_EQ(fields(), "A* * *");
-    EXPECT_EQ(list("Job"), "[North] *") << "of the typed site";
+    EXPECT_EQ(list("Job"), "[North] Norther *") << "of the typed site";
     type("Site", "C");
     EXPECT_EQ(list("Job"), "[South] *");
     EXPECT_EQ(print("Schedule"), "[*] B");
