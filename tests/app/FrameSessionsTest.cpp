@@ -83,7 +83,8 @@ TEST_F(FrameSessionsTest, RowsBeforeAFailureCarryARemark) {
     test::SessionRows rows;
     rows.channels("Run", "A|0|60|Temp|degC|1|North|Dip\n");
     rows.readings("Run", "0|2024-03-31 02:30:00|0|A|0|Temp|1|0|North|Dip\n"
-                         "0|2024-03-31 02:31:00|0|A|0|Temp|3|0|North|Dip\n");
+                         "0|2024-03-31 02:31:00|0|A|0|Temp|2|0|North|Dip\n"
+                         "0|2024-03-31 02:32:00|0|A|0|Temp|3|0|North|Dip\n");
     m_odbc.addSqlite("Torn", rows.sql() + test::SessionRows::failingAt(3));
     auto& frame = start();
     DialogScript dialogs;

@@ -209,6 +209,7 @@ SqlFailure OdbcStatement::fetch() {
 
 SqlFailure OdbcStatement::fetchBlock() {
     m_fetched = 0;
+    std::fill(m_rowStatus.begin(), m_rowStatus.end(), SQLUSMALLINT{SQL_ROW_NOROW});
     const SQLRETURN result = SQLFetch(m_handle.get());
     if (result == SQL_NO_DATA) {
         m_atEnd = true;
@@ -216,13 +217,20 @@ SqlFailure OdbcStatement::fetchBlock() {
     }
     const SqlError error = result == SQL_SUCCESS ? SqlError{} : m_handle.error();
     const std::size_t rows = std::min<std::size_t>(m_fetched, m_driverRows);
-    if (!SQL_SUCCEEDED(result) && (rows == 0 || !isDataError(error))) return error;
+    bool failed = !SQL_SUCCEEDED(result) && (rows == 0 || !isDataError(error));
     for (std::size_t row = 0; row < rows; ++row) {
-        const bool good = result == SQL_SUCCESS || m_rowStatus[row] != SQL_ROW_ERROR;
-        if (!good && !isDataError(error)) return error;
+        const SQLUSMALLINT status = m_rowStatus[row];
+        const bool sure = status == SQL_ROW_SUCCESS || status == SQL_ROW_SUCCESS_WITH_INFO;
+        const bool good = sure || (SQL_SUCCEEDED(result) && status != SQL_ROW_ERROR);
+        failed = failed || (!good && !isDataError(error));
+        if (failed && !good) break;
         takeRow(row, good);
         if (!good) leaveOut(error);
     }
+    if (!failed) return {};
+    if (m_good.empty()) return error;
+    // What came before it is handed out first.
+    m_failure = error;
     return {};
 }
 
