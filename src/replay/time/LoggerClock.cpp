@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cmath>
 #include <cstring>
 #include <ctime>
@@ -14,22 +13,10 @@ namespace pellam {
 namespace {
 
 constexpr std::int64_t kWindow = 900;
-constexpr std::int64_t kDay = 86400;
 
 std::int64_t floorTo(std::int64_t value, std::int64_t step) {
     const std::int64_t rest = value % step;
     return value - (rest < 0 ? rest + step : rest);
-}
-
-char* writeDate(char* out, std::int64_t local) {
-    const std::chrono::sys_days days{std::chrono::days{floorTo(local, kDay) / kDay}};
-    const std::chrono::year_month_day date{days};
-    return pellam::writeDate(out, int{date.year()}, unsigned{date.month()}, unsigned{date.day()});
-}
-
-char* writeTime(char* out, std::int64_t local) {
-    const auto second = static_cast<unsigned>(local - floorTo(local, kDay));
-    return pellam::writeTime(out, second / 3600, second / 60 % 60, second % 60);
 }
 
 // Beyond this many seconds either side of 1970 a year has more than five digits.
@@ -69,9 +56,7 @@ std::string_view LoggerClock::dateTime(std::string_view field, char separator, B
             fraction.substr(0, std::min<std::size_t>(31, fraction.find_first_not_of("0123456789")));
     }
     const std::int64_t local = displayed(seconds + TimeCorrections::dtOffset);
-    char* out = writeDate(buffer.data(), local);
-    *out++ = ' ';
-    out = writeTime(out, local);
+    char* out = writeDateTime(buffer.data(), local);
     if (!fraction.empty()) {
         *out++ = separator;
         // Six digits at least: a shorter number of them would count microseconds.
@@ -84,15 +69,15 @@ std::string_view LoggerClock::dateTime(std::string_view field, char separator, B
 }
 
 std::string_view LoggerClock::date(double days, Buffer& buffer) {
-    const double seconds = days * static_cast<double>(kDay) + TimeCorrections::dtOffset;
+    const double seconds = days * 86'400.0 + TimeCorrections::dtOffset;
     if (!(std::abs(seconds) < kFarthest)) return {};
-    const char* out = writeDate(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
+    const char* out = writeDateOf(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
     return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 
 std::string_view LoggerClock::timeOfDay(double seconds, Buffer& buffer) {
     if (!(std::abs(seconds) < kFarthest)) return {};
-    const char* out = writeTime(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
+    const char* out = writeTimeOf(buffer.data(), displayed(static_cast<std::int64_t>(seconds)));
     return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 
