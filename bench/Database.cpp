@@ -161,7 +161,8 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     SilentProgress progress;
     AllChannels chooser;
     TimeCorrections corrections;
-    CSessionFromDatabase session({messages, progress, call, corrections});
+    DataSourceLogin login;
+    CSessionFromDatabase session({messages, progress, call, login});
     const auto path = writeSession(session, source);
     if (!path) {
         std::fprintf(stderr, "%s\n", session.LastError() ? session.LastError()->text.c_str() : "?");

@@ -7,6 +7,13 @@
 namespace pellam {
 namespace {
 
+std::string shown(const CTime& time) {
+    char text[48];
+    char* end = time.writeDate(text);
+    *end++ = ',';
+    return {text, time.writeTime(end)};
+}
+
 /// Parses arguments separated by blanks; "''" stands for an empty one.
 CommandLine parse(const std::string& text) {
     std::istringstream stream(text);
@@ -42,8 +49,8 @@ std::string print(const CommandLine& line) {
     for (const std::string& given :
          {from.dataSource, from.session, from.site, from.job, from.schedule, from.label})
         if (!given.empty()) add("db:" + given);
-    for (const CMyTime& time : {from.start, from.end})
-        if (time != CMyTime()) add("time:" + time.FormatLocalNoDST("%Y/%m/%d,%H:%M:%S"));
+    for (const CTime& time : {from.start, from.end})
+        if (!time.isNull()) add("time:" + shown(time));
     if (line.database.list) add("list");
     for (const std::string& path : line.database.replays)
         add("replay:" + path);

@@ -115,9 +115,18 @@ bool BatchCommand::load() {
     const auto saveFolder = [this] {
         return QFile::encodeName(pellam::saveFolder(m_settings)).toStdString();
     };
-    FileLoader loader({m_grid, m_international, m_corrections, m_messages, m_progress, m_chooser,
-                       false, saveFolder});
+    FileLoader loader({m_grid,
+                       m_international,
+                       m_corrections,
+                       m_messages,
+                       m_progress,
+                       m_chooser,
+                       false,
+                       saveFolder,
+                       {},
+                       stored});
     m_outcome = loader.load(stored ? m_session.path() : m_line.file);
+    if (stored) m_session.complete(m_outcome);
     m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
     if (m_outcome.aborted) {
         m_messages.show(Failure{Failure::Kind::Aborted, source, -1, {}}.text());

@@ -166,7 +166,7 @@ void CommandReader::takeFormat() {
     takeText(m_line.format);
 }
 
-void CommandReader::takeTime(CMyTime& time) {
+void CommandReader::takeTime(CTime& time) {
     const std::string text(m_value);
     const auto read = sessionTime(text);
     if (!read)

@@ -36,7 +36,7 @@ class CommandReader {
     void takeDump();
     /// The form of exports whose name does not tell it.
     void takeFormat();
-    void takeTime(CMyTime& time);
+    void takeTime(CTime& time);
     /// The size of the chart.
     void takeSize();
 

@@ -63,6 +63,9 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
     facts.add("rows", grid.rowCount());
     facts.add("channels", grid.channelCount());
     facts.add("damaged lines", outcome.damagedLines);
+    if (outcome.incomplete) facts.add("incomplete", "the database failed while it was read");
+    for (const std::string& cause : outcome.passedOver.texts())
+        facts.add("passed over", cause);
     for (int i = 1; i <= grid.channelCount(); ++i)
         facts.add("channel", grid.column(i).label());
     return facts.text();

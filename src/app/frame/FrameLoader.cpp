@@ -87,14 +87,22 @@ LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOut
 }
 
 LoadOutcome FrameLoader::read(const QString& path) {
+    return read(QFile::encodeName(path).toStdString(), false);
+}
+
+LoadOutcome FrameLoader::readSession(const std::string& path) {
+    return read(path, true);
+}
+
+LoadOutcome FrameLoader::read(const std::string& path, bool session) {
     DialogChooser chooser(m_context.window, progress());
     const auto saveFolder = [this] {
         return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
     FileLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
                        m_context.messages, progress(), chooser, false, saveFolder,
-                       m_context.openPreferences});
-    return loader.load(QFile::encodeName(path).toStdString());
+                       m_context.openPreferences, session});
+    return loader.load(path);
 }
 
 CConnectionStatus& FrameLoader::progress() {

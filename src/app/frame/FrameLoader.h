@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <string>
 
 class QWidget;
 
@@ -45,9 +46,11 @@ class FrameLoader : public QObject {
     LoadOutcome load(const QString& path);
 
     /// Runs `work`, which fills the store, with the page stopped before and shown after it; the
-    /// page gets `name`. Refused as load() is. For `work`, read() loads a file.
+    /// page gets `name`. Refused as load() is. For `work`, read() loads a file and readSession()
+    /// the replay text of a database session.
     LoadOutcome onPage(const QString& name, const std::function<LoadOutcome()>& work);
     LoadOutcome read(const QString& path);
+    LoadOutcome readSession(const std::string& path);
 
     /// The progress window, shared by all long operations of the main window.
     CConnectionStatus& progress();
@@ -57,6 +60,8 @@ class FrameLoader : public QObject {
     void stop();
 
   private:
+    LoadOutcome read(const std::string& path, bool session);
+
     Context m_context;
     CConnectionStatus* m_progress = nullptr;
     bool m_loading = false;

@@ -45,9 +45,10 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session
     const bool loaded = outcome.loaded;
     const auto path = session.isEmpty() ? QFile::decodeName(outcome.path.c_str()) : session;
     const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
-    set(m_stopped, !outcome.aborted ? QString()
-                   : loaded         ? tr("Load stopped: the file goes on")
-                                    : tr("Load stopped"));
+    set(m_stopped, outcome.incomplete ? tr("Load aborted: the session goes on")
+                   : !outcome.aborted ? QString()
+                   : loaded           ? tr("Load stopped: the file goes on")
+                                      : tr("Load stopped"));
     set(m_rows, loaded ? tr("Rows: %1").arg(locale.toString(qlonglong(outcome.rows))) : QString());
     set(m_channels, loaded ? tr("Channels: %1").arg(outcome.channels) : QString());
     set(m_damaged, loaded

@@ -26,6 +26,7 @@ struct LoadContext {
     std::function<std::string()> saveFolder = {};
     /// Lets the person set that folder; absent where nobody can be asked.
     std::function<void()> askSaveFolder = {};
+    bool storedSession = false; ///< the file is a database session's: messages call it so
 };
 
 /// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,

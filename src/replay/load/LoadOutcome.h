@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Failure.h"
+#include "replay/load/PassedOver.h"
 
 #include <cstdint>
 #include <string>
@@ -11,15 +11,17 @@ namespace pellam {
 struct LoadOutcome {
     enum class Kind { Nothing, Data, Alarm, Delimited, Binary };
 
-    bool loaded = false;  ///< false: a message was shown and the grid is empty
-    bool aborted = false; ///< stopped by the person: what came before is in the grid
+    bool loaded = false;     ///< false: a message was shown and the grid is empty
+    bool aborted = false;    ///< stopped by the person: what came before is in the grid
+    bool incomplete = false; ///< the database failed: what came before is in the grid
     bool largeFile = false;
     Kind kind = Kind::Nothing;
     std::string path;          ///< the file opened; for a signature file the replay file it names
     std::int64_t fileSize = 0; ///< bytes
     std::int64_t rows = 0;
     int channels = 0;
-    std::int64_t damagedLines = 0;
+    std::int64_t damagedLines = 0; ///< failed their check; loaded, in dark red
+    PassedOver passedOver;         ///< what of the file stands in no cell
     /// Time of the first row as year/month/day hours:minutes:seconds with its fraction, a time of
     /// day alone or elapsed seconds where the file has no more; empty when it can't be read.
     std::string firstTime;

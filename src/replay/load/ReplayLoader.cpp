@@ -55,7 +55,9 @@ LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
         readReadings(file, *columns, outcome);
     }
     if (m_context.grid.rowCount() == 0 && !outcome.aborted) {
-        m_context.messages.show("Attention: There are no readings in the replay file");
+        m_context.messages.show(m_context.storedSession
+                                    ? "Attention: There are no readings in the session"
+                                    : "Attention: There are no readings in the replay file");
         return outcome;
     }
     outcome.loaded = true;

@@ -1,6 +1,14 @@
-#include "database/sessions/CDBDataDetails.h"
+#include "database/sessions/SessionTables.h"
 
 namespace pellam {
+
+void CDBDataHeader::DoFieldExchange(CFieldExchange& exchange) {
+    exchange.bind("channel_count", m_channel_count);
+    exchange.bind("session_date", m_session_date);
+    exchange.bind("session_id", m_session_id);
+    exchange.bind("session_info", m_session_info);
+    exchange.bind("session_notes", m_session_notes);
+}
 
 void CDBDataDetails::DoFieldExchange(CFieldExchange& exchange) {
     exchange.bind("address", m_address);
@@ -18,6 +26,18 @@ void CDBDataDetails::DoFieldExchange(CFieldExchange& exchange) {
     exchange.bind("site_id", m_site_id);
     exchange.bind("units", m_units);
     exchange.bind("value_type", m_value_type);
+    exchange.bind("job", m_job);
+}
+
+void CDBDataData3::DoFieldExchange(CFieldExchange& exchange) {
+    exchange.bind("address", m_address);
+    exchange.bind("data_status", m_data_status);
+    exchange.bind("data_time", m_data_time);
+    exchange.bind("data_value", m_data_value);
+    exchange.bind("schedule", m_schedule);
+    exchange.bind("schedule_index", m_schedule_index);
+    exchange.bind("sub_time", m_sub_time);
+    exchange.bind("label", m_label);
     exchange.bind("job", m_job);
 }
 
