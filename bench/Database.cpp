@@ -170,7 +170,7 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     if (!intoGrid) return 0;
     InternationalSettings international;
     GridData grid('.');
-    FileLoader loader({grid, international, corrections, messages, progress, chooser});
+    FileLoader loader({grid, international, messages, progress, chooser});
     const LoadOutcome outcome = loader.load(*path);
     return static_cast<double>(outcome.rows) * outcome.channels;
 }

@@ -46,9 +46,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (fs::file_size(output) > 100 * size + 1000) __builtin_trap();
     }
     GridData grid;
-    const TimeCorrections corrections;
     AllChannels chooser;
-    LoadContext context{grid, international, corrections, messages, progress, chooser};
+    LoadContext context{grid, international, messages, progress, chooser};
     context.saveFolder = [] { return folder(); };
     BinaryLoader(context).load(file.path());
     return 0;

@@ -226,7 +226,7 @@ TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     GridData grid('.');
     InternationalSettings international;
     AllChannels all;
-    FileLoader loader({grid, international, corrections, messages, progress, all});
+    FileLoader loader({grid, international, messages, progress, all});
     ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
     EXPECT_EQ(gridText(grid), heading + first + second);
 }

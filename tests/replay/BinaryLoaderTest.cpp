@@ -14,7 +14,7 @@ class BinaryLoaderTest : public LoadTest {
 
     LoadOutcome loadBinary(const std::string& name) {
         messages.texts.clear();
-        LoadContext context{*grid, international, corrections, messages, progress, chooser};
+        LoadContext context{*grid, international, messages, progress, chooser};
         context.saveFolder = [this] { return saveFolder; };
         context.askSaveFolder = [this] { saveFolder = answer; };
         return FileLoader(context).load(folder.path(name));

@@ -22,7 +22,7 @@ class SignatureTest : public testing::Test {
     // What was shown, and the file that was opened in brackets.
     std::string opened(const std::string& path) {
         messages.texts.clear();
-        const CReplayFile file(path, messages, {});
+        const CReplayFile file(path, messages);
         EXPECT_EQ(file.isOpen(), !file.FileName().empty());
         return messages.texts + '[' + file.FileName() + ']';
     }

@@ -108,8 +108,8 @@ bool BatchCommand::load() {
         return m_settings.GetProfileString(profile::kSection.toStdString(),
                                            profile::kSaveFolder.toStdString());
     };
-    FileLoader loader({m_grid, m_international, m_corrections, m_messages, m_progress, m_chooser,
-                       false, saveFolder});
+    FileLoader loader(
+        {m_grid, m_international, m_messages, m_progress, m_chooser, false, saveFolder});
     m_outcome = loader.load(stored ? m_session.path() : m_line.file);
     m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
     if (m_outcome.aborted) {

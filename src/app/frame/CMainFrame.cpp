@@ -103,8 +103,8 @@ void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
     m_preview = new FramePreview(m_stack, *m_printing, *m_actions);
     connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
-    m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
-                                m_messages, [this] { OnFilePreferences(); }});
+    m_loader = new FrameLoader(
+        {this, m_app, *m_gridView, m_international, m_messages, [this] { OnFilePreferences(); }});
     m_sessions =
         new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
     m_export =

@@ -89,9 +89,8 @@ LoadOutcome FrameLoader::read(const QString& path) {
     const auto saveFolder = [this] {
         return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
-    FileLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
-                       m_context.messages, progress(), chooser, false, saveFolder,
-                       m_context.openPreferences});
+    FileLoader loader({m_context.page.data(), m_context.international, m_context.messages,
+                       progress(), chooser, false, saveFolder, m_context.openPreferences});
     return loader.load(QFile::encodeName(path).toStdString());
 }
 

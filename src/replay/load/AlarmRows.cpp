@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 7> kHeadings = {
 AlarmRows::AlarmRows(const LoadContext& context)
     : m_context(context),
       m_filler(context.grid),
-      m_timeHead(context.corrections, '.'),
+      m_timeHead('.'),
       m_colour(context.greyRows ? CellColour::Grey : CellColour::Black) {}
 
 void AlarmRows::DisplayAlarmLabels(GridData& grid) {

@@ -47,7 +47,7 @@ ReadingRows::ReadingRows(const LoadContext& context, const ColumnMap& columns, M
       m_columns(columns),
       m_mode(mode),
       m_filler(context.grid),
-      m_timeHead(context.corrections, context.grid.decimalSeparator()) {}
+      m_timeHead(context.grid.decimalSeparator()) {}
 
 void ReadingRows::DisplayDetails(std::string_view line, bool ok) {
     if (line.empty()) return;
@@ -172,24 +172,23 @@ bool ReadingRows::placeValue(std::string_view value, int column) {
 Cell ReadingRows::numberCell(std::string_view value, int index) {
     Column& column = m_context.grid.column(index);
     LoggerClock::Buffer buffer;
+    std::string_view text;
     switch (m_columns.kind(index)) {
     case ColumnKind::Date:
         if (value.find('/') != std::string_view::npos) break;
-        if (const auto days = parseDecimal(value, '.'))
-            return column.pack(m_timeHead.clock().date(*days, buffer));
+        if (const auto days = parseDecimal(value, '.')) text = LoggerClock::date(*days, buffer);
         break;
     case ColumnKind::Time:
         if (value.find(':') != std::string_view::npos) break;
-        if (const auto seconds = parseDecimal(value, '.')) {
-            return column.pack(m_timeHead.clock().timeOfDay(*seconds, buffer));
-        }
+        if (const auto seconds = parseDecimal(value, '.'))
+            text = LoggerClock::timeOfDay(*seconds, buffer);
         break;
     case ColumnKind::Numeric:
         return ValueText::fromPoint(value, column);
     case ColumnKind::Text:
         break;
     }
-    return column.pack(value);
+    return column.pack(text.empty() ? value : text);
 }
 
 } // namespace pellam

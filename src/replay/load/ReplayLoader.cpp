@@ -42,7 +42,7 @@ class Bar {
 LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
-    CReplayFile file(path, m_context.messages, m_context.corrections);
+    CReplayFile file(path, m_context.messages);
     if (!file.isOpen()) return outcome;
     readFacts(file, outcome);
     if (file.ContentsType() == 1) {
