@@ -147,6 +147,9 @@ TEST_F(ReplayFileTest, StripsTheMapToTheSchedulesOfTheData) {
         {",1:A", "h<A,", "h<A,:"},
         {",1:Z\n,1:@\n,1:L\n,1:", "h<A,\"q>", "h:"},
         {",1:B,0:A", "h<A><B,\"r>>>", "h<B,r>:"},
+        {",1:A\n,1:B", "h<B,\"b><C,\"c><A,\"a>", "h<A,a><B,b>:"},
+        {",1:X\n,1:S\n,1:A", "h,14;<S,\"s><A,\"a><X,\"x>", "h,14;<A,a><X,x><S,s>:"},
+        {",1:X", "h,14;<X,\"x><S,\"s>", "h,14;<X,x>:"},
         {",1:A", "h<B,\"r>", "="},
         {",1:A", "h,14;<A,\"r>", "="},
     };

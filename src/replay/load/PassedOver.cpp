@@ -19,7 +19,7 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"alarm among readings", "alarms among readings"},
      {"reading among alarms", "readings among alarms"},
      {"line of unknown kind", "lines of unknown kind"},
-     {"line that ends before its time or status", "lines that end before their time or status"},
+     {"line without time or status", "lines without time or status"},
      {"line cut because it is too long", "lines cut because they are too long"},
      {"value without a channel", "values without a channel"},
      {"value that is neither number nor text", "values that are neither number nor text"},

@@ -19,7 +19,7 @@ class PassedOver {
         AlarmLine,           ///< an alarm in a file of readings
         ReadingLine,         ///< a reading in a file of alarms
         UnknownLine,         ///< of no kind that the format knows
-        IncompleteLine,      ///< ends before its time or status
+        IncompleteLine,      ///< without time or status
         CutLine,             ///< longer than a line may be; the rest of it is left out
         ValueWithoutChannel, ///< no channel of the file is in its place
         UnreadableValue,     ///< neither number nor text
