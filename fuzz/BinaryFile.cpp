@@ -5,7 +5,7 @@
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
 #include "replay/load/AllChannels.h"
-#include "replay/load/BinaryLoader.h"
+#include "replay/load/ConversionLoader.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -49,6 +49,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     AllChannels chooser;
     LoadContext context{grid, international, messages, progress, chooser};
     context.saveFolder = [] { return folder(); };
-    BinaryLoader(context).load(file.path());
+    fs::remove(ConversionLoader(context).loadBinary(file.path()).converted);
     return 0;
 }

@@ -190,14 +190,19 @@ bool BatchCommand::drawCharts() {
 }
 
 bool BatchCommand::convert() {
-    return report(convertTaggedDownload(m_line.convert));
+    std::string output;
+    if (!report(convertTaggedDownloadBeside(m_line.convert, output))) return false;
+    if (output != taggedDownloadOutput(m_line.convert))
+        m_messages.show("Information: The conversion is " + output +
+                        "; another file has its usual name.");
+    return true;
 }
 
 bool BatchCommand::dump() {
     CDumpDBD dumper({m_international, m_messages, m_progress});
     const int result = dumper.dumpFile({m_line.file}, m_line.dump, m_line.dumpOptions);
     if (dumper.aborted()) return report({Failure::Kind::Aborted, m_line.dump, -1, {}});
-    return result == CDumpDBD::kDone;
+    return result == CDumpDBD::kDone && report(dumper.damage().failure(m_line.file));
 }
 
 int runBatch(const CommandLine& line) {

@@ -16,6 +16,8 @@ const char* nameOf(LoadOutcome::Kind kind) {
         return "delimited";
     case LoadOutcome::Kind::Binary:
         return "binary";
+    case LoadOutcome::Kind::Tagged:
+        return "tagged download";
     case LoadOutcome::Kind::Nothing:
         break;
     }
@@ -49,6 +51,7 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
         facts.add("data source", stored.dsn);
         facts.add("session", stored.session);
     }
+    if (!outcome.converted.empty()) facts.add("converted to", outcome.converted);
     facts.add("size", outcome.fileSize);
     facts.add("kind", nameOf(outcome.kind));
     facts.add("crypt state", outcome.cryptState);

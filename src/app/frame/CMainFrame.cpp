@@ -291,7 +291,8 @@ void CMainFrame::ExportTXT(const QString& path) {
 }
 
 int CMainFrame::ConvertFile(const QString& path) {
-    const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
+    std::string output;
+    const auto failure = convertTaggedDownloadBeside(QFile::encodeName(path).toStdString(), output);
     if (!failure) return 1;
     m_messages.show(failure.text());
     return 0;

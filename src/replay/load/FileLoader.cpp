@@ -1,7 +1,8 @@
 #include "replay/load/FileLoader.h"
 
+#include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
-#include "replay/load/BinaryLoader.h"
+#include "replay/load/ConversionLoader.h"
 #include "replay/load/DelimitedLoader.h"
 #include "replay/load/ReplayLoader.h"
 
@@ -11,12 +12,15 @@ namespace pellam {
 
 namespace {
 
+bool isReplay(LoadOutcome::Kind kind) {
+    return kind == LoadOutcome::Kind::Data || kind == LoadOutcome::Kind::Alarm;
+}
+
 // The first column of delimited text need not be the time.
 std::string timeOf(const GridData& grid, Row row, LoadOutcome::Kind kind) {
     if (row < 0) return {};
     const Column& times = grid.column(0);
-    const bool anyText = kind == LoadOutcome::Kind::Delimited || kind == LoadOutcome::Kind::Binary;
-    if (anyText && !times.cell(row).isTime()) return {};
+    if (!isReplay(kind) && !times.cell(row).isTime()) return {};
     CellBuffer buffer;
     return std::string(times.text(row, buffer));
 }
@@ -38,9 +42,8 @@ LoadOutcome FileLoader::load(const std::string& path) {
                                 ". Close other programs or load fewer channels.");
     }
     if (outcome.loaded) {
-        const bool replay =
-            outcome.kind == LoadOutcome::Kind::Data || outcome.kind == LoadOutcome::Kind::Alarm;
-        grid.setFractionUnit(replay ? FractionUnit::Microseconds : FractionUnit::DecimalPlaces);
+        grid.setFractionUnit(isReplay(outcome.kind) ? FractionUnit::Microseconds
+                                                    : FractionUnit::DecimalPlaces);
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
         outcome.firstTime = timeOf(grid, outcome.rows > 0 ? 0 : -1, outcome.kind);
@@ -58,12 +61,13 @@ LoadOutcome FileLoader::route(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
     if (extension == "dbr") return outcome;
+    if (extension == "dbd") return ConversionLoader(m_context).loadBinary(path);
+    if (isTaggedDownload(path)) return ConversionLoader(m_context).loadTagged(path);
     if (extension == "csv") {
         return DelimitedLoader(m_context, m_context.international.listSeparator)
             .ReadDelimFile(path);
     }
     if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
-    if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
 }
 
