@@ -1,12 +1,12 @@
 #include "app/batch/BatchCommand.h"
 
 #include "app/batch/ChartOutput.h"
-#include "app/batch/FileInfoText.h"
 #include "app/print/GridPdf.h"
 #include "base/Utf8.h"
 #include "export/GridWriter.h"
 #include "logger/CDumpDBD.h"
 #include "logger/TaggedDownload.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/FileLoader.h"
 #include "settings/ProfileKeys.h"
 
@@ -142,8 +142,13 @@ void BatchCommand::keepChosenColumns() {
 }
 
 bool BatchCommand::writeInfo() {
-    return report(writeOut(fileInfoText(
-        m_outcome, m_grid, {m_line.database.request.dataSource, m_line.database.request.session})));
+    const SessionRequest& request = m_line.database.request;
+    std::string text;
+    for (const FileFact& fact :
+         fileFacts(m_outcome, m_grid, {request.dataSource, request.session})) {
+        text += fact.name + ": " + fact.value + '\n';
+    }
+    return report(writeOut(text));
 }
 
 bool BatchCommand::report(const Failure& failure) {

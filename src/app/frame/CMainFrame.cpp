@@ -2,6 +2,7 @@
 
 #include "app/dialogs/AboutBox.h"
 #include "app/dialogs/CPreferences.h"
+#include "app/dialogs/PropertiesDialog.h"
 #include "app/dialogs/SettingsAnswers.h"
 #include "app/frame/CLumasetApp.h"
 #include "app/frame/CommandIds.h"
@@ -132,6 +133,7 @@ void CMainFrame::connectCommands() {
                   [this] { chartInFront() ? m_trendView->OnEditCopy() : m_gridView->copy(); });
     m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
     m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
+    m_actions->on(Command::Properties, [this] { OnFileProperties(); });
     m_actions->on(Command::Exit, [this] { close(); });
     m_actions->on(Command::SelectAllChannels, [this] { OnEditSelectAll(); });
     m_actions->on(Command::DeselectAllChannels, [this] { OnEditClearAll(); });
@@ -152,6 +154,8 @@ bool CMainFrame::chartInFront() const {
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
     connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
+    connect(m_status, &FrameStatusBar::detailsWanted, this,
+            [this] { OnFileProperties(QStringLiteral("passed over")); });
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
@@ -233,6 +237,7 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
 
 LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
     auto outcome = m_loader->load(path);
+    m_stored = {};
     showLoaded(path, outcome);
     return outcome;
 }
@@ -242,6 +247,7 @@ void CMainFrame::OnLoadFromDatabase() {
     OnViewDatagrid();
     if (const auto request = m_sessions->ask()) {
         const auto outcome = m_sessions->load(*request);
+        m_stored = {request->dataSource, request->session};
         showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
     }
     Grid()->clearSelection();
@@ -251,6 +257,7 @@ void CMainFrame::OnLoadFromDatabase() {
 void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
                             const QString& session) {
     m_file = outcome.loaded ? path : QString();
+    m_outcome = outcome;
     m_trendView->setFileName(m_gridView->fileName());
     m_status->showLoad(outcome, session);
     const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
@@ -306,6 +313,10 @@ void CMainFrame::OnFilePreferences() {
     CPreferences([this] { return m_app.storedSaveFolder(); },
                  [this](const QString& folder) { m_app.storeSaveFolder(folder); }, this)
         .exec();
+}
+
+void CMainFrame::OnFileProperties(const QString& marked) {
+    PropertiesDialog(fileFacts(m_outcome, m_data, m_stored), marked, this).exec();
 }
 
 void CMainFrame::OnClearXMessage() {

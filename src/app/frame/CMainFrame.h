@@ -2,6 +2,7 @@
 
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "ui/dialogs/WindowMessages.h"
@@ -89,6 +90,9 @@ class CMainFrame : public QMainWindow {
     /// Asks for a session stored in a database and loads it; cancelled, the data stays.
     void OnLoadFromDatabase();
     void OnFilePreferences();
+    /// Shows what is known of the loaded file. `marked`: the facts to begin with, see
+    /// PropertiesDialog.
+    void OnFileProperties(const QString& marked = {});
     void OnEditSelectAll();
     void OnEditClearAll();
     void OnViewDatagrid();
@@ -167,6 +171,8 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
+    LoadOutcome m_outcome;  ///< of what is on the grid
+    StoredSession m_stored; ///< where that came from when it was no file
     bool m_clipboardText = false;
     bool m_closeWhenLoaded = false;
 };

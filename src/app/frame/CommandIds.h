@@ -47,6 +47,7 @@ enum class Command : int {
     NextPage = 33007,
     PreviousPage = 33008,
     StripChart = 33009,
+    Properties = 33010,
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
 

@@ -39,6 +39,7 @@ const Entry kEntries[] = {
     {Print, "&Print...", "Ctrl+P", IconName::Print, "Print the page in front"},
     {PrintPreview, "Print Pre&view", "Ctrl+Alt+P", IconName::PrintPreview, "Show the page in front as it will be printed"},
     {Preferences, "Pre&ferences...", "", IconName::Preferences, "Choose the default save folder"},
+    {Properties, "P&roperties...", "Alt+Return", {}, "Show what is known of the loaded file, and what of it was passed over"},
     {Exit, "E&xit", "", {}, "Leave Pellam"},
 
     {Cut, "Cu&t", "Ctrl+X", IconName::Cut, "Copy the selected cells and empty them"},
@@ -107,6 +108,7 @@ void FrameActions::showState(const FrameState& state) {
     setEnabled({Export, ViewSpreadsheet, SelectAllChannels, DeselectAllChannels},
                state.hasData && !state.preview);
     const bool printable = state.gridPage ? state.hasData : state.hasChart;
+    setEnabled({Properties}, state.hasData);
     setEnabled({Print}, printable);
     setEnabled({PrintPreview}, printable && !state.preview);
     setEnabled({Find, FindNext, FindPrevious, GoTo}, state.hasData && onGrid);
@@ -175,8 +177,9 @@ void FrameActions::fillMenu(const QString& title, const QList<Command>& commands
 }
 
 void FrameActions::buildMenus() {
-    fillMenu(tr("&File"), {Open, OpenDatabase, kGap, Export, ViewSpreadsheet, kGap, Print,
-                           PrintPreview, kGap, Preferences, FirstRecentFile, kGap, Exit});
+    fillMenu(tr("&File"),
+             {Open, OpenDatabase, kGap, Export, ViewSpreadsheet, kGap, Print, PrintPreview, kGap,
+              Properties, Preferences, FirstRecentFile, kGap, Exit});
     fillMenu(tr("&Edit"),
              {Cut, Copy, CopyWithHeadings, Paste, kGap, SelectAllChannels, DeselectAllChannels,
               kGap, Find, FindNext, FindPrevious, GoTo, kGap, NextDamaged, PreviousDamaged});

@@ -1,7 +1,5 @@
 #include "replay/load/PassedOver.h"
 
-#include <algorithm>
-
 namespace pellam {
 
 namespace {
@@ -27,9 +25,11 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
 
 } // namespace
 
-bool PassedOver::empty() const {
-    return std::all_of(m_entries.begin(), m_entries.end(),
-                       [](const Entry& entry) { return entry.count == 0; });
+std::int64_t PassedOver::total() const {
+    std::int64_t total = 0;
+    for (const Entry& entry : m_entries)
+        total += entry.count;
+    return total;
 }
 
 std::vector<std::string> PassedOver::texts() const {

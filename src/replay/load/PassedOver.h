@@ -44,8 +44,8 @@ class PassedOver {
         return m_entries[static_cast<std::size_t>(cause)];
     }
 
-    /// Nothing was passed over.
-    [[nodiscard]] bool empty() const;
+    /// Everything that was passed over, of all causes.
+    [[nodiscard]] std::int64_t total() const;
 
     /// One text a cause, in their order: "12 repeated lines (first in line 17)".
     [[nodiscard]] std::vector<std::string> texts() const;

@@ -1,6 +1,8 @@
-#include "app/batch/FileInfoText.h"
+#include "replay/load/FileFacts.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace pellam {
 
@@ -26,24 +28,24 @@ const char* nameOf(LoadOutcome::Kind kind) {
 
 class Facts {
   public:
-    void add(const char* key, std::string value) {
+    void add(const char* name, std::string value) {
         std::replace_if(
             value.begin(), value.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-        m_text += std::string(key) + ": " + value + '\n';
+        m_facts.push_back({name, std::move(value)});
     }
 
-    void add(const char* key, std::int64_t value) { add(key, std::to_string(value)); }
+    void add(const char* name, std::int64_t value) { add(name, std::to_string(value)); }
 
-    [[nodiscard]] const std::string& text() const { return m_text; }
+    [[nodiscard]] std::vector<FileFact> take() { return std::move(m_facts); }
 
   private:
-    std::string m_text;
+    std::vector<FileFact> m_facts;
 };
 
 } // namespace
 
-std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
-                         const StoredSession& stored) {
+std::vector<FileFact> fileFacts(const LoadOutcome& outcome, const GridData& grid,
+                                const StoredSession& stored) {
     Facts facts;
     if (stored.dsn.empty()) {
         facts.add("file", outcome.path);
@@ -68,7 +70,7 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
         facts.add("passed over", cause);
     for (int i = 1; i <= grid.channelCount(); ++i)
         facts.add("channel", grid.column(i).label());
-    return facts.text();
+    return facts.take();
 }
 
 } // namespace pellam
