@@ -5,6 +5,8 @@
 #include "ui/icons/ToolkitStyle.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QFileInfo>
 
 #include <csignal>
 #include <cstdio>
@@ -31,7 +33,10 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Pellam"));
     QApplication::setApplicationVersion(QStringLiteral(PELLAM_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("pellam"));
-    SettingsStore settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings);
+    const auto named = QFile::decodeName(line.settings.c_str());
+    if (!named.isEmpty() && !QFileInfo::exists(named))
+        std::fprintf(stderr, "pellam: there is no settings file %s yet\n", line.settings.c_str());
+    SettingsStore settings(named.isEmpty() ? SettingsStore::defaultPath() : named);
     CLumasetApp app(settings);
     if (!app.InitInstance(QString::fromLocal8Bit(line.file.c_str()))) return kFailed;
     return QApplication::exec();

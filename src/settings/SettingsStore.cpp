@@ -1,178 +1,240 @@
 #include "settings/SettingsStore.h"
 
-#include "settings/FolderLock.h"
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <pwd.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace pellam {
 
 namespace {
 
-std::string homeFolder() {
-    const char* const home = std::getenv("HOME");
-    if (home != nullptr && *home != '\0') return home;
-    const passwd* const user = ::getpwuid(::getuid());
-    return user != nullptr ? user->pw_dir : std::string();
+/// A path below a file can be neither read nor written: what QSettings would block at, take as a
+/// whole into memory or replace (devices, pipes, data files) never gets into its hands.
+QString unreachable(const QString& path) {
+    return path + QStringLiteral("/none");
 }
 
-std::string normalised(std::string_view keyPath) {
-    std::string path(keyPath);
-    std::replace(path.begin(), path.end(), '\\', '/');
-    return path;
+QString reachable(const QString& path) {
+    const QFileInfo info(path);
+    const bool strange = info.exists() && !info.isDir() &&
+                         (!info.isFile() || info.size() > SettingsStore::kMaximumSize);
+    return strange ? unreachable(path) : path;
+}
+
+/// Nothing for values of other kinds (fonts, sizes, an invalid value).
+std::optional<QString> textOf(const QVariant& value) {
+    // Commas that nobody quoted make a list in files written by hand.
+    if (value.typeId() == QMetaType::QStringList) return value.toStringList().join(u',');
+    if (!value.canConvert<QString>()) return std::nullopt;
+    return value.toString();
 }
 
 /// The private profile's form of binary data: two letters a byte, 'A' plus the high four bits, then
 /// 'A' plus the low four.
-std::string lettersOf(std::string_view data) {
-    std::string letters;
-    letters.reserve(data.size() * 2);
+QString lettersOf(const QByteArray& data) {
+    QString letters;
     for (const char c : data) {
         const auto byte = static_cast<unsigned char>(c);
-        letters += static_cast<char>('A' + (byte >> 4U));
-        letters += static_cast<char>('A' + (byte & 0xFU));
+        letters += QLatin1Char(static_cast<char>('A' + (byte >> 4U)));
+        letters += QLatin1Char(static_cast<char>('A' + (byte & 0xFU)));
     }
     return letters;
 }
 
-std::optional<std::string> bytesOf(std::string_view letters) {
-    const auto strange = [](char c) { return c < 'A' || c > 'P'; };
-    if (std::any_of(letters.begin(), letters.end(), strange)) return std::nullopt;
-    std::string data;
-    for (std::size_t i = 0; i + 1 < letters.size(); i += 2) {
-        data += static_cast<char>((letters[i] - 'A') << 4 | (letters[i + 1] - 'A'));
-    }
+QByteArray bytesOf(const QString& letters) {
+    const auto strange = [](QChar c) { return c < u'A' || c > u'P'; };
+    if (std::any_of(letters.begin(), letters.end(), strange)) return {};
+    const QByteArray codes = letters.toLatin1();
+    QByteArray data("");
+    for (qsizetype i = 0; i + 1 < codes.size(); i += 2)
+        data += static_cast<char>((codes[i] - 'A') << 4 | (codes[i + 1] - 'A'));
     return data;
+}
+
+void copyValues(const QSettings& from, QSettings& to) {
+    for (const QString& key : from.allKeys())
+        if (!key.isEmpty()) to.setValue(key, from.value(key)); // "=x" of a damaged file has none
+}
+
+/// The lines of a file that say something, sorted.
+QList<QByteArray> linesOf(const QString& path) {
+    QList<QByteArray> lines;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return lines;
+    for (const QByteArray& line : file.readAll().split('\n'))
+        if (!line.trimmed().isEmpty()) lines += line.trimmed();
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+/// Copies a file to a name of its own beside it, and gives that; empty when it can't be done.
+QString copyBeside(const QString& path) {
+    const auto lines = linesOf(path);
+    const QString first = path + QStringLiteral(".bak");
+    QString name = first;
+    for (int number = 2; QFileInfo::exists(name) && linesOf(name) != lines; ++number)
+        name = first + QString::number(number);
+    return QFileInfo::exists(name) || QFile::copy(path, name) ? name : QString();
 }
 
 } // namespace
 
-SettingsStore::SettingsStore(std::string path, std::string vendorKey, std::string profileName)
+QString homeFolder() {
+    const QString home = qEnvironmentVariable("HOME");
+    if (!home.isEmpty()) return home;
+    const passwd* const user = ::getpwuid(::getuid());
+    return user != nullptr ? QFile::decodeName(user->pw_dir) : QString();
+}
+
+SettingsStore::SettingsStore(QString path, QString vendorKey, QString profileName)
     : m_path(std::move(path)),
       m_vendorKey(std::move(vendorKey)),
-      m_profileName(std::move(profileName)) {}
+      m_profileName(std::move(profileName)),
+      m_file(reachable(m_path)),
+      m_settings(std::make_unique<QSettings>(m_file, QSettings::IniFormat)) {}
 
-std::string SettingsStore::defaultPath() {
-    const char* const configured = std::getenv("XDG_CONFIG_HOME");
-    const bool usable = configured != nullptr && *configured == '/';
-    const std::string folder = usable ? configured : homeFolder() + "/.config";
-    return folder + "/Korvane/Pellam.ini";
+QString SettingsStore::defaultPath() {
+    const QString configured = qEnvironmentVariable("XDG_CONFIG_HOME");
+    const bool usable = configured.startsWith(u'/');
+    return (usable ? configured : homeFolder() + QStringLiteral("/.config")) +
+           QStringLiteral("/Korvane/Pellam.ini");
 }
 
-std::string SettingsStore::GetAppRegistryKey() const {
-    if (m_vendorKey.empty()) return {};
-    return "software/" + m_vendorKey + '/' + m_profileName;
+void SettingsStore::setListener(Listener listener) {
+    m_listener = std::move(listener);
+    if (!m_listener) return;
+    for (const auto& [notice, path] : std::exchange(m_unheard, {}))
+        m_listener(notice, path);
 }
 
-std::string SettingsStore::GetSectionKey(std::string_view section) const {
-    const std::string application = GetAppRegistryKey();
-    return application.empty() ? std::string(section) : application + '/' + std::string(section);
+void SettingsStore::tell(Notice notice, const QString& path) {
+    if (notice == Notice::NotWritten && std::exchange(m_toldNotWritten, true)) return;
+    if (!m_listener) return m_unheard.emplace_back(notice, path), void();
+    m_listener(notice, path);
 }
 
-std::string SettingsStore::valuePath(std::string_view section, std::string_view key) const {
-    return GetSectionKey(section) + '/' + std::string(key);
+QString SettingsStore::GetAppRegistryKey() const {
+    if (m_vendorKey.isEmpty()) return {};
+    return QStringLiteral("software/") + m_vendorKey + u'/' + m_profileName;
 }
 
-int SettingsStore::GetProfileInt(std::string_view section, std::string_view key, int fallback) {
-    const auto text = current().textValue(valuePath(section, key));
-    if (!text) return fallback;
-    int value = 0;
-    const char* const end = text->data() + text->size();
-    const auto result = std::from_chars(text->data(), end, value);
-    return result.ec == std::errc() && result.ptr == end ? value : fallback;
+QString SettingsStore::GetSectionKey(QAnyStringView section) const {
+    const QString application = GetAppRegistryKey();
+    return application.isEmpty() ? section.toString() : application + u'/' + section.toString();
 }
 
-std::string SettingsStore::GetProfileString(std::string_view section, std::string_view key,
-                                            std::string_view fallback) {
-    return current().textValue(valuePath(section, key)).value_or(std::string(fallback));
+QString SettingsStore::valuePath(QAnyStringView section, QAnyStringView key) const {
+    return GetSectionKey(section) + u'/' + key.toString();
 }
 
-std::optional<std::string> SettingsStore::GetProfileBinary(std::string_view section,
-                                                           std::string_view key) {
-    const std::string path = valuePath(section, key);
-    if (!m_vendorKey.empty()) return current().bytesValue(path);
-    const auto letters = current().textValue(path);
-    return letters ? bytesOf(*letters) : std::nullopt;
+int SettingsStore::GetProfileInt(QAnyStringView section, QAnyStringView key, int fallback) {
+    bool isNumber = false;
+    const int number = GetProfileString(section, key).toInt(&isNumber);
+    return isNumber ? number : fallback;
 }
 
-bool SettingsStore::WriteProfileInt(std::string_view section, std::string_view key, int value) {
-    return setValue(valuePath(section, key), std::to_string(value));
+QString SettingsStore::GetProfileString(QAnyStringView section, QAnyStringView key,
+                                        const QString& fallback) {
+    return value(valuePath(section, key)).value_or(fallback);
 }
 
-bool SettingsStore::WriteProfileString(std::string_view section, std::string_view key,
-                                       std::string_view text) {
-    const std::string path = valuePath(section, key);
-    return change([&](IniFile& file) { file.setText(path, text); });
+QByteArray SettingsStore::GetProfileBinary(QAnyStringView section, QAnyStringView key) {
+    const QVariant value = current().value(valuePath(section, key));
+    if (m_vendorKey.isEmpty()) return value.isValid() ? bytesOf(value.toString()) : QByteArray();
+    return value.typeId() == QMetaType::QByteArray ? value.toByteArray() : QByteArray();
 }
 
-bool SettingsStore::WriteProfileBinary(std::string_view section, std::string_view key,
-                                       std::string_view data) {
-    const std::string path = valuePath(section, key);
-    if (m_vendorKey.empty()) {
-        return change([&](IniFile& file) { file.setText(path, lettersOf(data)); });
-    }
-    return change([&](IniFile& file) { file.setBytes(path, data); });
+bool SettingsStore::WriteProfileInt(QAnyStringView section, QAnyStringView key, int value) {
+    return setValue(valuePath(section, key), QString::number(value));
 }
 
-std::optional<std::string> SettingsStore::value(std::string_view keyPath) {
-    return current().textValue(normalised(keyPath));
+bool SettingsStore::WriteProfileString(QAnyStringView section, QAnyStringView key,
+                                       QAnyStringView text) {
+    return setValue(valuePath(section, key), text);
 }
 
-bool SettingsStore::setValue(std::string_view keyPath, std::string_view text) {
-    return change([&](IniFile& file) { file.setText(normalised(keyPath), text); });
+bool SettingsStore::WriteProfileBinary(QAnyStringView section, QAnyStringView key,
+                                       const QByteArray& data) {
+    const QString path = valuePath(section, key);
+    if (m_vendorKey.isEmpty()) return setValue(path, lettersOf(data));
+    return change([&](QSettings& file) { file.setValue(path, data); });
 }
 
-bool SettingsStore::deleteKey(std::string_view keyPath) {
-    const std::string path = normalised(keyPath);
-    if (!current().textValue(path) && current().names(path).empty()) return true;
-    return change([&](IniFile& file) { file.remove(path); });
+std::optional<QString> SettingsStore::value(QAnyStringView keyPath) {
+    return textOf(current().value(keyPath.toString()));
 }
 
-std::vector<std::string> SettingsStore::names(std::string_view keyPath) {
-    return current().names(normalised(keyPath));
+bool SettingsStore::setValue(QAnyStringView keyPath, QAnyStringView text) {
+    return change([&](QSettings& file) { file.setValue(keyPath.toString(), text.toString()); });
+}
+
+bool SettingsStore::deleteKey(QAnyStringView keyPath) {
+    return change([&](QSettings& file) { file.remove(keyPath.toString()); });
 }
 
 InternationalSettings SettingsStore::international(const InternationalSettings& defaults) {
-    return InternationalSettings::read(
-        [this](std::string_view key) { return current().textValue("intl/" + std::string(key)); },
-        defaults);
+    const auto stored = [this](std::string_view key) -> std::optional<std::string> {
+        const auto text = value(QStringLiteral("intl/") +
+                                QLatin1String(key.data(), static_cast<qsizetype>(key.size())));
+        if (!text) return std::nullopt;
+        // In "sList=;" without quotes, QSettings takes the character for the start of a comment.
+        return key == "sList" && text->isEmpty() ? ";" : text->toStdString();
+    };
+    return InternationalSettings::read(stored, defaults);
 }
 
 SettingsStore::Stamp SettingsStore::stamp() const {
-    struct stat status {};
-
-    if (::stat(m_path.c_str(), &status) != 0) return {};
-    return {true, status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_size, status.st_ino};
+    const QFileInfo info(m_file);
+    return {info.lastModified(), info.size()};
 }
 
-const IniFile& SettingsStore::current() {
-    const Stamp now = stamp();
-    if (m_read != now) {
-        (void)m_file.load(m_path); // what can not be read counts as empty
-        m_read = now;
+QSettings& SettingsStore::current() {
+    if (!m_pending) m_settings->sync(); // while values wait, it would write them
+    return *m_settings;
+}
+
+bool SettingsStore::change(const std::function<void(QSettings&)>& edit) {
+    keepOriginal();
+    // Its status is its own; m_settings keeps that of the first damaged line for ever.
+    QSettings writer(m_file, QSettings::IniFormat);
+    edit(writer);
+    writer.sync();
+    m_pending = writer.status() == QSettings::AccessError;
+    if (m_pending) tell(Notice::NotWritten, m_path);
+    m_written = stamp();
+    return !m_pending;
+}
+
+/// Before the first write to a file that others wrote: QSettings drops comments and what it does
+/// not understand.
+void SettingsStore::keepOriginal() {
+    if (!QFileInfo::exists(m_file) || stamp() == m_written || !losesLines()) return;
+    const QString copy = copyBeside(m_file);
+    if (copy.isEmpty()) return goOnInMemory();
+    tell(Notice::KeptBeside, copy);
+}
+
+bool SettingsStore::losesLines() {
+    const QTemporaryDir folder;
+    const QString rewritten = folder.filePath(QStringLiteral("rewritten.ini"));
+    {
+        QSettings copy(rewritten, QSettings::IniFormat);
+        copyValues(current(), copy);
     }
-    return m_file;
+    const auto before = linesOf(m_file);
+    const auto after = linesOf(rewritten);
+    return !std::includes(after.begin(), after.end(), before.begin(), before.end());
 }
 
-bool SettingsStore::change(const std::function<void(IniFile&)>& edit) {
-    std::error_code ignored; // a folder that can not be made makes the write fail
-    const auto folder = std::filesystem::path(m_path).parent_path();
-    if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
-    const FolderLock lock(folder.string());
-    if (!lock.locked()) return false;
-
-    IniFile file;
-    if (file.load(m_path)) return false; // never write over what could not be read
-    edit(file);
-    m_read.reset();
-    return !file.save(m_path);
+void SettingsStore::goOnInMemory() {
+    m_file = unreachable(m_path);
+    auto memory = std::make_unique<QSettings>(m_file, QSettings::IniFormat);
+    copyValues(*m_settings, *memory);
+    m_settings = std::move(memory);
 }
 
 } // namespace pellam

@@ -1,85 +1,105 @@
 #pragma once
 
-#include "base/Failure.h"
 #include "base/InternationalSettings.h"
-#include "settings/IniFile.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QSettings>
+#include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
-#include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pellam {
 
-/// The user's settings, kept in one INI file. With a vendor key the values lie under
-/// software/VENDOR/PROFILE/SECTION, without one in plain [SECTION]s (the private profile form).
-/// Reads see what other running programs have written; a write changes only its own key. Nothing is
-/// ever reported: a missing, damaged or unreadable file gives the defaults, and a write that is not
-/// possible gives false.
+/// The user's settings, kept in one file in the form of QSettings::IniFormat. With a vendor key the
+/// values lie under software/VENDOR/PROFILE/SECTION, without one in plain [SECTION]s (the private
+/// profile form). Reads see what other running programs have written; a write changes only its own
+/// key. A missing, damaged or unreadable file gives the defaults. What can not be written is kept
+/// as long as the store.
 class SettingsStore {
   public:
+    /// Largest settings file that is read, in bytes.
+    static constexpr qint64 kMaximumSize = qint64{16} << 20;
+
+    /// What a person should know of the file.
+    enum class Notice {
+        NotWritten, ///< the file at the path can not be written; told once
+        KeptBeside, ///< the path is that of a copy, as comments and damaged lines get lost
+    };
+    using Listener = std::function<void(Notice, const QString& path)>;
+
     /// `path` is the settings file; it need not exist.
-    explicit SettingsStore(std::string path, std::string vendorKey = "Korvane",
-                           std::string profileName = "Pellam");
+    explicit SettingsStore(QString path, QString vendorKey = QStringLiteral("Korvane"),
+                           QString profileName = QStringLiteral("Pellam"));
+    SettingsStore(const SettingsStore&) = delete;
+    SettingsStore& operator=(const SettingsStore&) = delete;
 
     /// Korvane/Pellam.ini in the user's configuration folder: $XDG_CONFIG_HOME when that is an
     /// absolute path, else ~/.config.
-    static std::string defaultPath();
+    static QString defaultPath();
 
-    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] const QString& path() const { return m_path; }
+
+    /// Hears every notice from now on, and those that nobody has heard yet; null hears none.
+    void setListener(Listener listener);
 
     /// Key path of the application, "software/Korvane/Pellam"; empty without a vendor key.
-    [[nodiscard]] std::string GetAppRegistryKey() const;
+    [[nodiscard]] QString GetAppRegistryKey() const;
     /// Key path of one section below it.
-    [[nodiscard]] std::string GetSectionKey(std::string_view section) const;
+    [[nodiscard]] QString GetSectionKey(QAnyStringView section) const;
 
     /// A decimal 32-bit number; `fallback` when it is missing or something else.
-    [[nodiscard]] int GetProfileInt(std::string_view section, std::string_view key, int fallback);
-    [[nodiscard]] std::string GetProfileString(std::string_view section, std::string_view key,
-                                               std::string_view fallback = {});
-    /// Raw bytes; nothing when they are missing or the value is no binary data.
-    [[nodiscard]] std::optional<std::string> GetProfileBinary(std::string_view section,
-                                                              std::string_view key);
+    [[nodiscard]] int GetProfileInt(QAnyStringView section, QAnyStringView key, int fallback);
+    [[nodiscard]] QString GetProfileString(QAnyStringView section, QAnyStringView key,
+                                           const QString& fallback = {});
+    /// Raw bytes; null when they are missing or the value is no binary data.
+    [[nodiscard]] QByteArray GetProfileBinary(QAnyStringView section, QAnyStringView key);
 
-    bool WriteProfileInt(std::string_view section, std::string_view key, int value);
-    bool WriteProfileString(std::string_view section, std::string_view key, std::string_view text);
-    bool WriteProfileBinary(std::string_view section, std::string_view key, std::string_view data);
+    // Writing gives whether the file has the value now.
+    bool WriteProfileInt(QAnyStringView section, QAnyStringView key, int value);
+    bool WriteProfileString(QAnyStringView section, QAnyStringView key, QAnyStringView text);
+    bool WriteProfileBinary(QAnyStringView section, QAnyStringView key, const QByteArray& data);
 
-    // Values anywhere in the tree. Parts of a key path are separated by '/' or '\', as in
-    // "Software/Tarnholt/Pellam/XMessageBox".
+    // Values anywhere in the tree, by key paths such as "Software/Tarnholt/Pellam/XMessageBox".
 
-    [[nodiscard]] std::optional<std::string> value(std::string_view keyPath);
-    bool setValue(std::string_view keyPath, std::string_view text);
+    [[nodiscard]] std::optional<QString> value(QAnyStringView keyPath);
+    bool setValue(QAnyStringView keyPath, QAnyStringView text);
     /// Deletes a key with everything below it. True when it is gone, also when it never was.
-    bool deleteKey(std::string_view keyPath);
-    /// Names of the values and keys directly below a key.
-    [[nodiscard]] std::vector<std::string> names(std::string_view keyPath);
+    bool deleteKey(QAnyStringView keyPath);
 
     /// The user's way of writing numbers and dates: the group [intl], else `defaults`.
     [[nodiscard]] InternationalSettings international(const InternationalSettings& defaults);
 
   private:
     /// What tells one state of the file from the next.
-    struct Stamp {
-        bool exists = false;
-        std::int64_t seconds = 0;
-        std::int64_t nanoseconds = 0;
-        std::int64_t size = 0;
-        std::uint64_t inode = 0;
-        bool operator==(const Stamp&) const = default;
-    };
+    using Stamp = std::pair<QDateTime, qint64>;
 
     [[nodiscard]] Stamp stamp() const;
-    const IniFile& current();
-    bool change(const std::function<void(IniFile&)>& edit);
-    [[nodiscard]] std::string valuePath(std::string_view section, std::string_view key) const;
+    QSettings& current();
+    bool change(const std::function<void(QSettings&)>& edit);
+    void keepOriginal();
+    bool losesLines();
+    void goOnInMemory();
+    void tell(Notice notice, const QString& path);
+    [[nodiscard]] QString valuePath(QAnyStringView section, QAnyStringView key) const;
 
-    std::string m_path;
-    std::string m_vendorKey;
-    std::string m_profileName;
-    IniFile m_file;
-    std::optional<Stamp> m_read; ///< state of the file that m_file holds
+    QString m_path;
+    QString m_vendorKey;
+    QString m_profileName;
+    QString m_file;                        ///< m_path, or one that can never be a file
+    std::unique_ptr<QSettings> m_settings; ///< reads; shares its content with those that write
+    Stamp m_written;                       ///< of the file as the last write left it
+    bool m_pending = false;                ///< values wait in memory as the file can't be written
+    bool m_toldNotWritten = false;
+    Listener m_listener;
+    std::vector<std::pair<Notice, QString>> m_unheard;
 };
+
+/// The user's home folder: $HOME, else that of the user's account; empty when there is neither.
+QString homeFolder();
 
 } // namespace pellam

@@ -24,6 +24,9 @@ TEST_F(BatchTest, SettingsFileDecidesTheSeparators) {
     m_folder.write("de.csv", "Time;Temp\n2008/02/25 11:53:15;12,50\n");
     EXPECT_EQ(run("--settings comma.ini --export out.csv de.csv"), 0) << m_err;
     EXPECT_EQ(m_folder.read("out.csv"), "Time;Temp;\r\n2008/02/25 11:53:15;12,5;\r\n");
+    EXPECT_EQ(run("--settings gone.ini --export gone.csv de.csv"), 1);
+    EXPECT_EQ(m_err, "gone.ini can not be opened: No such file or directory.\n");
+    EXPECT_EQ(m_folder.list(), "comma.ini de.csv house.ini mast.csv out.csv");
 }
 
 TEST_F(BatchTest, InfoTellsTheFacts) {

@@ -89,6 +89,7 @@ TEST(CommandLine, IsReadAs) {
         {"--settings --info x", "--settings needs a value"},
         {"--info=yes x", "--info takes no value"},
         {"--convert a.txt --convert b.txt", "--convert is given twice"},
+        {"--settings \xE4.ini \xE4", "window settings:\xE4.ini file:\xE4"},
         {"--export a.xls x", "--export needs a file name that ends in .csv or .txt, not a.xls"},
         {"--export a.csv/b x", "--export needs a file name that ends in .csv or .txt, not a.csv/b"},
         {"--print a.png x", "--print needs a file name that ends in .pdf, not a.png"},
@@ -134,6 +135,9 @@ TEST(CommandLine, HelpNamesEveryOption) {
     const std::string help = CommandLine::helpText();
     for (std::string option; options >> option;)
         EXPECT_NE(help.find("--" + option), std::string::npos) << option;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_LE(line.size(), 80U) << line;
 }
 
 TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {

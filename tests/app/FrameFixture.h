@@ -15,7 +15,7 @@ class FrameFixture : public testing::Test {
   protected:
     void SetUp() override {
         qputenv("HOME", m_home.path().toUtf8());
-        m_settings = std::make_unique<SettingsStore>(m_home.filePath(u"p.ini"_qs).toStdString());
+        m_settings = std::make_unique<SettingsStore>(m_home.filePath(u"p.ini"_qs));
         m_app = std::make_unique<CLumasetApp>(*m_settings);
     }
 
@@ -56,7 +56,9 @@ class FrameFixture : public testing::Test {
     /// What the status bar's fields say, in one line.
     std::string status() { return frame().statusFields().texts().join(u" | "_qs).toStdString(); }
 
-    std::string setting(const char* key) { return m_settings->GetProfileString("Default", key); }
+    std::string setting(const char* key) {
+        return m_settings->GetProfileString("Default", key).toStdString();
+    }
 
     QTemporaryDir m_home;
     std::unique_ptr<SettingsStore> m_settings;

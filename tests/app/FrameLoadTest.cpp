@@ -176,6 +176,42 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
 }
 
+TEST_F(FrameLoadTest, WindowsOnOneSettingsFileKeepEachOthersRecentFiles) {
+    QMenu menus[2];
+    SettingsStore other(m_settings->path());
+    RecentFiles first(*m_settings, &menus[0]);
+    RecentFiles second(other, &menus[1]);
+    for (const auto* name : {"/a", "/b", "/c"})
+        first.add(QString::fromLatin1(name));
+    second.add(u"/d"_qs);
+    first.add(u"/b"_qs);
+    second.remove(u"/a"_qs);
+    EXPECT_EQ(second.paths().join(u' '), u"/b /d /c");
+    EXPECT_EQ(menus[1].actions().size(), 3);
+}
+
+TEST_F(FrameLoadTest, SettingsThatCanNotBeWrittenAreToldOnceAndStayForTheSession) {
+    write("plain", "x");
+    m_settings = std::make_unique<SettingsStore>(path("plain/p.ini"));
+    m_app = std::make_unique<CLumasetApp>(*m_settings);
+    DialogScript dialogs;
+    std::string message;
+    dialogs.thenMessage(&message);
+    auto& frame = start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !message.empty(); }));
+    EXPECT_EQ(message, "Warning: The settings can not be written to " +
+                           path("plain/p.ini").toStdString() +
+                           ". What you change is kept until Pellam is closed.");
+    give(Command::Sidebar);
+    EXPECT_EQ(setting("SideBarWidth"), "0");
+    const auto file = path("gauge.dbd");
+    QFile::copy(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd"), file);
+    frame.OnLoadSessionFromFile(file);
+    EXPECT_EQ(status(), "Rows: 300 | Channels: 5 | Bad lines: 0 | gauge.dbd");
+    EXPECT_EQ(frame.recentFiles().paths(), QStringList{file});
+    frame.close();
+}
+
 TEST_F(FrameLoadTest, TheOpenDialogStartsWhereThePersonLeftAndRemembers) {
     // last: "MRUReplayDir"; standard: "ReplayDir"
     const Table<const char*, const char*, const char*, const char*> cases = {

@@ -81,6 +81,18 @@ TEST_F(FrameSidebarTest, TogglingTwiceRestoresTheStandardWidth) {
     EXPECT_TRUE(toggle->isChecked());
 }
 
+TEST_F(FrameSidebarTest, DamagedWidthsAreBounded) {
+    // expected: width in pixels, 0 when hidden
+    const Table<const char*, int> cases = {
+        {"5000", 600}, {"2147483647", 600}, {"99999999999", 225}, {"-5", 0}, {"wide", 225}};
+    for (const auto& [stored, expected] : cases) {
+        m_settings->WriteProfileString("Default", "SideBarWidth", stored);
+        m_app = std::make_unique<CLumasetApp>(*m_settings);
+        const auto& sidebar = start().sidebar();
+        EXPECT_EQ(sidebar.isVisible() ? sidebar.width() : 0, expected) << stored;
+    }
+}
+
 TEST_F(FrameSidebarTest, PreviewHidesTheSidebarAndBringsItBackAtTheStoredWidth) {
     m_settings->WriteProfileInt("Default", "SideBarWidth", 260);
     auto& frame = start(csv());

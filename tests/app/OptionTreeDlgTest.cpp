@@ -1,6 +1,6 @@
 #include "app/dialogs/COptionTreeDlg.h"
 
-#include "ui/tree/OptionTree.h"
+#include "ui/dialogs/OptionTree.h"
 
 namespace pellam {
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/tree/OptionTree.h"
+#include "ui/dialogs/OptionTree.h"
 
 namespace pellam {
 namespace {
@@ -7,8 +7,8 @@ class OptionTreeTest : public testing::Test {
   protected:
     OptionTreeTest() {
         m_group = m_tree.addGroup(u"Channels"_qs);
-        for (const char* name : {"Temp", "Wind", "Temp max", "Rain"})
-            m_tree.addOption(m_group, 65u << 16, QString::fromLatin1(name));
+        m_tree.addOptions(m_group, {{0, u"Temp"_qs}, {1, u"Wind"_qs}});
+        m_tree.addOptions(m_group, {{2, u"Temp max"_qs}, {3, u"Rain"_qs}});
         QObject::connect(&m_tree, &OptionTree::optionToggled, &m_tree, [this](int, int i, bool on) {
             m_changes += (on ? "+" : "-") + m_tree.option(0, i).text.toStdString() + " ";
         });

@@ -10,6 +10,7 @@
 #include "replay/load/FileLoader.h"
 #include "settings/ProfileKeys.h"
 
+#include <QFile>
 #include <QGuiApplication>
 
 #include <cerrno>
@@ -55,6 +56,12 @@ std::string fileNameOf(const std::string& path) {
     return toUtf8(std::filesystem::path(path).filename().string());
 }
 
+/// A settings file that is named must be there; nothing when it is, or none is named.
+Failure noSettingsFile(const CommandLine& line) {
+    if (line.settings.empty() || ::access(line.settings.c_str(), R_OK) == 0) return {};
+    return Failure::fromErrno(Failure::Kind::Open, line.settings, errno);
+}
+
 /// Standard error is for our own messages; what Qt remarks about its surroundings is none of them.
 void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -64,7 +71,8 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text)
 
 BatchCommand::BatchCommand(const CommandLine& line)
     : m_line(line),
-      m_settings(line.settings.empty() ? SettingsStore::defaultPath() : line.settings),
+      m_settings(line.settings.empty() ? SettingsStore::defaultPath()
+                                       : QFile::decodeName(line.settings.c_str())),
       m_international(m_settings.international(InternationalSettings::fromLocale())),
       m_grid(m_international.decimalSeparator),
       m_chooser(line.channels),
@@ -105,8 +113,8 @@ bool BatchCommand::load() {
     const bool stored = !m_line.database.request.session.empty();
     const std::string& source = stored ? m_line.database.request.session : m_line.file;
     const auto saveFolder = [this] {
-        return m_settings.GetProfileString(profile::kSection.toStdString(),
-                                           profile::kSaveFolder.toStdString());
+        const auto folder = m_settings.GetProfileString(profile::kSection, profile::kSaveFolder);
+        return QFile::encodeName(folder).toStdString();
     };
     FileLoader loader(
         {m_grid, m_international, m_messages, m_progress, m_chooser, false, saveFolder});
@@ -219,6 +227,11 @@ int runBatch(const CommandLine& line) {
     }
     if (line.help) return finishWith(CommandLine::helpText());
     if (line.version) return finishWith("pellam " PELLAM_VERSION "\n");
+    // Other separators than those meant would give other values.
+    if (const Failure failure = noSettingsFile(line)) {
+        std::fprintf(stderr, "%s\n", failure.text().c_str());
+        return kFailed;
+    }
     if (line.prints.empty() && line.charts.empty()) return BatchCommand(line).run();
 
     // Text on paper needs fonts, and those an application object; no display is needed.

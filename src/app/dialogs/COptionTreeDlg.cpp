@@ -1,8 +1,8 @@
 #include "app/dialogs/COptionTreeDlg.h"
 
 #include "base/Utf8.h"
+#include "ui/dialogs/OptionTree.h"
 #include "ui/icons/IconSet.h"
-#include "ui/tree/OptionTree.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -110,7 +110,7 @@ void COptionTreeDlg::offer(const std::vector<std::string>& offered) {
         options.push_back(optionOf(m_offered[i]));
     }
     m_tree->clear();
-    m_tree->addOptions(m_tree->addGroup(tr("Channels")), std::move(options));
+    m_tree->addOptions(m_tree->addGroup(tr("Channels")), options);
     showCount();
 }
 

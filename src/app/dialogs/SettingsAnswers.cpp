@@ -4,24 +4,22 @@
 
 #include <QMessageBox>
 
-#include <string>
-
 namespace pellam {
 
-static std::string keyOf(const QString& id) {
-    return std::string(SettingsAnswers::kKey) + '/' + id.toStdString();
+static QString keyOf(const QString& id) {
+    return SettingsAnswers::kKey + u'/' + id;
 }
 
 std::optional<int> SettingsAnswers::load(const QString& id) {
     const auto text = m_settings.value(keyOf(id));
     bool isNumber = false;
-    const int answer = text ? QString::fromStdString(*text).toInt(&isNumber) : 0;
+    const int answer = text.value_or(QString()).toInt(&isNumber);
     return isNumber ? std::optional(answer) : std::nullopt;
 }
 
 void SettingsAnswers::store(const QString& id, int answer) {
     // A "No" kept for good would make a command do nothing, without a word.
-    if (answer != QMessageBox::No) m_settings.setValue(keyOf(id), std::to_string(answer));
+    if (answer != QMessageBox::No) m_settings.setValue(keyOf(id), QString::number(answer));
 }
 
 void SettingsAnswers::clear() {

@@ -9,7 +9,7 @@ class SettingsStore;
 /// Keeps the answers of message boxes in the settings, under a key of their own.
 class SettingsAnswers : public AnswerStore {
   public:
-    static constexpr auto kKey = "Software/Tarnholt/Pellam/XMessageBox";
+    static inline const auto kKey = QStringLiteral("Software/Tarnholt/Pellam/XMessageBox");
 
     explicit SettingsAnswers(SettingsStore& settings) : m_settings(settings) {}
 

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QEvent>
+#include <QFile>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -17,6 +18,8 @@ CLumasetApp::CLumasetApp(SettingsStore& settings) : m_settings(settings) {}
 CLumasetApp::~CLumasetApp() = default;
 
 bool CLumasetApp::InitInstance(const QString& file) {
+    // Without it, the toolkit takes the root folder for the user's home.
+    if (qEnvironmentVariableIsEmpty("HOME")) qputenv("HOME", QFile::encodeName(homeFolder()));
     chooseSaveFolder();
     m_frame = std::make_unique<CMainFrame>(*this);
     m_file = file;
@@ -47,18 +50,18 @@ QString CLumasetApp::saveFolder() const {
     const auto stored = storedSaveFolder();
     if (!stored.isEmpty()) return stored;
     const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (documents.isEmpty()) return {};
+    if (documents.isEmpty() || homeFolder().isEmpty()) return {};
     const auto folder = documents + QStringLiteral("/Korvane/Pellam");
     QDir().mkpath(folder);
     return folder;
 }
 
 QString CLumasetApp::storedSaveFolder() const {
-    return GetProfileString(profile::kSection, profile::kSaveFolder);
+    return m_settings.GetProfileString(profile::kSection, profile::kSaveFolder);
 }
 
 void CLumasetApp::storeSaveFolder(const QString& folder) {
-    WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
+    m_settings.WriteProfileString(profile::kSection, profile::kSaveFolder, folder);
 }
 
 void CLumasetApp::OnMyHelp() {
@@ -66,45 +69,6 @@ void CLumasetApp::OnMyHelp() {
     m_help->show();
     m_help->raise();
     m_help->activateWindow();
-}
-
-QString CLumasetApp::GetAppRegistryKey() const {
-    return QString::fromStdString(m_settings.GetAppRegistryKey());
-}
-
-QString CLumasetApp::GetSectionKey(const QString& section) const {
-    return QString::fromStdString(m_settings.GetSectionKey(section.toStdString()));
-}
-
-int CLumasetApp::GetProfileInt(const QString& section, const QString& key, int defaultValue) const {
-    return m_settings.GetProfileInt(section.toStdString(), key.toStdString(), defaultValue);
-}
-
-QString CLumasetApp::GetProfileString(const QString& section, const QString& key,
-                                      const QString& defaultValue) const {
-    return QString::fromStdString(m_settings.GetProfileString(
-        section.toStdString(), key.toStdString(), defaultValue.toStdString()));
-}
-
-QByteArray CLumasetApp::GetProfileBinary(const QString& section, const QString& key) const {
-    const auto bytes = m_settings.GetProfileBinary(section.toStdString(), key.toStdString());
-    return bytes ? QByteArray::fromStdString(*bytes) : QByteArray();
-}
-
-bool CLumasetApp::WriteProfileInt(const QString& section, const QString& key, int value) {
-    return m_settings.WriteProfileInt(section.toStdString(), key.toStdString(), value);
-}
-
-bool CLumasetApp::WriteProfileString(const QString& section, const QString& key,
-                                     const QString& text) {
-    return m_settings.WriteProfileString(section.toStdString(), key.toStdString(),
-                                         text.toStdString());
-}
-
-bool CLumasetApp::WriteProfileBinary(const QString& section, const QString& key,
-                                     const QByteArray& data) {
-    return m_settings.WriteProfileBinary(section.toStdString(), key.toStdString(),
-                                         data.toStdString());
 }
 
 InternationalSettings CLumasetApp::international() const {

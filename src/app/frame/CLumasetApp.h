@@ -30,21 +30,7 @@ class CLumasetApp : public QObject {
     /// Opens the help window, or brings it to the front.
     void OnMyHelp();
 
-    /// Key path of the program's settings, and of one section below it.
-    [[nodiscard]] QString GetAppRegistryKey() const;
-    [[nodiscard]] QString GetSectionKey(const QString& section) const;
-
-    /// A setting; the default (or nothing, for binary) when section, key or value is missing.
-    [[nodiscard]] int GetProfileInt(const QString& section, const QString& key,
-                                    int defaultValue) const;
-    [[nodiscard]] QString GetProfileString(const QString& section, const QString& key,
-                                           const QString& defaultValue = {}) const;
-    [[nodiscard]] QByteArray GetProfileBinary(const QString& section, const QString& key) const;
-    /// Writes a setting; false when it could not be stored.
-    bool WriteProfileInt(const QString& section, const QString& key, int value);
-    bool WriteProfileString(const QString& section, const QString& key, const QString& text);
-    bool WriteProfileBinary(const QString& section, const QString& key, const QByteArray& data);
-
+    /// What the program remembers between runs.
     [[nodiscard]] SettingsStore& settings() const { return m_settings; }
 
     /// The folder for converted and dropped files: the stored one, or where none is stored, that of

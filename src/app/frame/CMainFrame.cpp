@@ -58,7 +58,8 @@ CMainFrame::CMainFrame(CLumasetApp& app)
     m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
     m_status = new FrameStatusBar(statusBar());
     createClient();
-    m_layout = std::make_unique<FrameLayout>(*this, app, *m_sidebar, *m_actions->buildToolbar());
+    m_layout = std::make_unique<FrameLayout>(*this, app.settings(), *m_sidebar,
+                                             *m_actions->buildToolbar());
     createHelpers();
     connectCommands();
     connectPageCommands(*m_actions, *m_gridView, *m_trendView);
@@ -73,6 +74,7 @@ CMainFrame::CMainFrame(CLumasetApp& app)
 CMainFrame::~CMainFrame() {
     // The pages read the store until they are gone, so they go first, and quietly.
     m_pages->disconnect(this);
+    m_app.settings().setListener({});
     delete takeCentralWidget();
 }
 
@@ -195,6 +197,18 @@ void CMainFrame::finishStartUp() {
     };
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
     look();
+    m_app.settings().setListener([this](SettingsStore::Notice notice, const QString& path) {
+        // Later, as this comes from the midst of what wrote the setting.
+        QTimer::singleShot(0, this, [this, notice, path] { tellOfSettings(notice, path); });
+    });
+}
+
+void CMainFrame::tellOfSettings(SettingsStore::Notice notice, const QString& path) {
+    if (notice == SettingsStore::Notice::KeptBeside)
+        return remark(tr("The settings file had lines that get lost: it is kept as %1").arg(path));
+    const auto text = tr("Warning: The settings can not be written to %1. "
+                         "What you change is kept until Pellam is closed.");
+    m_messages.show(text.arg(path).toStdString());
 }
 
 PreviewPane* CMainFrame::preview() const {
@@ -404,6 +418,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    m_app.settings().setListener({}); // nobody is there any more to read it
     m_layout->saveWindow();
     event->accept();
 }

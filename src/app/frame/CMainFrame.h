@@ -5,6 +5,7 @@
 #include "replay/load/FileFacts.h"
 #include "replay/load/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
+#include "settings/SettingsStore.h"
 #include "ui/dialogs/WindowMessages.h"
 
 #include <QMainWindow>
@@ -143,6 +144,7 @@ class CMainFrame : public QMainWindow {
     [[nodiscard]] bool chartInFront() const;
     void toggleToolbar();
     void remark(const QString& text);
+    void tellOfSettings(SettingsStore::Notice notice, const QString& path);
     void openLater(const QString& path);
     void showLoaded(const QString& path, const LoadOutcome& outcome, const QString& session = {});
 

@@ -5,17 +5,19 @@ class QToolBar;
 
 namespace pellam {
 
-class CLumasetApp;
 class FrameSidebar;
+class SettingsStore;
 
 /// Where things are in the main window, and the settings that remember it: the window's place, the
 /// width of the sidebar, the toolbar.
 class FrameLayout {
   public:
-    static constexpr int kSidebarWidth = 225; ///< pixels, when shown
+    static constexpr int kSidebarWidth = 225;  ///< pixels, when shown
+    static constexpr int kWidestSidebar = 600; ///< whatever is stored
 
     /// What is handed in outlives this object.
-    FrameLayout(QMainWindow& window, CLumasetApp& app, FrameSidebar& sidebar, QToolBar& toolbar);
+    FrameLayout(QMainWindow& window, SettingsStore& settings, FrameSidebar& sidebar,
+                QToolBar& toolbar);
 
     /// Puts the window where it was last, or gives it a size that fits the screen.
     void restoreWindow();
@@ -37,7 +39,7 @@ class FrameLayout {
     [[nodiscard]] int storedSidebarWidth() const;
 
     QMainWindow& m_window;
-    CLumasetApp& m_app;
+    SettingsStore& m_settings;
     FrameSidebar& m_sidebar;
     QToolBar& m_toolbar;
     int m_sidebarWidth = 0; ///< as stored; 0 is hidden

@@ -4,6 +4,7 @@
 #include "app/frame/CLumasetApp.h"
 #include "replay/load/FileLoader.h"
 #include "settings/ProfileKeys.h"
+#include "settings/SettingsStore.h"
 #include "ui/dialogs/CConnectionStatus.h"
 #include "views/grid/CGridView.h"
 
@@ -53,9 +54,10 @@ QStringList openFilters() {
 FrameLoader::FrameLoader(const Context& context) : QObject(context.window), m_context(context) {}
 
 QString FrameLoader::askForFile() {
-    auto& app = m_context.app;
-    auto start = app.GetProfileString(profile::kSection, profile::kLastReplay);
-    if (start.isEmpty()) start = app.GetProfileString(profile::kSection, profile::kReplayFolder);
+    auto& settings = m_context.app.settings();
+    auto start = settings.GetProfileString(profile::kSection, profile::kLastReplay);
+    if (start.isEmpty())
+        start = settings.GetProfileString(profile::kSection, profile::kReplayFolder);
     start.truncate(start.lastIndexOf(QDir::separator()) + 1);
 
     QFileDialog dialog(m_context.window, tr("Select Replay File"), start);
@@ -65,7 +67,7 @@ QString FrameLoader::askForFile() {
     dialog.setDefaultSuffix(QStringLiteral("dlr"));
     if (dialog.exec() != QDialog::Accepted) return {};
     const auto path = dialog.selectedFiles().value(0);
-    app.WriteProfileString(profile::kSection, profile::kLastReplay, path);
+    settings.WriteProfileString(profile::kSection, profile::kLastReplay, path);
     return path;
 }
 

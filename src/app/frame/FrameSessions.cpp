@@ -9,6 +9,7 @@
 #include "database/ui/WorkEvent.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/ProfileKeys.h"
+#include "settings/SettingsStore.h"
 #include "ui/dialogs/CConnectionStatus.h"
 #include "views/grid/CGridView.h"
 
@@ -31,11 +32,11 @@ FrameSessions::FrameSessions(const Context& context)
       m_context(context) {}
 
 std::optional<SessionRequest> FrameSessions::ask() {
-    auto& app = m_context.app;
+    auto& settings = m_context.app.settings();
     CSessionNameDlg dialog(
-        {[&app] { return app.GetProfileString(profile::kSection, profile::kLastDsn); },
-         [&app](const QString& name) {
-             app.WriteProfileString(profile::kSection, profile::kLastDsn, name);
+        {[&settings] { return settings.GetProfileString(profile::kSection, profile::kLastDsn); },
+         [&settings](const QString& name) {
+             settings.WriteProfileString(profile::kSection, profile::kLastDsn, name);
          },
          m_context.messages, m_context.corrections.standardBias,
          m_context.corrections.daylightBias},

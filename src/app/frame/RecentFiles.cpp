@@ -10,8 +10,8 @@
 
 namespace pellam {
 
-static std::string keyOf(int index) {
-    return "File" + std::to_string(index + 1);
+static QString keyOf(int index) {
+    return QStringLiteral("File%1").arg(index + 1);
 }
 
 RecentFiles::RecentFiles(SettingsStore& settings, QMenu* menu)
@@ -19,12 +19,13 @@ RecentFiles::RecentFiles(SettingsStore& settings, QMenu* menu)
       m_settings(settings),
       m_menu(menu) {
     m_menu->setToolTipsVisible(true);
-    load();
+    m_paths = stored();
     fillMenu();
 }
 
 void RecentFiles::add(const QString& path) {
     const auto whole = QFileInfo(path).absoluteFilePath();
+    m_paths = stored(); // other windows add to it too
     m_paths.removeAll(whole);
     m_paths.prepend(whole);
     m_paths = m_paths.mid(0, kMaximum);
@@ -33,24 +34,27 @@ void RecentFiles::add(const QString& path) {
 }
 
 void RecentFiles::remove(const QString& path) {
+    m_paths = stored();
     if (m_paths.removeAll(QFileInfo(path).absoluteFilePath()) == 0) return;
     save();
     fillMenu();
 }
 
-void RecentFiles::load() {
-    const auto section = profile::kRecentSection.toStdString();
-    for (int index = 0; index < kMaximum; ++index) {
-        const auto path =
-            QString::fromStdString(m_settings.GetProfileString(section, keyOf(index)));
-        if (!path.isEmpty()) m_paths += path;
-    }
+QStringList RecentFiles::stored() const {
+    QStringList paths;
+    for (int index = 0; index < kMaximum; ++index)
+        paths += m_settings.GetProfileString(profile::kRecentSection, keyOf(index));
+    paths.removeAll(QString());
+    paths.removeDuplicates();
+    return paths;
 }
 
 void RecentFiles::save() {
-    const auto section = profile::kRecentSection.toStdString();
-    for (int index = 0; index < kMaximum; ++index)
-        m_settings.WriteProfileString(section, keyOf(index), m_paths.value(index).toStdString());
+    for (int index = 0; index < kMaximum; ++index) {
+        const auto path = m_paths.value(index);
+        if (path != m_settings.GetProfileString(profile::kRecentSection, keyOf(index)))
+            m_settings.WriteProfileString(profile::kRecentSection, keyOf(index), path);
+    }
 }
 
 void RecentFiles::fillMenu() {

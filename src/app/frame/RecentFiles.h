@@ -30,7 +30,7 @@ class RecentFiles : public QObject {
     void chosen(const QString& path);
 
   private:
-    void load();
+    [[nodiscard]] QStringList stored() const;
     void save();
     void fillMenu();
 

@@ -1,14 +1,15 @@
-#include "ui/tree/OptionTree.h"
-
-#include "ui/tree/OptionTreeFilter.h"
+#include "ui/dialogs/OptionTree.h"
 
 #include <QKeyEvent>
-
+#include <QSortFilterProxyModel>
+#include <QStandardItemModel>
 #include <QStyledItemDelegate>
 
 namespace pellam {
 
 namespace {
+
+constexpr int kIdRole = Qt::UserRole;
 
 /// Rows with a little air between their check boxes.
 class AiryRows : public QStyledItemDelegate {
@@ -20,13 +21,24 @@ class AiryRows : public QStyledItemDelegate {
     }
 };
 
+QStandardItem* itemOf(const Option& option) {
+    auto* item = new QStandardItem(option.text);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable |
+                   Qt::ItemNeverHasChildren);
+    item->setCheckState(option.checked ? Qt::Checked : Qt::Unchecked);
+    item->setData(option.id, kIdRole);
+    return item;
+}
+
 } // namespace
 
 OptionTree::OptionTree(QWidget* parent)
     : QTreeView(parent),
-      m_model(new OptionTreeModel(this)),
-      m_filter(new OptionTreeFilter(this)) {
+      m_model(new QStandardItemModel(this)),
+      m_filter(new QSortFilterProxyModel(this)) {
     m_filter->setSourceModel(m_model);
+    m_filter->setRecursiveFilteringEnabled(true);
+    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
     setModel(m_filter);
     setHeaderHidden(true);
     setItemDelegate(new AiryRows(this));
@@ -34,47 +46,48 @@ OptionTree::OptionTree(QWidget* parent)
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
-    connect(m_model, &OptionTreeModel::optionToggled, this, &OptionTree::optionToggled);
+    connect(m_model, &QStandardItemModel::itemChanged, this, &OptionTree::report);
 }
 
 void OptionTree::clear() {
     m_model->clear();
+    m_checkedCount = 0;
 }
 
 int OptionTree::addGroup(const QString& title) {
-    const int group = m_model->addGroup(title);
-    setExpanded(m_filter->mapFromSource(m_model->index(group, 0)), true);
-    return group;
+    auto* group = new QStandardItem(title);
+    group->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    m_model->appendRow(group);
+    return m_model->rowCount() - 1;
 }
 
-void OptionTree::addOptions(int group, std::vector<Option> options) {
-    m_model->addOptions(group, std::move(options));
-    // A group without rows does not stay unfolded, so it is unfolded again now.
-    setExpanded(m_filter->mapFromSource(m_model->index(group, 0)), true);
+void OptionTree::addOptions(int group, const std::vector<Option>& options) {
+    QList<QStandardItem*> rows;
+    for (const Option& option : options) {
+        rows += itemOf(option);
+        m_checkedCount += option.checked ? 1 : 0;
+    }
+    m_model->item(group)->appendRows(rows);
+    expandAll();
 }
 
-void OptionTree::addOption(int group, quint32 id, const QString& text, bool checked) {
-    addOptions(group, {Option{id, text, checked}});
-}
-
-int OptionTree::optionCount(int group) const {
-    return m_model->optionCount(group);
-}
-
-const Option& OptionTree::option(int group, int index) const {
-    return m_model->option(group, index);
+Option OptionTree::option(int group, int index) const {
+    const QStandardItem* const item = m_model->item(group)->child(index);
+    return {item->data(kIdRole).toUInt(), item->text(), item->checkState() == Qt::Checked};
 }
 
 void OptionTree::setChecked(int group, int index, bool checked) {
-    m_model->setChecked(group, index, checked);
+    m_model->item(group)->child(index)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
 }
 
-int OptionTree::checkedCount() const {
-    return m_model->checkedCount();
+void OptionTree::report(const QStandardItem* option) {
+    const bool checked = option->checkState() == Qt::Checked;
+    m_checkedCount += checked ? 1 : -1;
+    Q_EMIT optionToggled(option->parent()->row(), option->row(), checked);
 }
 
 void OptionTree::setFilter(const QString& text) {
-    m_filter->setText(text);
+    m_filter->setFilterFixedString(text);
     expandAll();
 }
 
@@ -94,11 +107,11 @@ int OptionTree::visibleCount() const {
 }
 
 void OptionTree::setVisibleChecked(bool checked) {
-    for (int group = 0; group < m_model->groupCount(); ++group) {
-        for (int i = 0; i < m_model->optionCount(group); ++i) {
-            if (m_filter->passes(m_model->option(group, i).text))
-                m_model->setChecked(group, i, checked);
-        }
+    for (int group = 0; group < m_filter->rowCount(); ++group) {
+        const QModelIndex parent = m_filter->index(group, 0);
+        for (int i = 0; i < m_filter->rowCount(parent); ++i)
+            m_filter->setData(m_filter->index(i, 0, parent), checked ? Qt::Checked : Qt::Unchecked,
+                              Qt::CheckStateRole);
     }
 }
 

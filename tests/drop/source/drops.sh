@@ -4,7 +4,7 @@ set -euo pipefail
 pellam=$1
 source=$2
 samples=$3
-. "$(dirname "$0")/../app/real_window.sh"
+. "$(dirname "$0")/../../app/real_window.sh"
 
 saved=$home/Documents/Korvane/Pellam
 content=$'Time,Level (m)\n2024/03/01 10:00:00,4.25\n2024/03/01 10:15:00,4.31\n'

@@ -1,12 +1,22 @@
 #pragma once
 
-#include "ui/tree/OptionTreeModel.h"
-
+#include <QString>
 #include <QTreeView>
+
+#include <vector>
+
+class QSortFilterProxyModel;
+class QStandardItem;
+class QStandardItemModel;
 
 namespace pellam {
 
-class OptionTreeFilter;
+/// One check box of an option tree.
+struct Option {
+    quint32 id = 0; ///< the caller's own; need not be unique
+    QString text;
+    bool checked = false;
+};
 
 /// A tree of groups of check boxes. Space toggles every selected check box to the opposite of the
 /// current one's state.
@@ -21,17 +31,18 @@ class OptionTree : public QTreeView {
     /// Appends a group, unfolded; gives its number, counted from 0.
     int addGroup(const QString& title);
     /// Appends options to a group; thousands at once are fine.
-    void addOptions(int group, std::vector<Option> options);
-    void addOption(int group, quint32 id, const QString& text, bool checked = false);
+    void addOptions(int group, const std::vector<Option>& options);
 
-    /// Options of a group, in the order of adding, hidden ones included.
-    [[nodiscard]] int optionCount(int group) const;
-    [[nodiscard]] const Option& option(int group, int index) const;
+    /// An option as it is now, by its place in the order of adding; hidden ones count. Both numbers
+    /// must be of one that was added.
+    [[nodiscard]] Option option(int group, int index) const;
     void setChecked(int group, int index, bool checked);
-    /// Checked options of all groups, hidden ones included.
-    [[nodiscard]] int checkedCount() const;
 
-    /// Shows only the options whose text contains this one, whatever its case; all when empty.
+    /// Checked options of all groups, hidden ones included.
+    [[nodiscard]] int checkedCount() const { return m_checkedCount; }
+
+    /// Shows only the options whose text contains this one, whatever its case, and their groups;
+    /// all when empty.
     void setFilter(const QString& text);
     /// Gives the keyboard to the first option that the filter lets through, or to the tree.
     void focusFirstOption();
@@ -48,8 +59,11 @@ class OptionTree : public QTreeView {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    OptionTreeModel* m_model;
-    OptionTreeFilter* m_filter;
+    void report(const QStandardItem* option);
+
+    QStandardItemModel* m_model;
+    QSortFilterProxyModel* m_filter;
+    int m_checkedCount = 0;
 };
 
 } // namespace pellam
