@@ -77,7 +77,7 @@ TEST_F(FrameLoadTest, WhatWasPassedOverIsToldWithItsDetails) {
         auto* details = frame.statusBar()->findChild<QPushButton*>();
         ASSERT_TRUE(details && details->isVisible());
         details->click();
-        QTest::keyClick(&frame, Qt::Key_Return, Qt::AltModifier);
+        give(Command::Properties);
     }
     EXPECT_EQ(marked, u"Passed over\t1 repeated line (in line 4)\n");
     EXPECT_TRUE(all.contains(u"Description\tMast <7>\n")) << all.toStdString();

@@ -28,6 +28,7 @@ TEST_F(FrameMenuTest, HasEveryItemWithItsKeyAndNumber) {
   &Print... | Ctrl+P | 57607
   Print Pre&view | Ctrl+Alt+P | 57609
   --
+  P&roperties... | Alt+Return | 33010
   Pre&ferences... |  | 32808
   &Recent Files >
   --

@@ -63,6 +63,8 @@ TEST_F(ReadingRowsTest, PlacesValues) {
         {"any cell that a line would fill twice starts a row",
          "D,1,2008/02/25,11:00:00,0.25,1:B,1,22\n" + b + "11,33",
          t + "|||||22|\n" + t + "||||11|33|"},
+        {"also behind a line that fills none",
+         d + "1\nD,1,2008/02/25,11:00:00,0.25,1:C,0\n" + d + "2", t + "|1|||||\n" + t + "|2|||||"},
         {"a cell that stays free does not",
          d + "1\n" + b +
              "2\nD,1,2008/02/25,11:00:00,0.25,"
@@ -76,6 +78,8 @@ TEST_F(ReadingRowsTest, PlacesValues) {
         {"offset within the schedule", "D,1,2008/02/25,11:00:00,0.25,1:B,1,7", t + "|||||7|"},
         {"offset past the schedule", "D,1,2008/02/25,11:00:00,0.25,1:A,3,7",
          t + "|||||| / 1 value without a channel (in line 1)"},
+        {"blank before the offset, checksum behind it", "D,1,2008/02/25,11:00:00,0.25,1:A, 0;1A2B",
+         t + "||||||"},
         {"offset past all numbers", "D,1,2008/02/25,11:00:00,0.25,1:A,99999999999999999999,7",
          t + "|||||| / 1 value without a channel (in line 1)"},
         {"a value in the offset's place", "D,1,2008/02/25,11:00:00,0.25,1:A,12.5,7",

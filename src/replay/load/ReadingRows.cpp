@@ -95,7 +95,11 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
     // Channels that the file has and nobody chose are no loss; a schedule without any is.
     if (!chosen && !columns.empty()) return;
     std::string_view offset;
-    if (fields.next(offset)) columns = columnsFrom(columns, offset);
+    if (fields.next(offset)) {
+        // The line may end here with its checksum.
+        if (fields.atEnd()) offset = FieldParts::of(offset).value;
+        columns = columnsFrom(columns, offset);
+    }
     if (chosen) enterRow(time, !sharesRow(time, columns, fields), ok);
     placeValues(fields, columns);
     m_previousLine.assign(line);
@@ -104,6 +108,7 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
 // The columns behind those that an offset passes over.
 ReadingRows::Columns ReadingRows::columnsFrom(Columns columns, std::string_view offset) {
     std::size_t number = 0;
+    offset.remove_prefix(std::min(offset.find_first_not_of(' '), offset.size()));
     const char* const end = offset.data() + offset.size();
     const auto [stop, error] = std::from_chars(offset.data(), end, number);
     if (error == std::errc::result_out_of_range) return {};
