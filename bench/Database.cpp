@@ -9,7 +9,7 @@
 #include "base/SilentSinks.h"
 #include "database/odbc/BackgroundCall.h"
 #include "database/sessions/CSessionFromDatabase.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #ifdef PELLAM_HAS_QTSQL

@@ -5,7 +5,7 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>

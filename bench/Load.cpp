@@ -4,7 +4,7 @@
 
 #include "base/SilentSinks.h"
 #include "export/GridWriter.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>

@@ -4,7 +4,7 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/ConversionLoader.h"
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "MemoryFile.h"
 
 #include "base/SilentSinks.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/DelimitedLoader.h"
 #include "replay/load/ReplayLoader.h"
 

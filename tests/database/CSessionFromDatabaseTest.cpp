@@ -3,7 +3,7 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "ZoneScope.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <csignal>

@@ -1,5 +1,5 @@
 #include "LoadHarness.h"
-#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc.h"
 #include "replay/checks/LineCheck.h"
 
 #include <cstdio>

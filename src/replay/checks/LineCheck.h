@@ -1,6 +1,6 @@
 #pragma once
 
-#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc.h"
 
 #include <string_view>
 

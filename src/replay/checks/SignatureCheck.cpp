@@ -2,7 +2,7 @@
 
 #include "base/LeadingNumber.h"
 #include "base/LineReader.h"
-#include "replay/checks/CCrc32.h"
+#include "replay/checks/CCrc.h"
 
 #include <algorithm>
 #include <array>
