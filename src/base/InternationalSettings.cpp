@@ -1,6 +1,6 @@
 #include "base/InternationalSettings.h"
 
-#include <charconv>
+#include <algorithm>
 #include <clocale>
 #include <cstring>
 #include <langinfo.h>
@@ -29,13 +29,36 @@ void readCharacter(const Lookup& lookup, std::string_view key, char& character) 
     if (stored && !stored->empty() && canSeparate(stored->front())) character = stored->front();
 }
 
-void readNumber(const Lookup& lookup, std::string_view key, int& number) {
-    const auto stored = lookup(key);
-    if (!stored) return;
-    int value = 0;
-    const char* const end = stored->data() + stored->size();
-    const auto result = std::from_chars(stored->data(), end, value);
-    if (result.ec == std::errc() && result.ptr == end) number = value;
+void readDatePattern(const Lookup& lookup, std::string& pattern) {
+    const std::string order = lookup("iDate").value_or("");
+    if (order == "0") pattern = "MM/dd/yyyy";
+    if (order == "1") pattern = "dd/MM/yyyy";
+    if (order == "2") pattern = "yyyy/MM/dd";
+    readText(lookup, "sShortDate", pattern);
+}
+
+/// A locale of the environment, as far as it is installed.
+class Locale {
+  public:
+    explicit Locale(int mask) : m_locale(newlocale(mask, "", nullptr)) {}
+
+    ~Locale() {
+        if (m_locale != nullptr) freelocale(m_locale);
+    }
+
+    Locale(const Locale&) = delete;
+    Locale& operator=(const Locale&) = delete;
+
+    explicit operator bool() const { return m_locale != nullptr; }
+
+    [[nodiscard]] locale_t get() const { return m_locale; }
+
+  private:
+    locale_t m_locale;
+};
+
+bool isC(std::string_view name) {
+    return name == "C" || name.starts_with("C.") || name == "POSIX";
 }
 
 /// The locale's text for an item when that is one plain character, else `fallback`: the grid works
@@ -51,33 +74,51 @@ char separatorOf(locale_t locale, nl_item item, char fallback) {
 InternationalSettings InternationalSettings::read(const Lookup& lookup,
                                                   const InternationalSettings& defaults) {
     InternationalSettings settings = defaults;
-    readNumber(lookup, "iDate", settings.dateOrder);
-    readNumber(lookup, "iTime", settings.timeFormat);
-    readText(lookup, "sDate", settings.dateSeparator);
-    readText(lookup, "sTime", settings.timeSeparator);
     readText(lookup, "s1159", settings.amText);
     readText(lookup, "s2359", settings.pmText);
-    readText(lookup, "sShortDate", settings.shortDatePattern);
-    readText(lookup, "sTimeFormat", settings.timePattern);
+    readDatePattern(lookup, settings.shortDatePattern);
     readText(lookup, "sLanguage", settings.language);
     readCharacter(lookup, "sDecimal", settings.decimalSeparator);
     // Decimal commas between commas could not be told apart.
     if (settings.decimalSeparator == settings.listSeparator) settings.listSeparator = ';';
     readCharacter(lookup, "sList", settings.listSeparator);
-    readCharacter(lookup, "sThousand", settings.thousandsSeparator);
     return settings;
 }
 
 InternationalSettings InternationalSettings::fromLocale() {
     InternationalSettings settings;
-    const locale_t locale = newlocale(LC_NUMERIC_MASK, "", nullptr);
-    if (locale == nullptr) return settings; // the environment names a locale that is not installed
-    settings.decimalSeparator = separatorOf(locale, RADIXCHAR, '.');
-    const bool decimalComma = settings.decimalSeparator == ',';
-    settings.listSeparator = decimalComma ? ';' : ',';
-    settings.thousandsSeparator = separatorOf(locale, THOUSEP, decimalComma ? '.' : ',');
-    freelocale(locale);
+    // An environment may name locales that are not installed.
+    if (const Locale numbers(LC_NUMERIC_MASK); numbers) {
+        settings.decimalSeparator = separatorOf(numbers.get(), RADIXCHAR, '.');
+        settings.listSeparator = settings.decimalSeparator == ',' ? ';' : ',';
+    }
+    const Locale times(LC_TIME_MASK);
+    if (!times || isC(nl_langinfo_l(_NL_LOCALE_NAME(LC_TIME), times.get()))) return settings;
+    const std::string pattern = datePatternOf(nl_langinfo_l(D_FMT, times.get()));
+    if (!pattern.empty()) settings.shortDatePattern = pattern;
     return settings;
+}
+
+std::string datePatternOf(std::string_view strftimeFormat) {
+    std::string pattern;
+    bool fields[3] = {};
+    for (std::size_t i = 0; i < strftimeFormat.size(); ++i) {
+        if (strftimeFormat[i] != '%') {
+            pattern += strftimeFormat[i];
+            continue;
+        }
+        // Flags and modifiers: "%-d", "%Ey".
+        i = std::min(strftimeFormat.find_first_not_of("-_0^#EO", i + 1), strftimeFormat.size() - 1);
+        const char field = strftimeFormat[i];
+        if (field == 'D') return "MM/dd/yy";
+        if (field == 'F') return "yyyy-MM-dd";
+        const bool day = field == 'd' || field == 'e';
+        const bool month = field == 'm';
+        const bool year = field == 'Y' || field == 'y';
+        if (day || month || year) fields[day ? 0 : month ? 1 : 2] = true;
+        pattern += day ? "dd" : month ? "MM" : field == 'Y' ? "yyyy" : year ? "yy" : "";
+    }
+    return fields[0] && fields[1] && fields[2] ? pattern : std::string();
 }
 
 } // namespace pellam

@@ -18,6 +18,7 @@ void GridData::reset() {
     m_rowCount = 0;
     m_channelCount = 0;
     m_changed = false;
+    m_timeForm = {};
     m_fractionUnit = FractionUnit::DecimalPlaces;
     setColumnCount(kInitialColumns);
 }

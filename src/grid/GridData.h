@@ -2,13 +2,15 @@
 
 #include "grid/CellColour.h"
 #include "grid/Column.h"
-#include "grid/FractionUnit.h"
+#include "times/FractionUnit.h"
+#include "times/TimeForm.h"
 
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace pellam {
@@ -76,6 +78,12 @@ class GridData {
 
     void setChanged(bool changed) { m_changed = changed; }
 
+    /// How the texts of the time column are written; none after a reset, and where that was not
+    /// found out: see TimeColumn.
+    [[nodiscard]] const TimeForm& timeForm() const { return m_timeForm; }
+
+    void setTimeForm(TimeForm form) { m_timeForm = std::move(form); }
+
     /// How the fractions in the time column count; decimal places after a reset.
     [[nodiscard]] FractionUnit fractionUnit() const { return m_fractionUnit; }
 
@@ -94,6 +102,7 @@ class GridData {
     Row m_rowCount = 0;
     int m_channelCount = 0;
     bool m_changed = false;
+    TimeForm m_timeForm;
     FractionUnit m_fractionUnit = FractionUnit::DecimalPlaces;
 };
 

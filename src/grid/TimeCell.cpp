@@ -1,6 +1,6 @@
 #include "grid/TimeCell.h"
 
-#include "base/TwoDigits.h"
+#include "base/CalendarText.h"
 
 #include <cstddef>
 
@@ -8,7 +8,6 @@ namespace pellam {
 
 namespace {
 
-constexpr int kFirstYear = 1900;
 constexpr unsigned kYears = 512;
 
 // Value of two digits; at least 100 when one of them is none.
@@ -71,48 +70,14 @@ bool TimeCell::pack(std::string_view text, Cell& cell) {
     return true;
 }
 
-TimeCell::Fields TimeCell::fields(Cell cell) {
-    std::uint64_t packed = cell.payload();
-    const auto take = [&packed](unsigned bits) {
-        const auto value = static_cast<unsigned>(packed & ((std::uint64_t{1} << bits) - 1));
-        packed >>= bits;
-        return value;
-    };
-    Fields fields;
-    take(1);
-    fields.fractionDigits = take(3);
-    fields.fraction = take(20);
-    fields.second = static_cast<int>(take(6));
-    fields.minute = static_cast<int>(take(6));
-    fields.hour = static_cast<int>(take(5));
-    fields.day = static_cast<int>(take(5));
-    fields.month = static_cast<int>(take(4));
-    fields.year = static_cast<int>(take(9)) + kFirstYear;
-    return fields;
-}
-
-std::uint32_t TimeCell::Fields::microseconds() const {
-    std::uint32_t value = fraction;
-    for (unsigned digits = fractionDigits; digits < 6; ++digits)
-        value *= 10;
-    return value;
-}
-
 char* TimeCell::write(Cell cell, char* out) {
     const Fields f = fields(cell);
     const char date = cell.kind() == Cell::Kind::TimeSlash ? '/' : '-';
-    out = writeTwo(out, static_cast<unsigned>(f.year) / 100);
-    out = writeTwo(out, static_cast<unsigned>(f.year) % 100);
-    *out++ = date;
-    out = writeTwo(out, static_cast<unsigned>(f.month));
-    *out++ = date;
-    out = writeTwo(out, static_cast<unsigned>(f.day));
+    out =
+        writeDate(out, f.year, static_cast<unsigned>(f.month), static_cast<unsigned>(f.day), date);
     *out++ = cell.kind() == Cell::Kind::TimeDashLetter ? 'T' : ' ';
-    out = writeTwo(out, static_cast<unsigned>(f.hour));
-    *out++ = ':';
-    out = writeTwo(out, static_cast<unsigned>(f.minute));
-    *out++ = ':';
-    out = writeTwo(out, static_cast<unsigned>(f.second));
+    out = writeTime(out, static_cast<unsigned>(f.hour), static_cast<unsigned>(f.minute),
+                    static_cast<unsigned>(f.second));
     if (f.fractionDigits > 0) {
         *out++ = (cell.payload() & 1) != 0 ? ',' : '.';
         std::uint32_t rest = f.fraction;

@@ -33,6 +33,36 @@ struct TimeCell {
     static char* write(Cell cell, char* out);
 
     [[nodiscard]] static Fields fields(Cell cell);
+
+  private:
+    static constexpr int kFirstYear = 1900;
 };
+
+inline TimeCell::Fields TimeCell::fields(Cell cell) {
+    std::uint64_t packed = cell.payload();
+    const auto take = [&packed](unsigned bits) {
+        const auto value = static_cast<unsigned>(packed & ((std::uint64_t{1} << bits) - 1));
+        packed >>= bits;
+        return value;
+    };
+    Fields fields;
+    take(1);
+    fields.fractionDigits = take(3);
+    fields.fraction = take(20);
+    fields.second = static_cast<int>(take(6));
+    fields.minute = static_cast<int>(take(6));
+    fields.hour = static_cast<int>(take(5));
+    fields.day = static_cast<int>(take(5));
+    fields.month = static_cast<int>(take(4));
+    fields.year = static_cast<int>(take(9)) + kFirstYear;
+    return fields;
+}
+
+inline std::uint32_t TimeCell::Fields::microseconds() const {
+    std::uint32_t value = fraction;
+    for (unsigned digits = fractionDigits; value > 0 && digits < 6; ++digits)
+        value *= 10;
+    return value;
+}
 
 } // namespace pellam

@@ -1,10 +1,10 @@
 #include "logger/TaggedClock.h"
 
+#include "base/CalendarText.h"
 #include "base/LeadingNumber.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 namespace pellam {
 
@@ -51,15 +51,9 @@ void TaggedClock::clamp() {
 }
 
 void TaggedClock::appendTo(std::string& text) const {
-    const sys_days today = floor<days>(m_now);
-    const year_month_day date(today);
-    const hh_mm_ss<seconds> time(m_now - today);
-    std::array<char, 80> buffer;
-    const int length = std::snprintf(
-        buffer.data(), buffer.size(), "%04d/%02u/%02u %02d:%02d:%02d", int{date.year()},
-        unsigned{date.month()}, unsigned{date.day()}, static_cast<int>(time.hours().count()),
-        static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
-    text.append(buffer.data(), static_cast<std::size_t>(length));
+    std::array<char, kCalendarTextRoom> buffer;
+    const char* const end = writeDateTime(buffer.data(), m_now.time_since_epoch().count());
+    text.append(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
 }
 
 } // namespace pellam

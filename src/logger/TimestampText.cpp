@@ -1,5 +1,6 @@
 #include "logger/TimestampText.h"
 
+#include "base/LoggerEpoch.h"
 #include "base/TwoDigits.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace pellam {
 
 namespace {
 
-constexpr std::uint64_t kEpoch = 599'616'000; // 1989-01-01 in seconds since 1970
 constexpr std::uint64_t kMillion = 1'000'000;
 constexpr std::uint64_t kDaySeconds = 86400;
 
@@ -53,7 +53,7 @@ void TimestampText::setDay(std::uint64_t day) {
 }
 
 char* TimestampText::write(std::uint64_t microseconds, char* out) {
-    const std::uint64_t seconds = microseconds / kMillion + kEpoch;
+    const std::uint64_t seconds = microseconds / kMillion + std::uint64_t{kLoggerEpoch};
     const std::uint64_t day = seconds / kDaySeconds;
     const std::uint64_t second = seconds % kDaySeconds;
     if (day != m_day) setDay(day);

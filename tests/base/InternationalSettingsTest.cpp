@@ -7,39 +7,33 @@ namespace pellam {
 namespace {
 
 std::string print(const InternationalSettings& s) {
-    return std::to_string(s.dateOrder) + '|' + std::to_string(s.timeFormat) + '|' +
-           s.dateSeparator + '|' + s.timeSeparator + '|' + s.amText + '|' + s.pmText + '|' +
-           s.shortDatePattern + '|' + s.timePattern + '|' + s.language + '|' + s.listSeparator +
-           '|' + s.decimalSeparator + '|' + s.thousandsSeparator;
+    return s.amText + '|' + s.pmText + '|' + s.shortDatePattern + '|' + s.language + '|' +
+           s.listSeparator + '|' + s.decimalSeparator;
 }
 
 TEST(InternationalSettings, StoredValuesOverrideDefaults) {
     const Table<const char*, std::map<std::string, std::string>, const char*> cases = {
-        {"nothing", {}, "0|0|/|:|AM|PM|dd/MM/yyyy|HH:mm:ss|,|,|.|,"},
+        {"nothing", {}, "AM|PM|dd/MM/yyyy|,|,|."},
         {"every key",
          {{"iDate", "1"},
-          {"iTime", "2"},
-          {"sDate", "-"},
-          {"sTime", "."},
           {"s1159", "vorm"},
           {"s2359", "nachm"},
           {"sShortDate", "yyyy-MM-dd"},
-          {"sTimeFormat", "HH.mm.ss"},
           {"sLanguage", "de"},
           {"sList", "|x"},
-          {"sDecimal", ",,"},
-          {"sThousand", " "}},
-         "1|2|-|.|vorm|nachm|yyyy-MM-dd|HH.mm.ss|de|||,| "},
+          {"sDecimal", ",,"}},
+         "vorm|nachm|yyyy-MM-dd|de|||,"},
         {"empty or no number",
-         {{"iDate", "one"}, {"iTime", ""}, {"sList", ""}, {"sDate", ""}},
-         "0|0|/|:|AM|PM|dd/MM/yyyy|HH:mm:ss|,|,|.|,"},
-        {"no separators",
-         {{"sList", "5"}, {"sDecimal", "-"}, {"sThousand", "\xC3\xA4"}},
-         "0|0|/|:|AM|PM|dd/MM/yyyy|HH:mm:ss|,|,|.|,"},
-        {"decimal comma alone", {{"sDecimal", ","}}, "0|0|/|:|AM|PM|dd/MM/yyyy|HH:mm:ss|,|;|,|,"},
+         {{"iDate", "one"}, {"sShortDate", ""}, {"sList", ""}, {"s1159", ""}},
+         "AM|PM|dd/MM/yyyy|,|,|."},
+        {"month first", {{"iDate", "0"}}, "AM|PM|MM/dd/yyyy|,|,|."},
+        {"day first", {{"iDate", "1"}}, "AM|PM|dd/MM/yyyy|,|,|."},
+        {"year first", {{"iDate", "2"}}, "AM|PM|yyyy/MM/dd|,|,|."},
+        {"no separators", {{"sList", "5"}, {"sDecimal", "-"}}, "AM|PM|dd/MM/yyyy|,|,|."},
+        {"decimal comma alone", {{"sDecimal", ","}}, "AM|PM|dd/MM/yyyy|,|;|,"},
         {"both the same when both are stored",
          {{"sDecimal", ","}, {"sList", ","}},
-         "0|0|/|:|AM|PM|dd/MM/yyyy|HH:mm:ss|,|,|,|,"},
+         "AM|PM|dd/MM/yyyy|,|,|,"},
     };
     for (const auto& [name, stored, expected] : cases) {
         const auto& values = stored;
@@ -49,6 +43,23 @@ TEST(InternationalSettings, StoredValuesOverrideDefaults) {
         };
         EXPECT_EQ(print(InternationalSettings::read(lookup, {})), expected) << name;
     }
+}
+
+TEST(InternationalSettings, DatesOfLocales) {
+    const Table<const char*, const char*> rows = {
+        {"%d.%m.%Y", "dd.MM.yyyy"},
+        {"%m/%d/%Y", "MM/dd/yyyy"},
+        {"%-d/%-m/%y", "dd/MM/yy"},
+        {"%e. %m. %Y", "dd. MM. yyyy"},
+        {"%F", "yyyy-MM-dd"},
+        {"%D", "MM/dd/yy"},
+        {"%Y.%m.%d.", "yyyy.MM.dd."},
+        {"%d %b %Y", ""},
+        {"%", ""},
+        {"", ""},
+    };
+    for (const auto& [format, pattern] : rows)
+        EXPECT_EQ(datePatternOf(format), pattern) << format;
 }
 
 TEST(InternationalSettingsLocale, MissingLocaleGivesPoint) {

@@ -56,6 +56,28 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
     }
 }
 
+TEST_F(DelimitedLoaderTest, TellsFirstAndLastTimeOfEveryForm) {
+    const Table<const char*, const char*, const char*> rows = {
+        {"2008/02/25 11:00:00.500\n2008/02/25 11:00:01\n", "2008/02/25 11:00:00.500",
+         "2008/02/25 11:00:01"},
+        {"2008-02-25T11:00:00+02:00\n2008-02-25T11:00:01.25+02:00\n", "2008/02/25 11:00:00",
+         "2008/02/25 11:00:01.250"},
+        {"25/02/2008 12:03\n26/02/2008 12:03\n", "2008/02/25 12:03:00", "2008/02/26 12:03:00"},
+        {"02/25/2008\n02/26/2008\n", "2008/02/25 00:00:00", "2008/02/26 00:00:00"},
+        {"1576333020\n1576334820\n", "2019/12/14 14:17:00", "2019/12/14 14:47:00"},
+        {"10:17:22.207\n10:17:23\n", "10:17:22.207", "10:17:23"},
+        {"0:00:00\n0:00:10\n", "0", "10"},
+        {"25/02/2008 12:03\nrain\n", "2008/02/25 12:03:00", ""},
+        {"north\nsouth\n", "", ""},
+        {"1\n2\n", "", ""},
+    };
+    for (const auto& [times, first, last] : rows) {
+        const LoadOutcome outcome = load("a.csv", std::string("Time\n") + times);
+        EXPECT_EQ(outcome.firstTime, first) << times;
+        EXPECT_EQ(outcome.lastTime, last) << times;
+    }
+}
+
 TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
     grey = true;
     load("a.csv", "Time,T(C),F(l/s),U(C),L,S(m/s)\nx,1,2,3,4,5\n");

@@ -1,5 +1,6 @@
 #include "views/grid/CGridView.h"
 #include "GridText.h"
+#include "base/InternationalSettings.h"
 #include "views/grid/FindBar.h"
 #include "views/grid/GoToDialog.h"
 #include "views/grid/MyCug.h"
@@ -37,7 +38,8 @@ class CGridViewTest : public testing::Test {
     }
 
     GridData m_grid;
-    CGridView m_view{m_grid};
+    const InternationalSettings m_settings;
+    CGridView m_view{m_grid, m_settings};
 };
 
 TEST_F(CGridViewTest, KeepsACurrentCellThroughLoads) {

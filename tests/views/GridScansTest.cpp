@@ -1,4 +1,5 @@
 #include "GridText.h"
+#include "base/InternationalSettings.h"
 #include "views/scan/FindScan.h"
 #include "views/scan/RowLocator.h"
 #include "views/scan/StatisticsScan.h"
@@ -93,8 +94,8 @@ TEST(FindScan, VisitsEveryMatchOnceLikeBruteForce) {
     }
 }
 
-std::string located(const GridData& grid, const char* wanted) {
-    RowLocator locator(grid, wanted);
+std::string located(const GridData& grid, const char* wanted, Row from = 0) {
+    RowLocator locator(grid, {}, wanted, from);
     while (locator.step(2) == RowLocator::State::Searching) {
     }
     switch (locator.state()) {
@@ -146,6 +147,34 @@ TEST(RowLocator, LooksForTheBeginningOfOtherTimes) {
     fillGrid(grid, "Time|A\n25/02/2008 11:00|1\n26/02/2008 11:00|2\n");
     EXPECT_EQ(located(grid, "26/02"), "1");
     EXPECT_EQ(located(grid, "27/02"), "not understood");
+}
+
+TEST(RowLocator, ReadsTimesAsTheChartDoes) {
+    GridData grid;
+    fillGrid(grid, "Time|A\n03/02/2008 23:55|1\n04/02/2008 12:00|2\n04/02/2008 12:40|3\n"
+                   "rain|4\n25/02/2008 12:03|5\n");
+    const Table<const char*, Row, const char*> rows = {
+        {"25/02/2008 12:03", 0, "4"},
+        {"25/02/2008 12:04", 0, "no row at or after"},
+        {"4.2.08", 0, "1"},
+        {"2008-02-04 12:01", 0, "2"},
+        {"Feb 2008", 0, "0"},
+        {"rain", 0, "3"},
+        {"12:30", 0, "2"},
+        {"12:30", 2, "4"},
+        {"12:30", 4, "2"},
+        {"23:55", 0, "0"},
+        {"11:59:59", 1, "4"},
+    };
+    for (const auto& [wanted, from, expected] : rows)
+        EXPECT_EQ(located(grid, wanted, from), expected) << wanted << " from " << from;
+}
+
+TEST(RowLocator, CountsFractionsAsTheGridDoes) {
+    GridData grid;
+    fillGrid(grid, "Time|A\n2008/02/25 12:00:00.25|1\n2008/02/25 12:00:00.100|2\n");
+    grid.setFractionUnit(FractionUnit::Microseconds);
+    EXPECT_EQ(located(grid, "2008/02/25 12:00:00.30"), "1");
 }
 
 std::string statistics(const GridData& grid, std::vector<CellArea> areas) {

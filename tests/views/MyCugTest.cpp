@@ -1,5 +1,6 @@
 #include "views/grid/MyCug.h"
 #include "GridText.h"
+#include "base/InternationalSettings.h"
 #include "views/grid/CGridView.h"
 #include "views/grid/GridClipboard.h"
 #include "views/scan/CompareCells.h"
@@ -75,7 +76,8 @@ class MyCugTest : public testing::Test {
     }
 
     GridData m_grid;
-    CGridView m_view{m_grid};
+    const InternationalSettings m_settings;
+    CGridView m_view{m_grid, m_settings};
     MyCug& m_cug = m_view.grid();
     GridModel& m_model = m_cug.gridModel();
 };

@@ -79,7 +79,7 @@ CMainFrame::~CMainFrame() {
 }
 
 void CMainFrame::createClient() {
-    m_gridView = new CGridView(m_data);
+    m_gridView = new CGridView(m_data, m_international);
     m_trendView =
         new CTrendView({.grid = m_data,
                         .international = m_international,

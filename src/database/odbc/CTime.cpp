@@ -1,7 +1,10 @@
 #include "database/odbc/CTime.h"
 
 #include "base/CalendarText.h"
+#include "base/InternationalSettings.h"
+#include "times/TimeReader.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 
@@ -11,73 +14,27 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-/// Takes numbers and marks off the front of a text.
-class Taker {
-  public:
-    explicit Taker(std::string_view text) : m_rest(text) {}
-
-    template <class Number>
-    Taker& digits(std::size_t count, Number& value) {
-        int number = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            if (i >= m_rest.size() || !isDigit(m_rest[i])) return fail();
-            number = number * 10 + (m_rest[i] - '0');
-        }
-        value = static_cast<Number>(number);
-        m_rest.remove_prefix(count);
-        return *this;
-    }
-
-    Taker& mark(std::string_view any) {
-        if (m_rest.empty() || any.find(m_rest[0]) == std::string_view::npos) return fail();
-        m_rest.remove_prefix(1);
-        return *this;
-    }
-
-    Taker& fraction() {
-        if (m_rest.empty()) return *this;
-        mark(".");
-        while (!m_rest.empty() && isDigit(m_rest[0]))
-            m_rest.remove_prefix(1);
-        return *this;
-    }
-
-    [[nodiscard]] bool atEnd() const { return m_good && m_rest.empty(); }
-
-  private:
-    Taker& fail() {
-        m_good = false;
-        m_rest = {};
-        return *this;
-    }
-
-    std::string_view m_rest;
-    bool m_good = true;
-};
-
-bool inCalendar(const CTime& time) {
-    return time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 &&
-           time.hour <= 23 && time.minute <= 59 && time.second <= 61;
-}
-
 } // namespace
 
 CTime CTime::parse(std::string_view text) {
+    static const TimeReader kReader(*TimeForm::parse("yyyy-MM-dd HH:mm:ss"), {});
     const std::size_t begin = text.find_first_not_of(kBlanks);
     if (begin == std::string_view::npos) return {};
     text = text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-    CTime time;
-    Taker taker(text);
-    taker.digits(4, time.year).mark("-").digits(2, time.month).mark("-").digits(2, time.day);
-    if (!taker.atEnd()) {
-        taker.mark(" T").digits(2, time.hour).mark(":").digits(2, time.minute).mark(":");
-        taker.digits(2, time.second).fraction();
-    }
-    return taker.atEnd() && inCalendar(time) ? time : CTime{};
+    const bool seconds = text.size() >= 19 && text[16] == ':';
+    const bool whole = (text.size() == 10 || seconds) && text[4] == '-' && text[7] == '-';
+    const auto moment = whole ? kReader.readOwn(text) : std::nullopt;
+    if (!moment) return {};
+    using namespace std::chrono;
+    const sys_seconds wall{std::chrono::seconds(moment->wall())};
+    const year_month_day date(floor<days>(wall));
+    const hh_mm_ss clock(wall - floor<days>(wall));
+    return {int{date.year()},
+            static_cast<std::uint8_t>(unsigned{date.month()}),
+            static_cast<std::uint8_t>(unsigned{date.day()}),
+            static_cast<std::uint8_t>(clock.hours().count()),
+            static_cast<std::uint8_t>(clock.minutes().count()),
+            static_cast<std::uint8_t>(clock.seconds().count())};
 }
 
 CTime CTime::now() {

@@ -20,8 +20,9 @@ struct CTime {
 
     friend bool operator==(const CTime&, const CTime&) = default;
 
-    /// Reads "yyyy-MM-dd", "yyyy-MM-dd HH:mm:ss" or that with a fraction, with ' ' or 'T' between
-    /// date and time, blanks around it passed over. Null for any other text.
+    /// Reads "yyyy-MM-dd", "yyyy-MM-dd HH:mm:ss" or that with a fraction or an offset from UTC, as
+    /// the clock of the text shows it, with ' ' or 'T' between date and time, blanks around it
+    /// passed over. Null for any other text.
     [[nodiscard]] static CTime parse(std::string_view text);
     /// The clock on the wall.
     [[nodiscard]] static CTime now();

@@ -1,46 +1,30 @@
 #include "database/sessions/SessionTime.h"
 
-#include <array>
-#include <chrono>
+#include "base/InternationalSettings.h"
+#include "times/TimeReader.h"
+
 #include <limits>
 
 namespace pellam {
 
 namespace {
 
-// The numbers between the separators; nothing when the text is not made so.
-std::optional<std::array<int, 6>> fields(std::string_view text) {
-    static constexpr std::string_view kPattern = "0000/00/00,00:00:00";
-    if (text.size() != kPattern.size()) return std::nullopt;
-    std::array<int, 6> numbers{};
-    std::size_t number = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool digit = text[i] >= '0' && text[i] <= '9';
-        if (kPattern[i] != '0') {
-            if (text[i] != kPattern[i]) return std::nullopt;
-            ++number;
-        } else if (digit) {
-            numbers[number] = numbers[number] * 10 + (text[i] - '0');
-        } else {
-            return std::nullopt;
-        }
-    }
-    return numbers;
-}
+constexpr std::int64_t kFirst = 31'536'000;   // 1971, in seconds since 1970
+constexpr std::int64_t kLast = 4'291'747'200; // 2106
 
 } // namespace
 
 std::optional<CMyTime> sessionTime(std::string_view text) {
-    using namespace std::chrono;
-    const auto numbers = fields(text);
-    if (!numbers) return std::nullopt;
-    const auto [y, m, d, hour, minute, second] = *numbers;
-    const year_month_day date(year(y), month(static_cast<unsigned>(m)),
-                              day(static_cast<unsigned>(d)));
-    if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+    static const TimeReader kReader(*TimeForm::parse("yyyy/MM/dd,HH:mm:ss"), {});
+    const auto moment = kReader.readOwn(text);
+    if (!moment) return std::nullopt;
+    // The reader is generous; what says the same in other words is not written so.
+    std::string written = calendarText(*moment);
+    written[written.find(' ')] = ',';
+    if (written != text) return std::nullopt;
     CMyTime time;
-    if (y <= 1970) return time;
-    if (y >= 2106) return CMyTime(std::numeric_limits<std::uint32_t>::max());
+    if (moment->seconds < kFirst) return time;
+    if (moment->seconds >= kLast) return CMyTime(std::numeric_limits<std::uint32_t>::max());
     time.ParseDateTime(text);
     return time;
 }

@@ -1,5 +1,6 @@
 #include "replay/load/FileLoader.h"
 
+#include "grid/TimeColumn.h"
 #include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
 #include "replay/load/ConversionLoader.h"
@@ -16,13 +17,14 @@ bool isReplay(LoadOutcome::Kind kind) {
     return kind == LoadOutcome::Kind::Data || kind == LoadOutcome::Kind::Alarm;
 }
 
-// The first column of delimited text need not be the time.
-std::string timeOf(const GridData& grid, Row row, LoadOutcome::Kind kind) {
-    if (row < 0) return {};
-    const Column& times = grid.column(0);
-    if (!isReplay(kind) && !times.cell(row).isTime()) return {};
+// Year/month/day texts stand as they are, with all their digits.
+std::string timeOf(const GridData& grid, TimeColumn& times, Row row) {
+    if (row < 0 || row >= grid.rowCount()) return {};
+    const auto moment = times.moment(row);
+    if (!moment) return {};
     CellBuffer buffer;
-    return std::string(times.text(row, buffer));
+    const bool plain = grid.column(0).cell(row).kind() == Cell::Kind::TimeSlash;
+    return plain ? std::string(grid.text(0, row, buffer)) : momentText(*moment, times.form());
 }
 
 } // namespace
@@ -46,8 +48,9 @@ LoadOutcome FileLoader::load(const std::string& path) {
                                                     : FractionUnit::DecimalPlaces);
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
-        outcome.firstTime = timeOf(grid, outcome.rows > 0 ? 0 : -1, outcome.kind);
-        outcome.lastTime = timeOf(grid, outcome.rows - 1, outcome.kind);
+        TimeColumn times(grid, m_context.international);
+        outcome.firstTime = timeOf(grid, times, 0);
+        outcome.lastTime = timeOf(grid, times, outcome.rows - 1);
         sortAxisByUnits(grid);
     } else {
         grid.reset();

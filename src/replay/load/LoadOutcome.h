@@ -24,8 +24,10 @@ struct LoadOutcome {
     /// incomplete records, and the line that names the place where it ends early.
     std::int64_t damagedLines = 0;
     PassedOver passedOver; ///< what of the file stands in no cell
-    std::string firstTime; ///< time text of the first row; empty when it has none
-    std::string lastTime;  ///< the same of the last row
+    /// Time of the first row as year/month/day hours:minutes:seconds with its fraction, a time of
+    /// day alone or elapsed seconds where the file has no more; empty when it can't be read.
+    std::string firstTime;
+    std::string lastTime; ///< the same of the last row
 
     // Header facts of a replay file; defaults for every other kind.
     int cryptState = 0;

@@ -1,7 +1,7 @@
 #include "replay/time/LoggerClock.h"
 
 #include "base/CalendarText.h"
-#include "replay/time/TimeCorrections.h"
+#include "base/LoggerEpoch.h"
 
 #include <algorithm>
 #include <charconv>
@@ -24,25 +24,10 @@ constexpr std::int64_t kEnd =
 
 // Calendar seconds of a count since 1989; false beyond the years that can be shown.
 bool calendarSeconds(double since1989, std::int64_t& seconds) {
-    const double value = std::floor(since1989) + TimeCorrections::dtOffset;
+    const double value = std::floor(since1989) + kLoggerEpoch;
     if (!(value >= double{kFirst} && value < double{kEnd})) return false;
     seconds = static_cast<std::int64_t>(value);
     return true;
-}
-
-std::int64_t dayOf(std::int64_t seconds) {
-    return (seconds - kFirst) / kDay + kFirst / kDay;
-}
-
-char* writeDate(char* out, std::int64_t seconds) {
-    const sys_days days{std::chrono::days{dayOf(seconds)}};
-    const std::chrono::year_month_day date{days};
-    return pellam::writeDate(out, int{date.year()}, unsigned{date.month()}, unsigned{date.day()});
-}
-
-char* writeTime(char* out, std::int64_t seconds) {
-    const auto second = static_cast<unsigned>(seconds - dayOf(seconds) * kDay);
-    return pellam::writeTime(out, second / 3600, second / 60 % 60, second % 60);
 }
 
 // A number of seconds in two parts, the fraction as its digits.
@@ -101,13 +86,12 @@ std::string_view LoggerClock::dateTime(std::string_view field, char separator, B
     field = asNumber(field);
     if (field.empty()) return {};
     Seconds seconds;
-    if (!readPlain(field, seconds) || seconds.fraction.size() > kMostDigits) {
+    if (!readPlain(field, seconds)) {
         seconds.fraction = {};
         if (!readDouble(field, seconds)) return {};
     }
-    char* out = writeDate(buffer.data(), seconds.whole);
-    *out++ = ' ';
-    out = writeTime(out, seconds.whole);
+    if (seconds.fraction.size() > kMostDigits) return {};
+    char* out = writeDateTime(buffer.data(), seconds.whole);
     if (!seconds.fraction.empty()) {
         *out++ = separator;
         // Six digits at least: a shorter number of them would count microseconds.
@@ -121,14 +105,14 @@ std::string_view LoggerClock::dateTime(std::string_view field, char separator, B
 std::string_view LoggerClock::date(double days, Buffer& buffer) {
     std::int64_t seconds = 0;
     if (!calendarSeconds(days * static_cast<double>(kDay), seconds)) return {};
-    const char* const out = writeDate(buffer.data(), seconds);
+    const char* const out = writeDateOf(buffer.data(), seconds);
     return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 
 std::string_view LoggerClock::timeOfDay(double number, Buffer& buffer) {
     std::int64_t seconds = 0;
     if (!calendarSeconds(number, seconds)) return {};
-    const char* const out = writeTime(buffer.data(), seconds);
+    const char* const out = writeTimeOf(buffer.data(), seconds);
     return {buffer.data(), static_cast<std::size_t>(out - buffer.data())};
 }
 

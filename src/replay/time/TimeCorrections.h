@@ -1,13 +1,15 @@
 #pragma once
 
+#include "base/LoggerEpoch.h"
+
 #include <cstdint>
 
 namespace pellam {
 
 /// Seconds that turn a logger's numeric time stamps into calendar time, fixed at start-up.
 struct TimeCorrections {
-    /// 1989-01-01 00:00:00 in calendar seconds: numeric time stamps count from there.
-    static constexpr std::int32_t dtOffset = 599'616'000;
+    /// Where numeric time stamps count from, in calendar seconds.
+    static constexpr std::int32_t dtOffset = kLoggerEpoch;
 
     std::int32_t standardBias = 0; ///< seconds west of UTC in standard time
     std::int32_t daylightBias =

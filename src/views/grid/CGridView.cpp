@@ -18,13 +18,14 @@
 
 namespace pellam {
 
-CGridView::CGridView(GridData& grid, QWidget* parent)
+CGridView::CGridView(GridData& grid, const InternationalSettings& settings, QWidget* parent)
     : QWidget(parent),
       m_grid(grid),
+      m_settings(settings),
       m_model(new GridModel(grid, this)),
       m_cug(new MyCug(*m_model, this)),
       m_statistics(new SelectionStatistics(grid, this)),
-      m_finder(new GridFinder(grid, this)),
+      m_finder(new GridFinder(grid, settings, this)),
       m_findBar(new FindBar(this)),
       m_blank(new QWidget(this)),
       m_dropTarget(new CMyDropTarget(this)) {
@@ -203,7 +204,7 @@ void CGridView::search(bool forward) {
 }
 
 void CGridView::goTo() {
-    GoToDialog dialog(m_grid, this);
+    GoToDialog dialog(m_grid, m_settings, m_cug->currentIndex().row() - 1, this);
     if (dialog.exec() == QDialog::Accepted) goToRow(dialog.row());
 }
 

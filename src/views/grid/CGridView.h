@@ -19,13 +19,14 @@ class GridModel;
 class MyCug;
 class ProgressSink;
 class SelectionStatistics;
+struct InternationalSettings;
 
 /// The "Grid" page: the data as a spreadsheet, with the find bar below it.
 class CGridView : public QWidget {
     Q_OBJECT
   public:
-    /// Shows a store, which must outlive the page.
-    explicit CGridView(GridData& grid, QWidget* parent = nullptr);
+    /// Shows a store, which must outlive the page, and so must the settings.
+    CGridView(GridData& grid, const InternationalSettings& settings, QWidget* parent = nullptr);
     ~CGridView() override;
 
     [[nodiscard]] GridData& data() const { return m_grid; }
@@ -100,6 +101,7 @@ class CGridView : public QWidget {
     void setAllCharted(int columns, bool charted);
 
     GridData& m_grid;
+    const InternationalSettings& m_settings;
     GridModel* m_model;
     MyCug* m_cug;
     SelectionStatistics* m_statistics;

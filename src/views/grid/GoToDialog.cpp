@@ -12,10 +12,12 @@
 
 namespace pellam {
 
-GoToDialog::GoToDialog(const GridData& grid, QWidget* parent)
+GoToDialog::GoToDialog(const GridData& grid, const InternationalSettings& settings, Row current,
+                       QWidget* parent)
     : QDialog(parent),
       m_grid(grid),
-      m_finder(grid),
+      m_finder(grid, settings),
+      m_current(current),
       m_wanted(new QLineEdit),
       m_remark(new QLabel) {
     setWindowTitle(tr("Go To"));
@@ -65,7 +67,7 @@ GoToDialog::GoToDialog(const GridData& grid, QWidget* parent)
 
 void GoToDialog::accept() {
     m_remark->setText(tr("Searching…"));
-    m_finder.locate(m_wanted->text());
+    m_finder.locate(m_wanted->text(), m_current);
 }
 
 QString GoToDialog::explain(RowLocator::State why) const {

@@ -15,8 +15,10 @@ namespace pellam {
 class GoToDialog : public QDialog {
     Q_OBJECT
   public:
-    /// `grid` must outlive the dialog.
-    explicit GoToDialog(const GridData& grid, QWidget* parent = nullptr);
+    /// `grid` and `settings` must outlive the dialog. `current` is the row to search from where
+    /// that matters.
+    GoToDialog(const GridData& grid, const InternationalSettings& settings, Row current,
+               QWidget* parent = nullptr);
 
     /// The data row to go to, once the dialog was accepted.
     [[nodiscard]] Row row() const { return m_row; }
@@ -28,6 +30,7 @@ class GoToDialog : public QDialog {
 
     const GridData& m_grid;
     GridFinder m_finder;
+    Row m_current;
     QLineEdit* m_wanted;
     QLabel* m_remark;
     Row m_row = 0;

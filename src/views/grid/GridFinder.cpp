@@ -11,7 +11,10 @@ constexpr int kCellsPerStep = 2000;
 constexpr qint64 kReportMilliseconds = 150;
 } // namespace
 
-GridFinder::GridFinder(const GridData& grid, QObject* parent) : QObject(parent), m_grid(grid) {}
+GridFinder::GridFinder(const GridData& grid, const InternationalSettings& settings, QObject* parent)
+    : QObject(parent),
+      m_grid(grid),
+      m_settings(settings) {}
 
 void GridFinder::stop() {
     m_slices.stop();
@@ -42,8 +45,8 @@ void GridFinder::find(const FindQuery& query, FindScan::Place from) {
     });
 }
 
-void GridFinder::locate(const QString& wanted) {
-    auto locator = std::make_shared<RowLocator>(m_grid, wanted.toStdString());
+void GridFinder::locate(const QString& wanted, Row from) {
+    auto locator = std::make_shared<RowLocator>(m_grid, m_settings, wanted.toStdString(), from);
     m_slices.start([this, locator] {
         const RowLocator::State state = locator->step(kCellsPerStep);
         if (state == RowLocator::State::Searching) return true;

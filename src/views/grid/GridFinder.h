@@ -12,12 +12,13 @@ namespace pellam {
 class GridFinder : public QObject {
     Q_OBJECT
   public:
-    /// `grid` must outlive this.
-    explicit GridFinder(const GridData& grid, QObject* parent = nullptr);
+    /// `grid` and `settings` must outlive this.
+    GridFinder(const GridData& grid, const InternationalSettings& settings,
+               QObject* parent = nullptr);
 
     void find(const FindQuery& query, FindScan::Place from);
-    /// Looks for a row number or a time; see RowLocator.
-    void locate(const QString& wanted);
+    /// Looks for a row number or a time; see RowLocator. `from` is the current row.
+    void locate(const QString& wanted, Row from);
     /// Drops the search under way; call before the store is emptied.
     void stop();
 
@@ -33,6 +34,7 @@ class GridFinder : public QObject {
 
   private:
     const GridData& m_grid;
+    const InternationalSettings& m_settings;
     SliceTimer m_slices;
 };
 

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "grid/GridData.h"
+#include "grid/TimeColumn.h"
+#include "times/SoughtTime.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,10 +21,12 @@ class RowLocator {
         NoRowAtOrAfter ///< every row is earlier than this time
     };
 
-    /// `wanted` is a row number from 1, or the beginning of a time, year first:
-    /// "2008/02/25 12", "2008-2-25T12:30". A text that is neither is looked for as the beginning of
-    /// a row's time. `grid` must outlive the locator.
-    RowLocator(const GridData& grid, std::string_view wanted);
+    /// `wanted` is a row number from 1, or a time or the beginning of one: see SoughtTime. A text
+    /// that is neither is looked for as the beginning of a row's time. A time of day alone is
+    /// sought from row `from` on, and then from the first row to there. `grid` must outlive the
+    /// locator.
+    RowLocator(const GridData& grid, const InternationalSettings& settings, std::string_view wanted,
+               Row from = 0);
 
     /// Looks at up to `rows` rows more.
     State step(std::int64_t rows);
@@ -32,24 +36,17 @@ class RowLocator {
     /// The data row found: of that number, or the first one at or after that time.
     [[nodiscard]] Row row() const { return m_row; }
 
-    /// Orders times: year, month, day, hour, minute, second and fraction, missing ones counting as
-    /// the least there are. Nothing for a text that does not begin with a year of four digits and a
-    /// separator.
-    struct TimeKey {
-        std::int64_t second = 0;     ///< yyyyMMddHHmmss as one number
-        std::int64_t nanosecond = 0; ///< 0 to 999999999; further digits are dropped
-        friend auto operator<=>(const TimeKey&, const TimeKey&) = default;
-    };
-
-    static std::optional<TimeKey> timeKey(std::string_view text);
-
   private:
-    [[nodiscard]] bool matches(std::string_view time) const;
+    void findNumber();
+    bool matches();
 
     const GridData& m_grid;
+    TimeColumn m_column;
     std::string m_prefix;
-    std::optional<TimeKey> m_key;
+    std::optional<SoughtTime> m_sought;
+    std::optional<SoughtTime> m_target; ///< what is sought, once the first row's time is known
     Row m_row = 0;
+    Row m_left; ///< rows that were not looked at yet
     State m_state = State::Searching;
 };
 
