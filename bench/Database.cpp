@@ -9,7 +9,7 @@
 #include "base/SilentSinks.h"
 #include "database/odbc/BackgroundCall.h"
 #include "database/sessions/CSessionFromDatabase.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #ifdef PELLAM_HAS_QTSQL
@@ -171,7 +171,7 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     if (!intoGrid) return 0;
     InternationalSettings international;
     GridData grid('.');
-    FileLoader loader({grid, international, corrections, messages, progress, chooser});
+    FileLoader loader({grid, international, messages, progress, chooser});
     const LoadOutcome outcome = loader.load(*path);
     return static_cast<double>(outcome.rows) * outcome.channels;
 }

@@ -15,7 +15,7 @@ using namespace pellam;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const MemoryFile bytes(data, size);
     SilentMessages messages;
-    CReplayFile file(bytes.path(), messages, {18000, -3600});
+    CReplayFile file(bytes.path(), messages);
     if (!file.isOpen()) return 0;
     if (file.HeaderLineCount() < 0 || file.LineCount() < 0) __builtin_trap();
     if (file.ReadDataMap() == 0 && !file.GetDataMap().empty()) __builtin_trap();
@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string_view line;
     std::int32_t lines = 0;
     for (; file.reader().next(line); ++lines)
-        (void)file.ExtractTime(line).FormatLocalNoDST("%Y/%m/%d %X");
+        (void)CReplayFile::ExtractTime(line, {18000, -3600}).FormatLocalNoDST("%Y/%m/%d %X");
     if (lines != file.LineCount() || header != file.HeaderLineCount()) __builtin_trap();
     return 0;
 }

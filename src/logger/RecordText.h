@@ -38,18 +38,20 @@ class RecordText {
     /// end at their first NUL, at the latest after 16 characters.
     void writeHeading(char letter, std::string_view name, std::string_view units);
 
-    /// Writes one data record as a line. What does not fit into the slot ends the line there and is
-    /// returned, its offset counted from the slot's first byte.
+    /// Writes one data record of ten bytes or more as a line. An item that its value or its slot
+    /// has no room for ends the line there and is returned, its offset counted from the slot's
+    /// first byte.
     binary::Shortage writeData(std::string_view slot);
 
-    /// Writes one alarm record as a line; `index` is the number to begin with, when there is one.
-    binary::Shortage writeAlarm(std::string_view slot, const std::uint32_t* index);
+    /// Writes one alarm record of twelve bytes or more as a line; `index` is the number to begin
+    /// with, when there is one.
+    void writeAlarm(std::string_view slot, const std::uint32_t* index);
 
     TimestampText& times() { return m_times; }
 
   private:
-    char* writeItem(const char* item, std::size_t channel, char* out);
-    char* writeValue(const char* item, std::size_t channel, char* out);
+    char* writeItem(const char* item, std::size_t size, std::size_t channel, char* out);
+    char* writeValue(const char* item, std::size_t size, std::size_t channel, char* out);
     char* writeTextValue(std::string_view text, const FormatText& format, char* out) const;
     char* keepWhole(char* begin, char* end) const;
 

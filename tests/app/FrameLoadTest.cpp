@@ -1,6 +1,7 @@
 #include "FrameFixture.h"
 
 #include "app/dialogs/CPreferences.h"
+#include "app/dialogs/PropertiesDialog.h"
 #include "app/frame/RecentFiles.h"
 #include "ui/dialogs/FolderEdit.h"
 #include "ui/dialogs/TabPages.h"
@@ -45,6 +46,44 @@ TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
     EXPECT_EQ(status(), "");
     EXPECT_EQ(frame.windowTitle(), u"Pellam");
     EXPECT_EQ(frame.data().rowCount(), 0);
+}
+
+TEST_F(FrameLoadTest, WhatWasPassedOverIsToldWithItsDetails) {
+    const QByteArray d = "D,1,2008/02/25,12:00:00,0.0,1:A,0,1";
+    const auto file =
+        write("a.dlr", "Desc \"Mast <7>\"\n"
+                       "S,0,0,10:0,1989,1,0,\"\",<A,\"1S\",G,<\"a\",\"u\",0,0,8,4,1>>:\n" +
+                           d + "\n" + d + "\n");
+    auto& frame = start();
+    EXPECT_FALSE(frame.actions().action(Command::Properties)->isEnabled());
+    frame.OnLoadSessionFromFile(file);
+    EXPECT_EQ(status(), "Rows: 1 | Channels: 1 | Bad lines: 0 | "
+                        "Passed over: 1 repeated line (in line 4) | a.dlr");
+    QString marked;
+    QString all;
+    {
+        DialogScript dialogs;
+        dialogs
+            .then<PropertiesDialog>([&](PropertiesDialog& dialog) {
+                marked = dialog.text();
+                dialog.reject();
+            })
+            .then<PropertiesDialog>([&](PropertiesDialog& dialog) {
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_A, Qt::ControlModifier);
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+                all = QApplication::clipboard()->text();
+                dialog.reject();
+            });
+        auto* details = frame.statusBar()->findChild<QPushButton*>();
+        ASSERT_TRUE(details && details->isVisible());
+        details->click();
+        give(Command::Properties);
+    }
+    EXPECT_EQ(marked, u"Passed over\t1 repeated line (in line 4)\n");
+    EXPECT_TRUE(all.contains(u"Description\tMast <7>\n")) << all.toStdString();
+    EXPECT_TRUE(all.endsWith(u"Channel\tA.a(u)\n")) << all.toStdString();
+    frame.OnLoadSessionFromFile(csv());
+    EXPECT_FALSE(frame.statusBar()->findChild<QPushButton*>()->isVisible());
 }
 
 TEST_F(FrameLoadTest, ABinaryFileAsksForTheSaveFolderThatItIsConvertedInto) {

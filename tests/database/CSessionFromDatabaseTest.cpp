@@ -3,7 +3,7 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "ZoneScope.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <csignal>
@@ -277,8 +277,7 @@ TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     GridData grid('.');
     InternationalSettings international;
     AllChannels all;
-    const TimeCorrections corrections;
-    FileLoader loader({grid, international, corrections, messages, progress, all});
+    FileLoader loader({grid, international, messages, progress, all});
     ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
     EXPECT_EQ(gridText(grid), heading + first + second);
 }

@@ -1,13 +1,13 @@
 #include "app/batch/BatchCommand.h"
 
 #include "app/batch/ChartOutput.h"
-#include "app/batch/FileInfoText.h"
 #include "app/print/GridPdf.h"
 #include "base/FileName.h"
 #include "base/Utf8.h"
 #include "export/GridWriter.h"
 #include "logger/CDumpDBD.h"
 #include "logger/TaggedDownload.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/FileLoader.h"
 #include "settings/SaveFolder.h"
 
@@ -117,7 +117,6 @@ bool BatchCommand::load() {
     };
     FileLoader loader({m_grid,
                        m_international,
-                       m_corrections,
                        m_messages,
                        m_progress,
                        m_chooser,
@@ -158,8 +157,13 @@ void BatchCommand::keepChosenColumns() {
 }
 
 bool BatchCommand::writeInfo() {
-    return report(writeOut(fileInfoText(
-        m_outcome, m_grid, {m_line.database.request.dataSource, m_line.database.request.session})));
+    const SessionRequest& request = m_line.database.request;
+    std::string text;
+    for (const FileFact& fact :
+         fileFacts(m_outcome, m_grid, {request.dataSource, request.session})) {
+        text += fact.name + ": " + fact.value + '\n';
+    }
+    return report(writeOut(text));
 }
 
 bool BatchCommand::report(const Failure& failure) {
@@ -203,14 +207,19 @@ bool BatchCommand::drawCharts() {
 }
 
 bool BatchCommand::convert() {
-    return report(convertTaggedDownload(m_line.convert));
+    std::string output;
+    if (!report(convertTaggedDownloadBeside(m_line.convert, output))) return false;
+    if (output != taggedDownloadOutput(m_line.convert))
+        m_messages.show("Information: The conversion is " + output +
+                        "; another file has its usual name.");
+    return true;
 }
 
 bool BatchCommand::dump() {
     CDumpDBD dumper({m_international, m_messages, m_progress});
     const int result = dumper.dumpFile({m_line.file}, m_line.dump, m_line.dumpOptions);
     if (dumper.aborted()) return report({Failure::Kind::Aborted, m_line.dump, -1, {}});
-    return result == CDumpDBD::kDone;
+    return result == CDumpDBD::kDone && report(dumper.damage().failure(m_line.file));
 }
 
 int runBatch(const CommandLine& line) {

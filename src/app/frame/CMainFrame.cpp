@@ -2,6 +2,7 @@
 
 #include "app/dialogs/AboutBox.h"
 #include "app/dialogs/CPreferences.h"
+#include "app/dialogs/PropertiesDialog.h"
 #include "app/dialogs/SettingsAnswers.h"
 #include "app/frame/CLumasetApp.h"
 #include "app/frame/FrameActions.h"
@@ -120,8 +121,8 @@ void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
     m_preview = new FramePreview(m_stack, *m_printing, *m_actions);
     connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
-    m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
-                                m_messages, [this] { OnFilePreferences(); }});
+    m_loader = new FrameLoader(
+        {this, m_app, *m_gridView, m_international, m_messages, [this] { OnFilePreferences(); }});
     m_sessions =
         new FrameSessions({this, m_app, *m_gridView, *m_loader, m_corrections, m_messages});
     m_export =
@@ -144,6 +145,8 @@ bool CMainFrame::chartInFront() const {
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
     connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
+    connect(m_status, &FrameStatusBar::detailsWanted, this,
+            [this] { OnFileProperties(QStringLiteral("passed over")); });
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
@@ -231,6 +234,7 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
 
 LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
     auto outcome = m_loader->load(path);
+    m_stored = {};
     showLoaded(path, outcome);
     return outcome;
 }
@@ -240,6 +244,7 @@ void CMainFrame::OnLoadFromDatabase() {
     OnViewDatagrid();
     if (const auto request = m_sessions->ask()) {
         const auto outcome = m_sessions->load(*request);
+        m_stored = {request->dataSource, request->session};
         showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
     }
     Grid()->clearSelection();
@@ -249,6 +254,7 @@ void CMainFrame::OnLoadFromDatabase() {
 void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
                             const QString& session) {
     m_file = outcome.loaded ? path : QString();
+    m_outcome = outcome;
     m_trendView->setFileName(m_gridView->fileName());
     m_status->showLoad(outcome, session);
     const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
@@ -289,7 +295,8 @@ void CMainFrame::ExportTXT(const QString& path) {
 }
 
 int CMainFrame::ConvertFile(const QString& path) {
-    const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
+    std::string output;
+    const auto failure = convertTaggedDownloadBeside(QFile::encodeName(path).toStdString(), output);
     if (!failure) return 1;
     m_messages.show(failure.text());
     return 0;
@@ -315,6 +322,10 @@ void CMainFrame::OnHelp() {
 
 void CMainFrame::OnAppAbout() {
     AboutBox(IconSet::applicationIcon(), this).exec();
+}
+
+void CMainFrame::OnFileProperties(const QString& marked) {
+    PropertiesDialog(fileFacts(m_outcome, m_data, m_stored), marked, this).exec();
 }
 
 void CMainFrame::OnClearXMessage() {

@@ -2,6 +2,7 @@
 
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/SettingsStore.h"
@@ -94,6 +95,9 @@ class CMainFrame : public QMainWindow {
     void OnFilePreferences();
     /// Prints the page in front.
     void OnFilePrint();
+    /// Shows what is known of the loaded file. `marked`: the facts to begin with, see
+    /// PropertiesDialog.
+    void OnFileProperties(const QString& marked = {});
     void OnEditSelectAll();
     void OnEditClearAll();
     void OnViewDatagrid();
@@ -187,6 +191,8 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
+    LoadOutcome m_outcome;  ///< of what is on the grid
+    StoredSession m_stored; ///< where that came from when it was no file
     bool m_closeWhenLoaded = false;
 };
 

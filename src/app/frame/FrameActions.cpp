@@ -44,9 +44,9 @@ void FrameActions::fillMenu(const QString& title, const QList<Command>& commands
 }
 
 void FrameActions::buildMenus() {
-    fillMenu(tr("&File"),
-             {Open, OpenDatabase, kSeparator, Export, ViewSpreadsheet, kSeparator, Print,
-              PrintPreview, kSeparator, Preferences, FirstRecentFile, kSeparator, Exit});
+    fillMenu(tr("&File"), {Open, OpenDatabase, kSeparator, Export, ViewSpreadsheet, kSeparator,
+                           Print, PrintPreview, kSeparator, Properties, Preferences,
+                           FirstRecentFile, kSeparator, Exit});
     fillMenu(tr("&Edit"), {Undo, Redo, kSeparator, Cut, Copy, CopyWithHeadings, Paste, kSeparator,
                            SelectAllChannels, DeselectAllChannels, kSeparator, Find, FindNext,
                            FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});

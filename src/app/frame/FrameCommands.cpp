@@ -29,6 +29,10 @@ void addFiles(CommandSet& commands, CMainFrame& frame, const Rule& exportable) {
         {ViewSpreadsheet, "View with External &Spreadsheet...", "",
          "Export a CSV file and open it with your spreadsheet program", IconName::Spreadsheet},
         [&frame] { frame.OnFileViewin(); }, exportable);
+    commands.add(
+        {Properties, "P&roperties...", "Alt+Return",
+         "Show what is known of the loaded file, and what of it was passed over"},
+        [&frame] { frame.OnFileProperties(); }, [&frame] { return frame.data().rowCount() > 0; });
     commands.add({Preferences, "Pre&ferences...", "", "Choose the default save folder",
                   IconName::Preferences},
                  [&frame] { frame.OnFilePreferences(); });

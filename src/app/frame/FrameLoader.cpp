@@ -99,9 +99,8 @@ LoadOutcome FrameLoader::read(const std::string& path, bool session) {
     const auto saveFolder = [this] {
         return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
-    FileLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
-                       m_context.messages, progress(), chooser, false, saveFolder,
-                       m_context.openPreferences, session});
+    FileLoader loader({m_context.page.data(), m_context.international, m_context.messages,
+                       progress(), chooser, false, saveFolder, m_context.openPreferences, session});
     return loader.load(path);
 }
 

@@ -16,7 +16,6 @@ class CGridView;
 class CLumasetApp;
 class MessageSink;
 struct InternationalSettings;
-struct TimeCorrections;
 
 /// Brings files onto the grid page: the open dialog, the load with its progress window, and the
 /// page before and after it. One load at a time.
@@ -29,7 +28,6 @@ class FrameLoader : public QObject {
         CLumasetApp& app;
         CGridView& page;
         const InternationalSettings& international;
-        const TimeCorrections& corrections;
         MessageSink& messages;
         /// Opens the preferences, for a save folder that a conversion needs.
         std::function<void()> openPreferences = {};

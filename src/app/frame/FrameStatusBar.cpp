@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
+#include <QPushButton>
 #include <QStatusBar>
 
 namespace pellam {
@@ -16,6 +17,13 @@ FrameStatusBar::FrameStatusBar(QStatusBar* bar) : QObject(bar), m_bar(bar) {
     m_rows = addField(tr("Rows"));
     m_channels = addField(tr("Channels"));
     m_damaged = addField(tr("Bad lines"));
+    m_passedOver = addField(tr("Passed over"));
+    m_details = new QPushButton(tr("Details"));
+    m_details->setFlat(true);
+    m_details->setToolTip(tr("Show what of the file stands in no cell"));
+    m_details->hide();
+    bar->addPermanentWidget(m_details);
+    connect(m_details, &QPushButton::clicked, this, &FrameStatusBar::detailsWanted);
     m_file = addField(tr("File"));
     showLoad({});
     // A remark needs the room; the figures come back after it.
@@ -33,6 +41,17 @@ QLabel* FrameStatusBar::addField(const QString& name) {
     field->hide();
     m_bar->addPermanentWidget(field);
     return field;
+}
+
+void FrameStatusBar::showPassedOver(const PassedOver& passedOver) {
+    const auto causes = passedOver.texts();
+    set(m_passedOver, causes.empty() ? QString()
+                      : causes.size() == 1
+                          ? tr("Passed over: %1").arg(QString::fromStdString(causes[0]))
+                          : tr("Passed over: %1 for %2 reasons")
+                                .arg(QLocale().toString(qlonglong(passedOver.total())))
+                                .arg(causes.size()));
+    m_details->setVisible(!causes.empty());
 }
 
 void FrameStatusBar::set(QLabel* field, const QString& text) {
@@ -57,6 +76,7 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session
     auto font = m_damaged->font();
     font.setBold(outcome.damagedLines > 0);
     m_damaged->setFont(font);
+    showPassedOver(loaded ? outcome.passedOver : PassedOver());
     set(m_file, loaded ? m_file->fontMetrics().elidedText(name, Qt::ElideMiddle, 320) : QString());
     m_file->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
 }
@@ -68,7 +88,8 @@ void FrameStatusBar::showSelection(const QString& figures) {
 
 QStringList FrameStatusBar::texts() const {
     QStringList shown;
-    for (const auto* field : {m_selection, m_stopped, m_rows, m_channels, m_damaged, m_file})
+    for (const auto* field :
+         {m_selection, m_stopped, m_rows, m_channels, m_damaged, m_passedOver, m_file})
         if (!field->text().isEmpty()) shown += field->text();
     return shown;
 }

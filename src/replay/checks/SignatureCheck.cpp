@@ -3,12 +3,13 @@
 #include "base/LeadingNumber.h"
 #include "base/LineReader.h"
 #include "base/RegularFile.h"
-#include "replay/checks/CCrc32.h"
+#include "replay/checks/CCrc.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <optional>
+#include <system_error>
 
 namespace pellam {
 
@@ -65,6 +66,14 @@ std::optional<std::uint32_t> checksumOf(const std::string& path) {
     return sum;
 }
 
+// The path from the root, with nothing in it that leads nowhere: only its length can be compared
+// with that of the recorded one.
+std::string wholePath(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(path, error);
+    return error ? path : whole.lexically_normal().string();
+}
+
 // This program's rule: the location's tail is as long as the name in a folder of equal length.
 std::string besideSignature(const std::string& path, const std::string& location) {
     const std::size_t folder = path.find_last_of(kSeparators) + 1;
@@ -96,7 +105,7 @@ SignatureResult checkSignature(const std::string& path, MessageSink& messages) {
         return {};
     }
     if (path.find_last_of(kSeparators) != std::string::npos) {
-        std::string candidate = besideSignature(path, location);
+        std::string candidate = besideSignature(wholePath(path), location);
         if (candidate != location) {
             location = std::move(candidate);
             messages.show("Warning: Signature or Replay file has been moved from original "

@@ -2,8 +2,9 @@
 
 #include "base/FileName.h"
 #include "grid/TimeColumn.h"
+#include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
-#include "replay/load/BinaryLoader.h"
+#include "replay/load/ConversionLoader.h"
 #include "replay/load/DelimitedLoader.h"
 #include "replay/load/ReplayLoader.h"
 
@@ -12,6 +13,10 @@
 namespace pellam {
 
 namespace {
+
+bool isReplay(LoadOutcome::Kind kind) {
+    return kind == LoadOutcome::Kind::Data || kind == LoadOutcome::Kind::Alarm;
+}
 
 // Year/month/day texts stand as they are, with all their digits.
 std::string timeOf(const GridData& grid, TimeColumn& times, Row row) {
@@ -40,9 +45,8 @@ LoadOutcome FileLoader::load(const std::string& path) {
                                 ". Close other programs or load fewer channels.");
     }
     if (outcome.loaded) {
-        const bool replay =
-            outcome.kind == LoadOutcome::Kind::Data || outcome.kind == LoadOutcome::Kind::Alarm;
-        grid.setFractionUnit(replay ? FractionUnit::Microseconds : FractionUnit::DecimalPlaces);
+        grid.setFractionUnit(isReplay(outcome.kind) ? FractionUnit::Microseconds
+                                                    : FractionUnit::DecimalPlaces);
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
         TimeColumn times(grid, m_context.international);
@@ -61,12 +65,13 @@ LoadOutcome FileLoader::route(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
     if (extension == "dbr") return outcome;
+    if (extension == "dbd") return ConversionLoader(m_context).loadBinary(path);
+    if (isTaggedDownload(path)) return ConversionLoader(m_context).loadTagged(path);
     if (extension == "csv") {
         return DelimitedLoader(m_context, m_context.international.listSeparator)
             .ReadDelimFile(path);
     }
     if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
-    if (extension == "dbd") return BinaryLoader(m_context).load(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
 }
 

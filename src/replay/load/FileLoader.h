@@ -6,7 +6,6 @@
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"
-#include "replay/time/TimeCorrections.h"
 
 #include <functional>
 #include <string>
@@ -17,7 +16,6 @@ namespace pellam {
 struct LoadContext {
     GridData& grid;
     const InternationalSettings& international;
-    const TimeCorrections& corrections;
     MessageSink& messages;
     ProgressSink& progress;
     ChannelChooser& chooser;

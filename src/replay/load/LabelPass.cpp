@@ -37,7 +37,6 @@ ColumnMap LabelPass::DisplayLabels(const std::vector<std::string>& labels) {
         if (label[0] != previous) {
             previous = label[0];
             number = 0;
-            columns.restart(previous);
         }
         columns.add(previous, number++, kindOf(label, false));
         addHeading(label);

@@ -1,7 +1,5 @@
 #include "replay/load/PassedOver.h"
 
-#include <algorithm>
-
 namespace pellam {
 
 namespace {
@@ -19,7 +17,7 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"alarm among readings", "alarms among readings"},
      {"reading among alarms", "readings among alarms"},
      {"line of unknown kind", "lines of unknown kind"},
-     {"line that ends before its time or status", "lines that end before their time or status"},
+     {"line without time or status", "lines without time or status"},
      {"line cut because it is too long", "lines cut because they are too long"},
      {"value without a channel", "values without a channel"},
      {"value that is neither number nor text", "values that are neither number nor text"},
@@ -32,9 +30,11 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
 
 } // namespace
 
-bool PassedOver::empty() const {
-    return std::all_of(m_entries.begin(), m_entries.end(),
-                       [](const Entry& entry) { return entry.count == 0; });
+std::int64_t PassedOver::total() const {
+    std::int64_t total = 0;
+    for (const Entry& entry : m_entries)
+        total += entry.count;
+    return total;
 }
 
 void PassedOver::add(const PassedOver& other) {

@@ -19,7 +19,7 @@ class PassedOver {
         AlarmLine,           ///< an alarm in a file of readings
         ReadingLine,         ///< a reading in a file of alarms
         UnknownLine,         ///< of no kind that the format knows
-        IncompleteLine,      ///< ends before its time or status
+        IncompleteLine,      ///< without time or status
         CutLine,             ///< longer than a line may be; the rest of it is left out
         ValueWithoutChannel, ///< no channel of the file is in its place
         UnreadableValue,     ///< neither number nor text
@@ -53,8 +53,8 @@ class PassedOver {
         return m_entries[static_cast<std::size_t>(cause)];
     }
 
-    /// Nothing was passed over.
-    [[nodiscard]] bool empty() const;
+    /// Everything that was passed over, of all causes.
+    [[nodiscard]] std::int64_t total() const;
 
     /// One text a cause, in their order: "12 repeated lines (first in line 17)".
     [[nodiscard]] std::vector<std::string> texts() const;

@@ -1,8 +1,10 @@
-#include "app/batch/FileInfoText.h"
+#include "replay/load/FileFacts.h"
 
 #include "base/Utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace pellam {
 
@@ -18,6 +20,8 @@ const char* nameOf(LoadOutcome::Kind kind) {
         return "delimited";
     case LoadOutcome::Kind::Binary:
         return "binary";
+    case LoadOutcome::Kind::Tagged:
+        return "tagged download";
     case LoadOutcome::Kind::Nothing:
         break;
     }
@@ -26,24 +30,24 @@ const char* nameOf(LoadOutcome::Kind kind) {
 
 class Facts {
   public:
-    void add(const char* key, std::string value) {
+    void add(const char* name, std::string value) {
         std::replace_if(
             value.begin(), value.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-        m_text += std::string(key) + ": " + toUtf8(value) + '\n';
+        m_facts.push_back({name, toUtf8(value)});
     }
 
-    void add(const char* key, std::int64_t value) { add(key, std::to_string(value)); }
+    void add(const char* name, std::int64_t value) { add(name, std::to_string(value)); }
 
-    [[nodiscard]] const std::string& text() const { return m_text; }
+    [[nodiscard]] std::vector<FileFact> take() { return std::move(m_facts); }
 
   private:
-    std::string m_text;
+    std::vector<FileFact> m_facts;
 };
 
 } // namespace
 
-std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
-                         const StoredSession& stored) {
+std::vector<FileFact> fileFacts(const LoadOutcome& outcome, const GridData& grid,
+                                const StoredSession& stored) {
     Facts facts;
     if (stored.dsn.empty()) {
         facts.add("file", outcome.path);
@@ -51,6 +55,7 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
         facts.add("data source", stored.dsn);
         facts.add("session", stored.session);
     }
+    if (!outcome.converted.empty()) facts.add("converted to", outcome.converted);
     facts.add("size", outcome.fileSize);
     facts.add("kind", nameOf(outcome.kind));
     facts.add("crypt state", outcome.cryptState);
@@ -68,7 +73,7 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
         facts.add("passed over", cause);
     for (int i = 1; i <= grid.channelCount(); ++i)
         facts.add("channel", grid.column(i).label());
-    return facts.text();
+    return facts.take();
 }
 
 } // namespace pellam
