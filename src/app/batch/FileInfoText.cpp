@@ -96,8 +96,8 @@ std::string fileInfoText(const LoadOutcome& outcome, const GridData& grid,
     facts.add("rows", grid.rowCount());
     facts.add("channels", channelsOf(grid));
     facts.add("damaged lines", outcome.damagedLines);
-    if (outcome.kind == LoadOutcome::Kind::Delimited) addLayout(facts, outcome);
     addChannels(facts, grid);
+    if (outcome.kind == LoadOutcome::Kind::Delimited) addLayout(facts, outcome);
     return facts.text();
 }
 
