@@ -47,6 +47,14 @@ void TextSource::rewind() {
     m_file.clearError();
 }
 
+std::int64_t TextSource::seekToEnd(std::int64_t size) {
+    rewind();
+    m_offset = std::max(m_start, m_file.size() - size);
+    if (m_encoding == Encoding::Bytes) return m_offset;
+    m_offset += (m_offset - m_start) % 2;
+    return -1;
+}
+
 std::size_t TextSource::read(char* out, std::size_t size) {
     return m_encoding == Encoding::Bytes ? readFile(out, size) : readUtf16(out, size);
 }

@@ -20,6 +20,11 @@ class TextSource {
     std::size_t read(char* out, std::size_t size);
     void rewind();
 
+    /// Goes on reading `size` bytes of the file before its end, or at its start where it is
+    /// shorter; the characters come whole. The offset of the next byte read, or -1 where the bytes
+    /// are converted, so that offsets in the text are none in the file.
+    std::int64_t seekToEnd(std::int64_t size);
+
     [[nodiscard]] std::int64_t fileSize() const { return m_file.size(); }
 
     /// Offset in the file of the bytes read so far, less `pending` bytes not used yet.

@@ -8,7 +8,8 @@ namespace pellam {
 /// "A.Temp.Ave" of schedule A in degC.
 struct ChannelLabel {
     /// The label of a grid column. Its units are what stands in the last round brackets that hold
-    /// something, brackets within them included.
+    /// something, brackets within them included; or a known unit in square brackets at the end or
+    /// behind a comma.
     explicit ChannelLabel(std::string_view label);
 
     /// A channel that a large file offers: the label and, in braces, the channel's number within

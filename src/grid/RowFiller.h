@@ -21,6 +21,11 @@ class RowFiller {
         if (m_inChunk == 0 || row / Column::kChunkRows != m_chunk) enterChunk();
     }
 
+    /// Takes notice of columns that were added to the grid.
+    void columnsAdded() {
+        m_chunks.resize(static_cast<std::size_t>(m_grid.columnCount()), nullptr);
+    }
+
     [[nodiscard]] Row row() const { return m_row; }
 
     void set(int column, Cell cell) { slot(column) = cell; }

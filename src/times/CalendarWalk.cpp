@@ -159,8 +159,16 @@ bool CalendarWalk::takeClockMark(char mark) {
     return false;
 }
 
+// "15:39:47:260": three digits behind a third colon are milliseconds.
+bool CalendarWalk::takeColonBeforeFraction() {
+    const TimeCursor before = m_cursor;
+    if (m_cursor.take(':') && m_cursor.digitsAhead() == 3) return true;
+    m_cursor = before;
+    return false;
+}
+
 void CalendarWalk::takeFraction() {
-    if (!m_cursor.oneOf(".,")) return;
+    if (!m_cursor.oneOf(".,") && !takeColonBeforeFraction()) return;
     const int digits = m_cursor.digitsAhead();
     const int taken = std::min(digits, 9);
     auto value = static_cast<std::uint32_t>(m_cursor.digits(taken));
@@ -187,7 +195,12 @@ bool CalendarWalk::takeHalf() {
 
 bool CalendarWalk::takeHalfWord(std::string_view own, std::string_view plain,
                                 std::string_view dotted) {
-    return m_cursor.word(own) || m_cursor.word(plain) || m_cursor.word(dotted);
+    if (m_cursor.word(own) || m_cursor.word(plain) || m_cursor.word(dotted)) return true;
+    // "12:30 a", which some stations write.
+    const TimeCursor before = m_cursor;
+    if (m_cursor.word(dotted.substr(0, 1)) && !TimeCursor::isLetter(m_cursor.peek())) return true;
+    m_cursor = before;
+    return false;
 }
 
 // Before a date, a hyphen is no sign.
@@ -208,6 +221,10 @@ bool CalendarWalk::takeOffset(bool signs) {
     if (hours < 0 || hours > 23 || rest < 0 || rest > 59) return false;
     const int seconds = hours * 3600 + rest * 60;
     m_fields.utcOffset = sign == '-' ? -seconds : seconds;
+    // "+0000 UTC" says it twice.
+    const TimeCursor behind = m_cursor;
+    m_cursor.blanks();
+    if (!m_cursor.word("UTC")) m_cursor = behind;
     return true;
 }
 

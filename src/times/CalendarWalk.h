@@ -37,6 +37,7 @@ class CalendarWalk {
     bool takeParted(const TimeItem& clock);
     bool takeCompact(const TimeItem& clock, int digits);
     bool takeClockMark(char mark);
+    bool takeColonBeforeFraction();
     void takeFraction();
     bool takeHalf();
     bool takeHalfWord(std::string_view own, std::string_view plain, std::string_view dotted);

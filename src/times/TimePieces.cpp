@@ -68,7 +68,10 @@ class Pieces {
             if (at.digitsAhead() > 2) return false;
             at.digits(at.digitsAhead());
             seconds = true;
-            if (at.oneOf(".,")) at.skip(static_cast<std::size_t>(at.digitsAhead()));
+            const TimeCursor second = at;
+            const bool milliseconds = at.take(':') && at.digitsAhead() == 3;
+            if (!milliseconds) at = second;
+            if (milliseconds || at.oneOf(".,")) at.skip(static_cast<std::size_t>(at.digitsAhead()));
         }
         const bool half = takeHalf(at);
         takeOffset(at);
@@ -98,6 +101,8 @@ class Pieces {
               std::string_view("PM"), std::string_view("a.m."), std::string_view("p.m.")}) {
             if (at.word(word)) return true;
         }
+        const bool letter = at.word("a") || at.word("p");
+        if (letter && !TimeCursor::isLetter(at.peek())) return true;
         at = before;
         return false;
     }
@@ -109,6 +114,9 @@ class Pieces {
         if (at.oneOf("+-")) {
             while (TimeCursor::isDigit(at.peek()) || at.peek() == ':')
                 at.skip(1);
+            const TimeCursor behind = at;
+            at.blanks();
+            if (!at.word("UTC")) at = behind;
         } else if (!named) {
             at = before;
         }

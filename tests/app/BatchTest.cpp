@@ -35,7 +35,12 @@ TEST_F(BatchTest, InfoTellsTheFacts) {
                      "contents type: -1\noriginator type: \ndescription: \nline count: 0\n"
                      "first time: 2008/02/25 11:53:15\nlast time: 2008/02/25 11:54:15\nrows: "
                      "2\nchannels: 2\ndamaged lines: 0\n"
-                     "channel: Temp(degC)\nchannel: Wind(m/s)\n");
+                     "channel: Temp(degC)\nchannel: Wind(m/s)\n"
+                     "layout: plain\nencoding: UTF-8\nseparator: comma\ndecimal: .\n"
+                     "mixed decimals: no\nheadings line: 1\nheadings lines: 1\nunits line: 0\n"
+                     "data line: 2\ntime columns: 1\ntime format: yyyy/MM/dd HH:mm:ss\n"
+                     "missing: \nblank lines: 0\nrepeated lines: 0\nrepeated headings: 0\n"
+                     "comment lines: 0\ndiscontinuities: 0\nfooter lines: 0\n");
 }
 
 TEST_F(BatchTest, ChannelsNarrowASmallFileToo) {

@@ -45,6 +45,16 @@ std::string print(const CommandLine& line) {
     if (!line.convert.empty()) add("convert:" + line.convert);
     if (!line.dump.empty()) add("dump:" + line.dump + '@' + std::to_string(line.dumpOptions));
     if (!line.channels.empty()) add("channels:" + line.channels);
+    const LayoutWishes& layout = line.layout;
+    if (layout.separator) add("separator:" + std::string(1, *layout.separator));
+    if (layout.decimal) add("decimal:" + std::string(1, *layout.decimal));
+    for (const auto& number : {layout.headingsLine, layout.unitsLine, layout.dataLine})
+        if (number) add("line:" + std::to_string(*number));
+    for (const std::size_t column : layout.timeColumns.value_or(std::vector<std::size_t>()))
+        add("column:" + std::to_string(column));
+    if (!layout.timeFormat.empty()) add("time:" + layout.timeFormat);
+    for (const std::string& missing : layout.missing.value_or(std::vector<std::string>()))
+        add("missing:" + missing);
     const SessionRequest& from = line.database.request;
     for (const std::string& given :
          {from.dataSource, from.session, from.site, from.job, from.schedule, from.label})
@@ -65,6 +75,20 @@ TEST(CommandLine, IsReadAs) {
         {"", "window"},
         {"a.dlr", "window file:a.dlr"},
         {"--settings s.ini a.dlr", "window settings:s.ini file:a.dlr"},
+        {"--info --separator semicolon --decimal , --headings-line 0 --units-line 4 --data-line 5 "
+         "--time-columns 2,3 --time-format dd/MM/yyyy --missing -9999,NaN a.txt",
+         "info separator:; decimal:, line:0 line:4 line:5 column:1 column:2 time:dd/MM/yyyy "
+         "missing:-9999 missing:NaN file:a.txt"},
+        {"--info --separator no a.txt",
+         "--separator needs comma, semicolon, tab, bar, blanks or a character, not no"},
+        {"--info --decimal ; a.txt", "--decimal needs '.' or ',', not ;"},
+        {"--info --data-line 0 a.txt", "--data-line needs the number of a line, not 0"},
+        {"--info --time-columns 1,x a.txt",
+         "--time-columns needs numbers of columns such as 1,2 or none, not 1,x"},
+        {"--info --time-format whenever a.txt", "--time-format needs a form such as dd/MM/yyyy "
+                                                "HH:mm, epoch-ms or elapsed-s, not whenever"},
+        {"--separator tab a.txt",
+         "--separator needs --export, --info, --print or --chart beside it"},
         {"--export=a=b.csv x", "export:a=b.csv file:x"},
         {"x --info", "info file:x"},
         {"--export a.csv --export b.TXT --print c.Pdf --info --channels A*,B? x",

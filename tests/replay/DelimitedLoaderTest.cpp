@@ -12,25 +12,29 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
     const Table<const char*, const char*, char, char, std::string, std::string> cases = {
         {"plain", "a.csv", '.', ',', "Time,T(degC),F(l/s)\n" + time + ",12.500,3.000\n",
          "Time|T(degC)|F(l/s)\n" + time + "|12.5|3"},
-        {"tabs in .TXT", "a.TXT", '.', ',', "Time\tT,x\r\n" + time + "\t1,5\r\n",
-         "Time|T,x\n" + time + "|1,5"},
+        {"tabs in .TXT", "a.TXT", '.', ',', "Time\tT,x\r\n" + time + "\t1.5\r\n",
+         "Time|T,x\n" + time + "|1.5"},
         {"decimal commas", "a.csv", ',', ';', "Time;A;B;C\n" + time + ";1234,50;1.234,50;-0,10\n",
          "Time|A|B|C\n" + time + "|1234,5|1234,5|-0,1"},
-        {"points that group nothing stay", "a.csv", ',', ';', "Time;A;B\nx;12.34;1.2345\n",
-         "Time|A|B\nx|12.34|1.2345"},
+        {"points that group nothing are decimal ones", "a.csv", ',', ';',
+         "Time;A;B\nx;12.34;1.2345\n", "Time|A|B\nx|12,34|1,2345"},
         {"values stay what they are", "a.csv", '.', ',',
          "Time,A,B,C,D,E,F\nx,1.50E+10,10.0.0.10,100,12:30:00.50,+1.50,007.10\n",
          "Time|A|B|C|D|E|F\nx|1.50E+10|10.0.0.10|100|12:30:00.50|+1.5|007.1"},
         {"empty fields keep their place", "a.csv", '.', ',', "Time,A,B,C\nx,,2,\ny,,,3\n",
          "Time|A|B|C\nx||2|\ny|||3"},
         {"quoted fields", "a.csv", '.', ',', "Time,\"A, raw\",B\nx,\"1,5\",\"on\"\n",
-         "Time|A, raw|B\nx|1,5|on"},
+         "Time|A, raw|B\nx|1.5|on"},
         {"duplicates, gaps and blank lines make no rows", "a.csv", '.', ',',
          "Time,A\nx,1\nx,1\n\ny,Discontinuity\nx,1\n", "Time|A\nx|1"},
         {"a word of its own is no gap", "a.csv", '.', ',', "Time,A\nx,Disc\n", "Time|A\nx|Disc"},
-        {"separator after the last heading", "a.csv", '.', ',', "Time,A,\nx,1,2,3\n",
-         "Time|A\nx|1"},
-        {"short rows", "a.csv", '.', ',', "Time,A,B\nx\ny,1\n", "Time|A|B\nx||\ny|1|"},
+        {"separator after the last heading", "a.csv", '.', ',', "Time,A,\nx,1,\ny,2,\n",
+         "Time|A\nx|1\ny|2"},
+        {"fields behind the headings", "a.csv", '.', ',', "Time,A,\nx,1,2,3\n",
+         "Time|A|Column 3|Column 4\nx|1|2|3"},
+        {"short rows", "a.csv", '.', ',',
+         "Time,A,B\n" + time + "\n" + time + ".5,1\n" + time + ".6,1,2\n",
+         "Time|A|B\n" + time + "||\n" + time + ".5|1|\n" + time + ".6|1|2"},
         {"headings alone", "a.csv", '.', ',', "Time,A\n", "Time|A"},
         {"no headings", "a.csv", '.', ',', time + ",1\n" + time + ".5,2\n",
          "Time|Channel 1\n" + time + "|1\n" + time + ".5|2"},
@@ -56,6 +60,61 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
     }
 }
 
+TEST_F(DelimitedLoaderTest, FollowsLayoutsThatAreNotPlain) {
+    const Table<const char*, std::string, std::string> cases = {
+        {"preamble, date and time apart, units",
+         "Site;7\n\nNr;Date;Time;T;F\n;;;degC;m/s\n1;25.02.2008;11:00:00;1,50;x\n"
+         "2;25.02.2008;11:10:00;-2,25;\n",
+         "Date Time|Nr|T (degC)|F (m/s)\n25.02.2008 11:00:00|1|1.5|x\n25.02.2008 "
+         "11:10:00|2|-2.25|"},
+        {"parts of a time stay, last and unchecked",
+         "Year,Month,Day,Hour,A\n2008,2,25,9,1\n"
+         "2008,2,25,10,2\n",
+         "Year Month Day Hour|A|Year|Month|Day|Hour\n2008/02/25 09:00:00|1|2008|2|25|9\n"
+         "2008/02/25 10:00:00|2|2008|2|25|10"},
+        {"an epoch", "V,ts\n1.5,1576333020\n1.6,1576334820\n",
+         "ts|V|ts\n2019/12/14 14:17:00|1.5|1576333020\n2019/12/14 14:47:00|1.6|1576334820"},
+        {"no time", "A,B\n1.5,2\n1.6,3\n", "Row|A|B\n1|1.5|2\n2|1.6|3"},
+        {"a longer row and a late value in an empty column",
+         "A,,Time\n1,,2008/02/25 11:00:00\n3,,2008/02/25 11:00:01\n2,5,2008/02/25 11:00:02,9\n",
+         "Time|A|Column 2|Column 4\n2008/02/25 11:00:00|1||\n2008/02/25 11:00:01|3||\n"
+         "2008/02/25 11:00:02|2|5|9"},
+        {"lines in a field, stray marks",
+         "N,Time\n\"a\n\"\"b\"\"\",2008/02/25 11:00:00\n5\" pipe,2008/02/25 11:00:01\n",
+         "Time|N\n2008/02/25 11:00:00|a \"b\"\n2008/02/25 11:00:01|5\" pipe"},
+        {"headings again, comments, blank and equal lines, a footer",
+         "# x\nN,Time\n1,2008/02/25 11:00:00\n1,2008/02/25 11:00:00\n\n# y\nN,Time\n"
+         "2,2008/02/25 11:00:01\n3,2008/02/25 11:00:02\nN is a number\n",
+         "Time|N\n2008/02/25 11:00:00|1\n2008/02/25 11:00:01|2\n2008/02/25 11:00:02|3"},
+    };
+    for (const auto& [name, bytes, expected] : cases) {
+        const LoadOutcome outcome = load("a.txt", bytes);
+        EXPECT_TRUE(outcome.loaded) << name << messages.texts;
+        EXPECT_EQ(gridText(*grid), expected) << name;
+        EXPECT_FALSE(outcome.layout.plain) << name;
+        std::string passed;
+        for (const std::string& cause : outcome.passedOver.texts())
+            passed += cause + '\n';
+        const bool counted = std::string_view(name).starts_with("headings again");
+        EXPECT_EQ(passed, counted ? "1 repeated line (in line 4)\n"
+                                    "1 repeated line of headings (in line 7)\n"
+                                    "1 comment line (in line 6)\n"
+                                    "1 footer line (in line 10)\n"
+                                    "1 blank line (in line 5)\n"
+                                  : "")
+            << name;
+    }
+    load("parts.csv", "Year,Month,Day,A\n2008,2,25,1\n2008,2,26,2\n");
+    EXPECT_TRUE(grid->column(1).charted());
+    EXPECT_FALSE(grid->column(2).charted());
+}
+
+TEST_F(DelimitedLoaderTest, SaysWhatIsNoTable) {
+    EXPECT_FALSE(load("a.csv", "<html><body>404</body></html>\n").loaded);
+    EXPECT_NE(messages.texts.find("looks like a web page"), std::string::npos) << messages.texts;
+    EXPECT_EQ(grid->rowCount(), 0);
+}
+
 TEST_F(DelimitedLoaderTest, TellsFirstAndLastTimeOfEveryForm) {
     const Table<const char*, const char*, const char*> rows = {
         {"2008/02/25 11:00:00.500\n2008/02/25 11:00:01\n", "2008/02/25 11:00:00.500",
@@ -67,9 +126,8 @@ TEST_F(DelimitedLoaderTest, TellsFirstAndLastTimeOfEveryForm) {
         {"1576333020\n1576334820\n", "2019/12/14 14:17:00", "2019/12/14 14:47:00"},
         {"10:17:22.207\n10:17:23\n", "10:17:22.207", "10:17:23"},
         {"0:00:00\n0:00:10\n", "0", "10"},
-        {"25/02/2008 12:03\nrain\n", "2008/02/25 12:03:00", ""},
         {"north\nsouth\n", "", ""},
-        {"1\n2\n", "", ""},
+        {"1\n2\n", "1", "2"},
     };
     for (const auto& [times, first, last] : rows) {
         const LoadOutcome outcome = load("a.csv", std::string("Time\n") + times);
@@ -94,6 +152,15 @@ TEST_F(DelimitedLoaderTest, GreyRowsAndAxesAndTheCornerMark) {
     for (int c = 1; c <= 5; ++c)
         axes += std::to_string(grid->column(c).axis());
     EXPECT_EQ(axes, "11212");
+}
+
+TEST_F(DelimitedLoaderTest, UnitsInEveryFormGroupTheAxes) {
+    load("a.csv", "Time,A (m/s),B [m/s],\"C, m/s\",\"D, m/s (S/N: 1)\",\"E, raw\",F,G (x) [m/s],H\n"
+                  "2008/02/25 11:00:00,1,2,3,4,5,6,7,8\n");
+    std::string axes;
+    for (int c = 1; c <= 7; ++c)
+        axes += std::to_string(grid->column(c).axis());
+    EXPECT_EQ(axes, "1111221");
 }
 
 TEST_F(DelimitedLoaderTest, AnAbortedLoadKeepsWhatCameBefore) {

@@ -123,7 +123,8 @@ bool BatchCommand::load() {
                        false,
                        saveFolder,
                        {},
-                       stored});
+                       stored,
+                       m_line.layout});
     m_outcome = loader.load(stored ? m_session.path() : m_line.file);
     if (stored) m_session.complete(m_outcome);
     m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/sessions/SessionRequest.h"
+#include "delimited/layout/LayoutWishes.h"
 
 #include <string>
 #include <vector>
@@ -33,6 +34,7 @@ struct CommandLine {
     int chartWidth = 1280;            ///< of a chart, pixels (96 to the inch)
     int chartHeight = 720;
     SessionOptions database;
+    LayoutWishes layout; ///< of a delimited text
 
     /// Reads the arguments; the first is the program's name. Arguments behind a wrong one, behind
     /// --help and behind --version are not looked at.

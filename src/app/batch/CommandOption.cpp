@@ -1,6 +1,7 @@
 #include "app/batch/CommandOption.h"
 
 #include "app/batch/CommandReader.h"
+#include "app/batch/LayoutOptions.h"
 
 namespace pellam {
 
@@ -38,6 +39,25 @@ constexpr CommandOption kOptions[] = {
      [](CommandReader& reader) { reader.takeText(reader.line().channels); }},
     {"--convert", "DOWNLOAD.txt", "", "convert a tagged text download to a .csv file beside it",
      [](CommandReader& reader) { reader.takeText(reader.line().convert); }},
+
+    {"", "", "", "How a text file is laid out; what is not given is found:"},
+    {"--separator", "comma|semicolon|tab|bar|blanks|C", kOutput, "what parts its fields",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::separator); }},
+    {"--decimal", ".|,", kOutput, "the decimal mark of its numbers",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::decimal); }},
+    {"--headings-line", "N", kOutput, "the line of its headings (0: there is none)",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::headingsLine); }},
+    {"--units-line", "N", kOutput, "the line of its units (0: there is none)",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::unitsLine); }},
+    {"--data-line", "N", kOutput, "the first line of its data",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::dataLine); }},
+    {"--time-columns", "N[,...]|none", kOutput, "the columns of its time, the first is 1",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::timeColumns); }},
+    {"--time-format", "FORM", kOutput,
+     "how its time is written: 'dd/MM/yyyy HH:mm', epoch-ms, elapsed-s and others",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::timeFormat); }},
+    {"--missing", "TEXT[,...]", kOutput, "texts that stand for no value",
+     [](CommandReader& reader) { reader.takeLayout(LayoutOptions::missing); }},
 
     {"", "", "", "A session of an ODBC database instead of FILE ('*' and '?' are wildcards):"},
     {"--dsn", "NAME", "--session or --list-sessions", "the data source",

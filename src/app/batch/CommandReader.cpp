@@ -188,6 +188,12 @@ void CommandReader::takeSize() {
     }
 }
 
+void CommandReader::takeLayout(std::string (*put)(std::string_view, LayoutWishes&)) {
+    if (!isFirst()) return;
+    const std::string why = put(m_value, m_line.layout);
+    if (!why.empty()) fail(m_name, why);
+}
+
 bool CommandReader::isGiven(std::string_view option) const {
     return std::any_of(m_given.begin(), m_given.end(),
                        [option](const CommandOption* each) { return each->name == option; });

@@ -39,6 +39,8 @@ class CommandReader {
     void takeTime(CTime& time);
     /// The size of the chart.
     void takeSize();
+    /// Something of a text's layout.
+    void takeLayout(std::string (*put)(std::string_view, LayoutWishes&));
 
   private:
     [[nodiscard]] bool finished() const;

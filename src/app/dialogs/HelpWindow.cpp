@@ -74,12 +74,13 @@ HelpWindow::HelpWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
 }
 
 QStringList HelpWindow::pages() {
-    return {QStringLiteral("index.html"),        QStringLiteral("opening.html"),
-            QStringLiteral("sessions.html"),     QStringLiteral("grid.html"),
-            QStringLiteral("trend.html"),        QStringLiteral("find.html"),
-            QStringLiteral("damaged.html"),      QStringLiteral("export.html"),
-            QStringLiteral("printing.html"),     QStringLiteral("preferences.html"),
-            QStringLiteral("command-line.html"), QStringLiteral("keyboard.html")};
+    return {QStringLiteral("index.html"),       QStringLiteral("opening.html"),
+            QStringLiteral("text-files.html"),  QStringLiteral("sessions.html"),
+            QStringLiteral("grid.html"),        QStringLiteral("trend.html"),
+            QStringLiteral("find.html"),        QStringLiteral("damaged.html"),
+            QStringLiteral("export.html"),      QStringLiteral("printing.html"),
+            QStringLiteral("preferences.html"), QStringLiteral("command-line.html"),
+            QStringLiteral("keyboard.html")};
 }
 
 QWidget* HelpWindow::makeContents() {

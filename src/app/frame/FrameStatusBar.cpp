@@ -44,7 +44,7 @@ QLabel* FrameStatusBar::addField(const QString& name) {
 }
 
 void FrameStatusBar::showPassedOver(const PassedOver& passedOver) {
-    const auto causes = passedOver.texts();
+    const auto causes = passedOver.total() > 0 ? passedOver.texts() : std::vector<std::string>();
     set(m_passedOver, causes.empty() ? QString()
                       : causes.size() == 1
                           ? tr("Passed over: %1").arg(QString::fromStdString(causes[0]))

@@ -1,47 +1,43 @@
 #pragma once
 
-#include "base/FieldScanner.h"
 #include "base/LineReader.h"
-#include "grid/RowFiller.h"
+#include "delimited/layout/TextLayout.h"
+#include "replay/load/DelimitedColumns.h"
 #include "replay/load/FileLoader.h"
 #include "replay/load/LoadOutcome.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pellam {
 
-/// Loads delimited text (CSV, tab-separated) into an empty grid: the first line that is not blank
-/// gives the headings, every further line a row.
+/// Loads delimited text (CSV, tab-separated) into an empty grid, as its layout says.
 class DelimitedLoader {
   public:
-    DelimitedLoader(const LoadContext& context, char separator)
+    DelimitedLoader(const LoadContext& context, TextLayout layout)
         : m_context(context),
-          m_separator(separator),
-          m_decimal(context.grid.decimalSeparator()) {}
+          m_layout(std::move(layout)) {}
 
-    /// Reads the file. A failure, or that there is nothing in the file, is shown and the outcome
-    /// says not loaded.
+    /// A loader of text that has its headings in the first line that is not blank, its times in the
+    /// first column, and the user's decimal separator.
+    DelimitedLoader(const LoadContext& context, char separator);
+
+    /// Reads the file. A failure, that there is nothing in the file, or that it is no table, is
+    /// shown and the outcome says not loaded.
     LoadOutcome ReadDelimFile(const std::string& path);
 
   private:
-    [[nodiscard]] bool firstLine(LineReader& reader, std::string_view& line) const;
-    void readRows(LineReader& reader, std::string_view line, LoadOutcome& outcome);
-    /// Finds out how a file is written whose first line does not have the expected separator.
-    void adaptSeparators(LineReader& reader);
-    [[nodiscard]] bool hasDecimalComma(std::string_view line) const;
-    void DisplayDelimLabels(std::string_view line);
-    void DisplayDelimDetails(std::string_view line, RowFiller& filler);
-    Cell fieldCell(std::string_view field, int column);
-    [[nodiscard]] bool isDiscontinuity(std::string_view line) const;
-    [[nodiscard]] FieldScanner::Quotes quotesOf(std::string_view line) const;
+    [[nodiscard]] bool refuse(const std::string& path) const;
+    [[nodiscard]] bool firstLine(LineReader& reader, std::string_view& line);
+    [[nodiscard]] DelimitedColumns plainColumns(std::string_view line) const;
+    [[nodiscard]] std::vector<std::string> plainLabels(std::string_view line) const;
+    void readRows(LineReader& reader, DelimitedColumns& columns, std::string_view first,
+                  LoadOutcome& outcome);
 
     const LoadContext& m_context;
-    char m_separator;
-    char m_decimal;        ///< stands in the file's numbers
-    int m_columnCount = 0; ///< columns with a heading, the time column included
-    Row m_rows = 0;
-    std::string m_previousLine;
+    TextLayout m_layout;
+    std::int64_t m_line = 0; ///< lines read before the rows
 };
 
 } // namespace pellam

@@ -2,6 +2,8 @@
 
 #include "base/Utf8.h"
 
+#include "delimited/layout/LayoutText.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <utility>
@@ -44,6 +46,24 @@ class Facts {
     std::vector<FileFact> m_facts;
 };
 
+/// Columns that a load leaves unchecked are no channels: parts of times.
+void addChannels(Facts& facts, const GridData& grid) {
+    for (const bool checked : {true, false}) {
+        for (int i = 1; i <= grid.channelCount(); ++i) {
+            const Column& column = grid.column(i);
+            if (column.charted() == checked)
+                facts.add(checked ? "channel" : "part of the time", column.label());
+        }
+    }
+}
+
+std::int64_t channelsOf(const GridData& grid) {
+    std::int64_t count = 0;
+    for (int i = 1; i <= grid.channelCount(); ++i)
+        count += grid.column(i).charted();
+    return count;
+}
+
 } // namespace
 
 std::vector<FileFact> fileFacts(const LoadOutcome& outcome, const GridData& grid,
@@ -66,13 +86,16 @@ std::vector<FileFact> fileFacts(const LoadOutcome& outcome, const GridData& grid
     facts.add("first time", outcome.firstTime);
     facts.add("last time", outcome.lastTime);
     facts.add("rows", grid.rowCount());
-    facts.add("channels", grid.channelCount());
+    facts.add("channels", channelsOf(grid));
     facts.add("damaged lines", outcome.damagedLines);
     if (outcome.incomplete) facts.add("incomplete", "the database failed while it was read");
     for (const std::string& cause : outcome.passedOver.texts())
         facts.add("passed over", cause);
-    for (int i = 1; i <= grid.channelCount(); ++i)
-        facts.add("channel", grid.column(i).label());
+    addChannels(facts, grid);
+    if (outcome.kind == LoadOutcome::Kind::Delimited) {
+        for (const auto& [key, value] : layoutFacts(outcome.layout))
+            facts.add(key.c_str(), value);
+    }
     return facts.take();
 }
 

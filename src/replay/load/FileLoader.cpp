@@ -1,6 +1,7 @@
 #include "replay/load/FileLoader.h"
 
 #include "base/FileName.h"
+#include "delimited/layout/LayoutDetector.h"
 #include "grid/TimeColumn.h"
 #include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
@@ -18,13 +19,15 @@ bool isReplay(LoadOutcome::Kind kind) {
     return kind == LoadOutcome::Kind::Data || kind == LoadOutcome::Kind::Alarm;
 }
 
-// Year/month/day texts stand as they are, with all their digits.
+// Year/month/day texts stand as they are, with all their digits, and so do years with decimals,
+// which are no exacter than those.
 std::string timeOf(const GridData& grid, TimeColumn& times, Row row) {
     if (row < 0 || row >= grid.rowCount()) return {};
     const auto moment = times.moment(row);
     if (!moment) return {};
     CellBuffer buffer;
-    const bool plain = grid.column(0).cell(row).kind() == Cell::Kind::TimeSlash;
+    const bool plain = grid.column(0).cell(row).kind() == Cell::Kind::TimeSlash ||
+                       times.form().kind() == TimeForm::Kind::DecimalYear;
     return plain ? std::string(grid.text(0, row, buffer)) : momentText(*moment, times.form());
 }
 
@@ -67,12 +70,17 @@ LoadOutcome FileLoader::route(const std::string& path) {
     if (extension == "dbr") return outcome;
     if (extension == "dbd") return ConversionLoader(m_context).loadBinary(path);
     if (isTaggedDownload(path)) return ConversionLoader(m_context).loadTagged(path);
-    if (extension == "csv") {
-        return DelimitedLoader(m_context, m_context.international.listSeparator)
-            .ReadDelimFile(path);
-    }
-    if (extension == "txt") return DelimitedLoader(m_context, '\t').ReadDelimFile(path);
+    if (extension == "csv") return loadText(path, m_context.international.listSeparator);
+    if (extension == "txt") return loadText(path, '\t');
     return ReplayLoader(m_context).ReadReplayFile(path);
+}
+
+LoadOutcome FileLoader::loadText(const std::string& path, char expected) {
+    // What can't be read is told by the loader.
+    Failure failure;
+    const LayoutDetector detector(expected, m_context.international);
+    return DelimitedLoader(m_context, detector.detect(path, failure, m_context.wishes))
+        .ReadDelimFile(path);
 }
 
 } // namespace pellam

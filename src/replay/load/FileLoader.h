@@ -3,6 +3,7 @@
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
+#include "delimited/layout/LayoutWishes.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"
@@ -25,6 +26,7 @@ struct LoadContext {
     /// Lets the person set that folder; absent where nobody can be asked.
     std::function<void()> askSaveFolder = {};
     bool storedSession = false; ///< the file is a database session's: messages call it so
+    LayoutWishes wishes = {};   ///< of the layout of delimited text
 };
 
 /// Loads one file into the grid: routes it by its extension to the reader of its kind. The window,
@@ -39,6 +41,7 @@ class FileLoader {
 
   private:
     LoadOutcome route(const std::string& path);
+    LoadOutcome loadText(const std::string& path, char expected);
 
     LoadContext m_context;
 };

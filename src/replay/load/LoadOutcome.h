@@ -1,5 +1,6 @@
 #pragma once
 
+#include "delimited/layout/TextLayout.h"
 #include "replay/load/PassedOver.h"
 
 #include <cstdint>
@@ -29,6 +30,8 @@ struct LoadOutcome {
     /// day alone or elapsed seconds where the file has no more; empty when it can't be read.
     std::string firstTime;
     std::string lastTime; ///< the same of the last row
+
+    TextLayout layout; ///< how delimited text is laid out
 
     // Header facts of a replay file; defaults for every other kind.
     int cryptState = 0;

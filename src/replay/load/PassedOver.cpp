@@ -14,6 +14,10 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
     {{"repeated line", "repeated lines"},
      {"line of status 3 or 4", "lines of status 3 or 4"},
      {"line with \"Discontinuity\"", "lines with \"Discontinuity\""},
+     {"repeated line of headings", "repeated lines of headings"},
+     {"comment line", "comment lines"},
+     {"footer line", "footer lines"},
+     {"blank line", "blank lines"},
      {"alarm among readings", "alarms among readings"},
      {"reading among alarms", "readings among alarms"},
      {"line of unknown kind", "lines of unknown kind"},
@@ -34,7 +38,7 @@ std::int64_t PassedOver::total() const {
     std::int64_t total = 0;
     for (const Entry& entry : m_entries)
         total += entry.count;
-    return total;
+    return total - of(Cause::BlankLine).count;
 }
 
 void PassedOver::add(const PassedOver& other) {

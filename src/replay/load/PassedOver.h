@@ -9,13 +9,17 @@
 namespace pellam {
 
 /// What a load found in a file and put into no cell, by cause: how often, and where first. Loaders
-/// count everything that holds a value or a text; blank lines and bare tags hold nothing.
+/// count everything that holds a value or a text, and blank lines of delimited text.
 class PassedOver {
   public:
     enum class Cause {
         RepeatedLine,        ///< equal to the line before it
         StatusLine,          ///< a reading or alarm of status 3 or 4
         DiscontinuityLine,   ///< delimited text with the word "Discontinuity"
+        RepeatedHeadings,    ///< the headings of delimited text once more
+        CommentLine,         ///< of delimited text, begins with its mark of comments
+        FooterLine,          ///< behind the data of delimited text
+        BlankLine,           ///< of delimited text: nothing but blanks and separators
         AlarmLine,           ///< an alarm in a file of readings
         ReadingLine,         ///< a reading in a file of alarms
         UnknownLine,         ///< of no kind that the format knows
@@ -31,7 +35,7 @@ class PassedOver {
         ReadingWithoutChannel, ///< the session lists no channel for a reading
         ReadingWithoutValue    ///< a reading's value is missing: 0 stands in its place
     };
-    static constexpr std::size_t kCauses = 16;
+    static constexpr std::size_t kCauses = 20;
 
     struct Entry {
         std::int64_t count = 0;
@@ -53,7 +57,7 @@ class PassedOver {
         return m_entries[static_cast<std::size_t>(cause)];
     }
 
-    /// Everything that was passed over, of all causes.
+    /// Everything that was passed over, of all causes but blank lines, which hold nothing.
     [[nodiscard]] std::int64_t total() const;
 
     /// One text a cause, in their order: "12 repeated lines (first in line 17)".

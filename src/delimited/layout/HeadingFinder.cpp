@@ -1,0 +1,259 @@
+#include "delimited/layout/HeadingFinder.h"
+
+#include "base/UnitWords.h"
+#include "delimited/sample/FieldSplitter.h"
+#include "delimited/sample/SampleRecords.h"
+
+#include <algorithm>
+#include <set>
+
+namespace pellam {
+
+namespace {
+
+constexpr std::size_t kBlock = 6;  ///< lines above the data that may head it
+constexpr std::size_t kBlanks = 3; ///< blank lines that may stand between
+
+enum class Role { Names, Units, Statistics, Values };
+
+class HeadingSearch {
+  public:
+    HeadingSearch(const SampleRecords& records, const SampleTable& table)
+        : m_records(records),
+          m_table(table) {}
+
+    FoundHeadings run() {
+        const std::vector<std::size_t> block = linesAbove();
+        FoundHeadings found;
+        std::vector<std::size_t> names;
+        std::size_t units = kNone;
+        std::size_t values = kNone;
+        for (const std::size_t record : block) {
+            const Role role = roleOf(record);
+            if (role == Role::Statistics) continue;
+            if (role == Role::Units && units == kNone && names.empty()) {
+                units = record;
+            } else if (role == Role::Values) {
+                values = record;
+                break;
+            } else if (names.empty() || !isComplete(names) || isGroups(record, names.back())) {
+                if (!names.empty() && !continues(record, names.back())) break;
+                names.push_back(record);
+            } else {
+                break;
+            }
+        }
+        if (names.empty() && values != kNone && mayName(values, units)) names.push_back(values);
+        if (names.empty() && units != kNone) {
+            // Quantities may have names like those of units: "t", "V", "A".
+            names.push_back(units);
+            units = kNone;
+        }
+        fill(found, names, units);
+        return found;
+    }
+
+    [[nodiscard]] FoundHeadings of(std::int64_t headingsLine, std::int64_t unitsLine) const {
+        FoundHeadings found;
+        std::vector<std::size_t> names;
+        std::size_t units = kNone;
+        for (std::size_t i = 0; i < m_records.size(); ++i) {
+            if (m_records[i].line == headingsLine) names.push_back(i);
+            if (m_records[i].line == unitsLine) units = i;
+        }
+        fill(found, names, units);
+        return found;
+    }
+
+  private:
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+    // Records above the data that have about its number of fields, the nearest first.
+    [[nodiscard]] std::vector<std::size_t> linesAbove() const {
+        std::vector<std::size_t> block;
+        std::size_t blanks = 0;
+        for (std::size_t i = m_table.first; i-- > 0 && block.size() < kBlock;) {
+            const SampleRecord& record = m_records[i];
+            if (record.blank || isRule(record.text)) {
+                if (++blanks > kBlanks) break;
+                continue;
+            }
+            if (!fits(i)) break;
+            block.push_back(i);
+        }
+        return block;
+    }
+
+    // A line drawn of signs: "#", "-----".
+    static bool isRule(std::string_view text) {
+        return text.find_first_not_of("#%;-=*_ \t") == std::string_view::npos;
+    }
+
+    [[nodiscard]] bool fits(std::size_t index) const {
+        const SampleRecord& record = m_records[index];
+        const std::size_t columns = m_table.columns;
+        if (columns == 1) return record.fields == 1;
+        if (record.used < 2 && record.fields != columns) return false;
+        if (record.used == 1 && columns > 2) return false;
+        // More names than fields, or names for the first few fields only, are still names.
+        return record.fields + 1 >= usedColumns() || record.used * 2 >= columns;
+    }
+
+    [[nodiscard]] std::size_t usedColumns() const {
+        std::size_t used = m_table.kinds.size();
+        while (used > 0 && m_table.kinds[used - 1] == FieldKind::Empty)
+            --used;
+        return std::min(used, m_table.columns);
+    }
+
+    [[nodiscard]] Role roleOf(std::size_t index) const {
+        std::size_t units = 0;
+        std::size_t statistics = 0;
+        std::size_t numbers = 0;
+        std::size_t used = 0;
+        // What stands over no column of the data tells nothing of the line.
+        const auto fields = m_records.fields(index);
+        for (const SampleField& field : fields.first(std::min(fields.size(), usedColumns() + 1))) {
+            if (field.text.empty() || (used >= usedColumns() && isReading(field.kind))) continue;
+            ++used;
+            units += isUnitText(field.text);
+            statistics += isStatisticText(field.text);
+            numbers += isReading(field.kind);
+        }
+        if (statistics * 10 >= used * 9) return Role::Statistics;
+        if (units * 5 >= used * 3) return Role::Units;
+        if (numbers * 3 > used || m_records[index].used < 2) {
+            // Wavelengths, depths and the like may name columns.
+            return m_table.columns == 1 && numbers == 0 ? Role::Names : Role::Values;
+        }
+        return Role::Names;
+    }
+
+    // Whether the names, the nearest line first, tell the columns apart.
+    [[nodiscard]] bool isComplete(const std::vector<std::size_t>& names) const {
+        std::set<std::string> seen;
+        for (std::size_t column = 0; column < usedColumns(); ++column) {
+            if (m_table.kind(column) == FieldKind::Empty) continue;
+            const std::string name = joined(names, column);
+            if (name.empty() && column > 0) return false;
+            if (!seen.insert(name).second) return false;
+        }
+        return true;
+    }
+
+    // Whether a line names groups of the columns that the line below it tells apart.
+    [[nodiscard]] bool isGroups(std::size_t record, std::size_t below) const {
+        if (!continues(record, below) || m_records[record].readings > 0) return false;
+        if (m_records[record].used != m_records[below].used) return false;
+        std::set<std::string_view> seen;
+        for (const SampleField& field : m_records.fields(record))
+            seen.insert(field.text);
+        return seen.size() < m_records[record].fields;
+    }
+
+    // Whether a line is the upper part of the headings whose lower part is known.
+    [[nodiscard]] bool continues(std::size_t record, std::size_t below) const {
+        return m_records[record].fields == m_records[below].fields && m_records[record].used >= 2;
+    }
+
+    // Whether a line with numbers in it is one of names after all: a text over the first column.
+    [[nodiscard]] bool mayName(std::size_t record, std::size_t units) const {
+        const auto fields = m_records.fields(record);
+        return fields.size() == m_table.columns && fields.size() >= 2 &&
+               fields[0].kind == FieldKind::Text && isReading(m_table.kind(0)) &&
+               (units != kNone || m_table.kind(0) == FieldKind::Time) &&
+               record + (units != kNone ? 2U : 1U) >= m_table.first;
+    }
+
+    [[nodiscard]] std::string joined(const std::vector<std::size_t>& names,
+                                     std::size_t column) const {
+        std::string name;
+        for (auto record = names.rbegin(); record != names.rend(); ++record) {
+            const SampleField field = fieldOver(*record, column);
+            if (field.text.empty()) continue;
+            if (!name.empty()) name += ' ';
+            name += field.quoted ? withoutEscapes(field.text, m_records.dialect())
+                                 : std::string(field.text);
+        }
+        std::replace_if(
+            name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+        return name;
+    }
+
+    // The field over a column of the data: where row numbers have no heading, all stand one off.
+    [[nodiscard]] SampleField fieldOver(std::size_t record, std::size_t column) const {
+        if (hasMarkField(record)) ++column;
+        if (!isShifted(record)) return m_records.field(record, column);
+        return column == 0 ? SampleField{} : m_records.field(record, column - 1);
+    }
+
+    // The mark of a comment line that blanks part from the names: "# date time".
+    [[nodiscard]] bool hasMarkField(std::size_t record) const {
+        return m_records.dialect().separator == Dialect::kBlankRuns &&
+               m_records[record].fields == usedColumns() + 1 &&
+               isRule(m_records.field(record, 0).text);
+    }
+
+    [[nodiscard]] bool isShifted(std::size_t record) const {
+        if (m_records[record].fields + 1 != usedColumns()) return false;
+        if (m_table.kind(0) != FieldKind::Number && m_table.kind(0) != FieldKind::Text)
+            return false;
+        // A name over a time that belongs to the column beside it, or rows that are counted.
+        const std::size_t next = m_table.first + 1;
+        if (next >= m_table.end) return false;
+        const std::string_view a = m_records.field(m_table.first, 0).text;
+        const std::string_view b = m_records.field(next, 0).text;
+        const bool counted = (a == "1" && b == "2") || (a == "0" && b == "1");
+        return counted && m_records.fields(record)[0].text != "#";
+    }
+
+    void fill(FoundHeadings& found, const std::vector<std::size_t>& names,
+              std::size_t units) const {
+        if (names.empty()) return;
+        found.line = m_records[names.back()].line;
+        found.lines = static_cast<int>(names.size());
+        std::size_t columns = std::max(usedColumns(), m_table.kinds.size());
+        for (const std::size_t record : names)
+            columns = std::max(columns, m_records[record].used + (isShifted(record) ? 1U : 0U));
+        for (std::size_t column = 0; column < columns; ++column)
+            found.names.push_back(joined(names, column));
+        stripMark(found.names);
+        if (units == kNone) return;
+        found.unitsLine = m_records[units].line;
+        for (std::size_t column = 0; column < columns; ++column)
+            found.units.emplace_back(unitText(fieldOver(units, column)));
+        stripMark(found.units);
+    }
+
+    static std::string_view unitText(const SampleField& field) {
+        const std::string_view text = field.text;
+        if (isReading(field.kind)) return {};
+        const bool bracketed = text.size() > 2 && (text.front() == '(' || text.front() == '[') &&
+                               (text.back() == ')' || text.back() == ']');
+        if (bracketed) return text.substr(1, text.size() - 2);
+        return text == "-" ? std::string_view() : text;
+    }
+
+    // Without the mark of a comment line: "# Time" is "Time".
+    static void stripMark(std::vector<std::string>& names) {
+        if (names.empty()) return;
+        const std::size_t mark = names[0].find_first_not_of("#%;!/ ");
+        if (mark != std::string::npos && mark > 0) names[0].erase(0, mark);
+    }
+
+    const SampleRecords& m_records;
+    const SampleTable& m_table;
+};
+
+} // namespace
+
+FoundHeadings findHeadings(const SampleRecords& records, const SampleTable& table) {
+    return HeadingSearch(records, table).run();
+}
+
+FoundHeadings headingsOf(const SampleRecords& records, const SampleTable& table,
+                         std::int64_t headingsLine, std::int64_t unitsLine) {
+    return HeadingSearch(records, table).of(headingsLine, unitsLine);
+}
+
+} // namespace pellam
