@@ -9,7 +9,7 @@
 #include "base/SilentSinks.h"
 #include "database/odbc/BackgroundCall.h"
 #include "database/sessions/CSessionFromDatabase.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #ifdef PELLAM_HAS_QTSQL
@@ -161,7 +161,8 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     SilentProgress progress;
     AllChannels chooser;
     TimeCorrections corrections;
-    CSessionFromDatabase session({messages, progress, call, corrections});
+    DataSourceLogin login;
+    CSessionFromDatabase session({messages, progress, call, login});
     const auto path = writeSession(session, source);
     if (!path) {
         std::fprintf(stderr, "%s\n", session.LastError() ? session.LastError()->text.c_str() : "?");
@@ -170,7 +171,7 @@ double load(const std::string& source, LongCall& call, bool intoGrid) {
     if (!intoGrid) return 0;
     InternationalSettings international;
     GridData grid('.');
-    FileLoader loader({grid, international, corrections, messages, progress, chooser});
+    FileLoader loader({grid, international, messages, progress, chooser});
     const LoadOutcome outcome = loader.load(*path);
     return static_cast<double>(outcome.rows) * outcome.channels;
 }

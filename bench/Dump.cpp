@@ -5,7 +5,7 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>
@@ -47,13 +47,12 @@ void convert(benchmark::State& state) {
 void open(benchmark::State& state) {
     const std::string input = binaryFile();
     const InternationalSettings international;
-    const TimeCorrections corrections;
     SilentMessages messages;
     SilentProgress progress;
     AllChannels chooser;
     for (auto _ : state) {
         GridData grid;
-        LoadContext context{grid, international, corrections, messages, progress, chooser};
+        LoadContext context{grid, international, messages, progress, chooser};
         context.saveFolder = [] { return fs::temp_directory_path().string(); };
         if (FileLoader(context).load(input).rows != kRows) state.SkipWithError("rows missing");
     }

@@ -1,6 +1,6 @@
 #include "FileGenerator.h"
 
-#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 
 #include "base/SilentSinks.h"
 #include "export/GridWriter.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <benchmark/benchmark.h>
@@ -46,8 +46,7 @@ class Session {
     }
 
     LoadOutcome reload() {
-        FileLoader loader(
-            {*grid, m_international, m_corrections, m_messages, m_progress, m_chooser});
+        FileLoader loader({*grid, m_international, m_messages, m_progress, m_chooser});
         return loader.load(m_path);
     }
 
@@ -56,7 +55,6 @@ class Session {
   private:
     std::string m_path;
     InternationalSettings m_international;
-    TimeCorrections m_corrections;
     SilentMessages m_messages;
     SilentProgress m_progress;
     AllChannels m_chooser;
@@ -79,7 +77,7 @@ void exportGrid(benchmark::State& state, bool csv) {
     SilentProgress progress;
     for (auto _ : state) {
         const Failure failure =
-            csv ? writer.writeCsv(path, ',', progress) : writer.writeTxt(path, progress);
+            writer.write(path, csv ? GridWriter::Form::Csv : GridWriter::Form::Txt, ',', progress);
         if (failure) state.SkipWithError(failure.text().c_str());
     }
     const auto size = static_cast<std::int64_t>(std::filesystem::file_size(path));

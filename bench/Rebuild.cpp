@@ -4,7 +4,7 @@
 #include "base/SilentSinks.h"
 #include "grid/DecimalCell.h"
 #include "grid/TimeCell.h"
-#include "views/series/TrendBuilder.h"
+#include "views/series/TrendTableReader.h"
 
 #include <benchmark/benchmark.h>
 
@@ -52,7 +52,7 @@ void rebuild(benchmark::State& state, bool shuffled) {
     fill(grid, rows, channels, shuffled);
     SilentProgress progress;
     for (auto _ : state) {
-        TrendTable table = TrendBuilder(grid, {}, progress).build();
+        TrendTable table = TrendTableReader(grid, {}, progress).read();
         benchmark::DoNotOptimize(table.curves.data());
     }
     state.SetItemsProcessed(rows * (channels + 1) * state.iterations());

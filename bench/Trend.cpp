@@ -13,6 +13,8 @@
 
 #ifdef PELLAM_HAS_QCUSTOMPLOT
 #include <qcustomplot.h>
+
+#include <algorithm>
 #endif
 
 namespace {

@@ -6,7 +6,7 @@ if(CCACHE_PROGRAM)
 endif()
 
 function(pellam_compile_options target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion -Werror)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion)
   if(PELLAM_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)

@@ -4,8 +4,8 @@
 
 #include "base/SilentSinks.h"
 #include "logger/CDumpDBD.h"
-#include "replay/load/AllChannels.h"
-#include "replay/load/BinaryLoader.h"
+#include "replay/load/ChannelChooser.h"
+#include "replay/load/ConversionLoader.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -46,10 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (fs::file_size(output) > 100 * size + 1000) __builtin_trap();
     }
     GridData grid;
-    const TimeCorrections corrections;
     AllChannels chooser;
-    LoadContext context{grid, international, corrections, messages, progress, chooser};
+    LoadContext context{grid, international, messages, progress, chooser};
     context.saveFolder = [] { return folder(); };
-    BinaryLoader(context).load(file.path());
+    fs::remove(ConversionLoader(context).loadBinary(file.path()).converted);
     return 0;
 }

@@ -3,7 +3,7 @@
 #include "MemoryFile.h"
 
 #include "base/SilentSinks.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/DelimitedLoader.h"
 #include "replay/load/ReplayLoader.h"
 
@@ -40,12 +40,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         international.listSeparator = ';';
     }
     GridData grid(international.decimalSeparator);
-    const TimeCorrections corrections;
     SilentMessages messages;
     SilentProgress progress;
     AllChannels chooser;
-    const LoadContext context{grid,     international, corrections,      messages,
-                              progress, chooser,       (choice & 2) != 0};
+    const LoadContext context{grid, international, messages, progress, chooser, (choice & 2) != 0};
     if (choice & 4) {
         DelimitedLoader(context, choice & 8 ? '\t' : international.listSeparator)
             .ReadDelimFile(file.path());

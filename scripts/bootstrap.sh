@@ -1,28 +1,48 @@
 #!/usr/bin/env bash
-# Installs the Debian 12 packages that Pellam is built, tested and run with: only what is missing,
-# without a question. This is the one list of them.
+# Installs the packages of Debian 12 or 13 that Pellam needs, only what is missing, without a question:
+# bootstrap.sh run (to build the program and use it) or bootstrap.sh test (all that working on it takes
+# besides, the default). This is the one list of them.
 set -euo pipefail
 
 packages=(
-    # compiler, build and its cache
-    build-essential cmake ninja-build ccache
-    # formatting (of the files that git lists), static checks, fuzzing
-    git clang clang-format clang-tidy libclang-rt-14-dev
-    # window toolkit
-    qt6-base-dev qt6-svg-dev libgl-dev
+    # compiler and build
+    build-essential cmake ninja-build
+    # window toolkit, on either display system, with its icons
+    qt6-base-dev qt6-svg-dev libgl-dev qt6-wayland
     # files that another program writes where they are dropped
     libxcb1-dev
-    # sessions in databases: the ODBC manager, a driver each, and the servers of the tests
-    unixodbc-dev libsqliteodbc odbc-postgresql odbc-mariadb sqlite3 postgresql mariadb-server
-    # tests and benchmarks
-    libgtest-dev libgmock-dev libbenchmark-dev
-    # a window to test in: display, window manager, keyboard, screenshots
-    xvfb xauth openbox xdotool imagemagick xclip
-    # a look at what was printed
-    poppler-utils
+    # sessions in databases: the ODBC manager, and the sample with its driver
+    unixodbc-dev libsqliteodbc sqlite3
     # at run time: a font, and opening a file with the desktop's program
     fonts-dejavu-core xdg-utils
 )
+# Before Debian 13 the icon plug-in came with the library.
+release=$(. /etc/os-release && echo "${VERSION_ID:-}")
+[ "${release%%.*}" = 12 ] || packages+=(qt6-svg-plugins)
+
+case ${1:-test} in
+    run) ;;
+    test)
+        packages+=(
+            # the build's cache
+            ccache
+            # formatting (of the files that git lists), static checks, fuzzing
+            git clang clang-format clang-tidy libclang-rt-dev
+            # drivers and servers of the other databases
+            odbc-postgresql odbc-mariadb postgresql mariadb-server
+            # tests and benchmarks
+            libgtest-dev libgmock-dev libbenchmark-dev
+            # a window to test in: display, window manager, keyboard, screenshots
+            xvfb xauth openbox xdotool imagemagick xclip
+            # a look at what was printed
+            poppler-utils
+        )
+        ;;
+    *)
+        echo "usage: bootstrap.sh [run|test]" >&2
+        exit 2
+        ;;
+esac
 
 missing=()
 for package in "${packages[@]}"; do

@@ -6,7 +6,7 @@ set -euo pipefail
 file=$(realpath -- "${1:-$(dirname "$0")/../samples/weather-mast.dlr}")
 cd "$(dirname "$0")/.."
 
-scripts/bootstrap.sh
+scripts/bootstrap.sh run
 cmake --preset run
 cmake --build --preset run
 pellam=build/run/src/app/pellam

@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/bootstrap.sh
+scripts/bootstrap.sh test
 cmake --preset dev
 cmake --build --preset dev
 ctest --preset dev --parallel "$(nproc)" "$@"

@@ -21,6 +21,8 @@ class ScratchFolder {
 
     ~ScratchFolder() {
         std::error_code ignored;
+        // A test may have taken away the right to change it, which only root goes without.
+        std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, ignored);
         std::filesystem::remove_all(m_path, ignored);
     }
 

@@ -10,14 +10,28 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 static bool hasDisplay() {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+static QtMessageHandler earlierHandler = nullptr;
+
+/// On a display that can't be used the toolkit would end the program by a signal.
+static void endWithoutWindow(QtMsgType type, const QMessageLogContext& context,
+                             const QString& text) {
+    if (type != QtFatalMsg) return earlierHandler(type, context, text);
+    std::fputs("pellam: no window can be opened on this display; --help tells what works without "
+               "one\n",
+               stderr);
+    std::_Exit(pellam::kFailed);
+}
+
 int main(int argc, char** argv) {
     using namespace pellam;
+    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away makes the write fail instead
     std::signal(SIGXFSZ, SIG_IGN); // a file that outgrows its limit makes the write fail instead
     const auto line = CommandLine::parse(argc, argv);
     if (!line.wantsWindow()) return runBatch(line);
@@ -28,7 +42,9 @@ int main(int argc, char** argv) {
         return kFailed;
     }
 
+    earlierHandler = qInstallMessageHandler(endWithoutWindow);
     QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
     QApplication::setStyle(new ToolkitStyle);
     QApplication::setApplicationName(QStringLiteral("Pellam"));
     QApplication::setApplicationVersion(QStringLiteral(PELLAM_VERSION));

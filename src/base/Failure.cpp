@@ -57,6 +57,10 @@ std::string Failure::text() const {
     return sentence;
 }
 
+Failure Failure::isLoaded(std::string path) {
+    return {Kind::Write, std::move(path), -1, "it is the file that was loaded"};
+}
+
 Failure Failure::fromErrno(Kind kind, std::string path, int error) {
     Failure failure;
     failure.kind = kindOf(kind, error);

@@ -14,6 +14,9 @@ struct Failure {
     std::int64_t byteOffset = -1; ///< offset of the trouble in the file; -1 when not known
     std::string advice;           ///< one sentence for a person; empty when there is nothing to add
 
+    /// Of an output that would replace the file which the data came from.
+    static Failure isLoaded(std::string path);
+
     explicit operator bool() const { return kind != Kind::None; }
 
     /// One sentence for a person: the file, what went wrong, the advice.

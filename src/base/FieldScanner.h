@@ -49,6 +49,9 @@ class FieldScanner {
         return true;
     }
 
+    /// Whether the last field has been given.
+    [[nodiscard]] bool atEnd() const { return m_at > m_end; }
+
     /// What is left of the line, from the start of the next field.
     [[nodiscard]] std::string_view rest() const {
         return m_at > m_end ? std::string_view()

@@ -4,7 +4,7 @@
 #include <clocale>
 #include <cstring>
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h> // NOLINT(modernize-deprecated-headers): has newlocale()
 
 namespace pellam {
 

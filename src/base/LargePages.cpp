@@ -11,7 +11,7 @@ void useLargePages(void* start, std::size_t bytes) {
     const std::uintptr_t from = (address + largePage - 1) / largePage * largePage;
     const std::uintptr_t to = (address + bytes) / largePage * largePage;
     // That it may be refused changes nothing but the speed.
-    if (from < to) madvise(reinterpret_cast<void*>(from), to - from, MADV_HUGEPAGE);
+    if (from < to) madvise(static_cast<char*>(start) + (from - address), to - from, MADV_HUGEPAGE);
 #else
     (void)start;
     (void)bytes;

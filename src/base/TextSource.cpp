@@ -4,34 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace pellam {
 
-TextSource::~TextSource() {
-    if (m_fd >= 0) ::close(m_fd);
-}
-
 Failure TextSource::open(const std::string& path) {
-    // Without O_NONBLOCK the open of a pipe would wait for a writer.
-    m_fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (m_fd < 0) return Failure::fromErrno(Failure::Kind::Open, path, errno);
-
-    struct stat facts {};
-
-    if (::fstat(m_fd, &facts) != 0) return Failure::fromErrno(Failure::Kind::Open, path, errno);
-    if (!S_ISREG(facts.st_mode)) {
-        Failure failure{Failure::Kind::NotAFile, path, -1, {}};
-        failure.advice = S_ISDIR(facts.st_mode) ? "It is a folder. Choose a file in it."
-                                                : "It is a device or a pipe, not a file.";
-        return failure;
-    }
-    m_path = path;
-    m_size = facts.st_size;
-    ::posix_fadvise(m_fd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    if (Failure failure = m_file.open(path)) return failure;
     detectEncoding();
     rewind();
     return {};
@@ -39,8 +16,7 @@ Failure TextSource::open(const std::string& path) {
 
 void TextSource::detectEncoding() {
     std::array<unsigned char, 4096> head{};
-    const ssize_t got = ::pread(m_fd, head.data(), head.size(), 0);
-    const auto count = static_cast<std::size_t>(std::max<ssize_t>(got, 0));
+    const std::size_t count = m_file.read(reinterpret_cast<char*>(head.data()), head.size(), 0);
     m_encoding = Encoding::Bytes;
     m_start = 0;
     if (count >= 3 && head[0] == 0xEF && head[1] == 0xBB && head[2] == 0xBF) {
@@ -68,12 +44,12 @@ void TextSource::rewind() {
     m_offset = m_start;
     m_raw.clear();
     m_highSurrogate = 0;
-    m_error = {};
+    m_file.clearError();
 }
 
 std::int64_t TextSource::seekToEnd(std::int64_t size) {
     rewind();
-    m_offset = std::max(m_start, m_size - size);
+    m_offset = std::max(m_start, m_file.size() - size);
     if (m_encoding == Encoding::Bytes) return m_offset;
     m_offset += (m_offset - m_start) % 2;
     return -1;
@@ -84,17 +60,9 @@ std::size_t TextSource::read(char* out, std::size_t size) {
 }
 
 std::size_t TextSource::readFile(char* out, std::size_t size) {
-    ssize_t got;
-    do {
-        got = ::pread(m_fd, out, size, m_offset);
-    } while (got < 0 && errno == EINTR);
-    if (got < 0) {
-        m_error = Failure::fromErrno(Failure::Kind::Read, m_path, errno);
-        m_error.byteOffset = m_offset;
-        return 0;
-    }
-    m_offset += got;
-    return static_cast<std::size_t>(got);
+    const std::size_t got = m_file.read(out, size, m_offset);
+    m_offset += static_cast<std::int64_t>(got);
+    return got;
 }
 
 std::size_t TextSource::readUtf16(char* out, std::size_t size) {
@@ -120,7 +88,7 @@ std::size_t TextSource::readUtf16(char* out, std::size_t size) {
             to = appendUtf8(to, unit);
         }
     }
-    if (got % 2 != 0 && m_offset < m_size) --m_offset;
+    if (got % 2 != 0 && m_offset < m_file.size()) --m_offset;
     return static_cast<std::size_t>(to - out);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Failure.h"
+#include "base/RegularFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,11 +13,6 @@ namespace pellam {
 /// over, UTF-16 is converted, every other encoding is left alone.
 class TextSource {
   public:
-    TextSource() = default;
-    ~TextSource();
-    TextSource(const TextSource&) = delete;
-    TextSource& operator=(const TextSource&) = delete;
-
     /// Opens a regular file and finds out its encoding. A folder, device or pipe is refused.
     [[nodiscard]] Failure open(const std::string& path);
 
@@ -30,12 +25,12 @@ class TextSource {
     /// are converted, so that offsets in the text are none in the file.
     std::int64_t seekToEnd(std::int64_t size);
 
-    [[nodiscard]] std::int64_t fileSize() const { return m_size; }
+    [[nodiscard]] std::int64_t fileSize() const { return m_file.size(); }
 
     /// Offset in the file of the bytes read so far, less `pending` bytes not used yet.
     [[nodiscard]] std::int64_t fileOffset(std::size_t pending) const;
 
-    [[nodiscard]] const Failure& error() const { return m_error; }
+    [[nodiscard]] const Failure& error() const { return m_file.error(); }
 
   private:
     enum class Encoding { Bytes, Utf16Little, Utf16Big };
@@ -44,14 +39,11 @@ class TextSource {
     std::size_t readFile(char* out, std::size_t size);
     std::size_t readUtf16(char* out, std::size_t size);
 
-    std::string m_path;
-    Failure m_error;
-    std::vector<char> m_raw; ///< UTF-16 input that is not converted yet
-    std::int64_t m_size = 0;
+    RegularFile m_file;
+    std::vector<char> m_raw;   ///< UTF-16 input that is not converted yet
     std::int64_t m_offset = 0; ///< file offset of the next read
     std::int64_t m_start = 0;  ///< bytes of the byte-order mark
     unsigned m_highSurrogate = 0;
-    int m_fd = -1;
     Encoding m_encoding = Encoding::Bytes;
 };
 

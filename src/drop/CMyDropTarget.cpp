@@ -184,7 +184,8 @@ Failure CMyDropTarget::write(const QString& path, const QByteArray& contents) {
     for (qsizetype done = 0; done < contents.size();) {
         const qsizetype count = std::min(kBlock, contents.size() - done);
         const std::string_view block(contents.constData() + done, static_cast<std::size_t>(count));
-        if (Failure failure = file.write(block)) return failure;
+        file.append(block);
+        if (file.failed()) return file.failure();
         done += count;
         if (done % 10 == 0) progress.setPosition(done / 10);
         if (progress.aborted()) return {Failure::Kind::Aborted, {}, -1, {}};

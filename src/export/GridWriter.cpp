@@ -27,38 +27,26 @@ GridWriter::GridWriter(const GridData& grid) : m_grid(grid) {
     m_hasLastColumn = grid.columnCount() > 0 && grid.column(grid.columnCount() - 1).charted();
 }
 
-Failure GridWriter::writeCsv(const std::string& path, char listSeparator,
-                             ProgressSink& progress) const {
-    return write(path, {"Exporting Data as CSV", listSeparator, !m_hasLastColumn, !m_hasLastColumn},
-                 progress);
+std::optional<GridWriter::Form> GridWriter::formOf(std::string_view extension) {
+    if (extension == "csv") return Form::Csv;
+    if (extension == "txt") return Form::Txt;
+    return std::nullopt;
 }
 
-Failure GridWriter::writeTxt(const std::string& path, ProgressSink& progress) const {
-    return write(path, {"Exporting Data as Text", '\t', !m_hasLastColumn, true}, progress);
-}
-
-std::string GridWriter::headings(const Layout& layout) const {
-    std::string line;
-    for (const Column* const column : m_columns)
-        line += column->label() + layout.separator;
-    if (!layout.headingEndsInSeparator && !line.empty()) line.pop_back();
-    return line + "\r\n";
-}
-
-Failure GridWriter::write(const std::string& path, const Layout& layout,
+Failure GridWriter::write(const std::string& path, Form form, char listSeparator,
                           ProgressSink& progress) const {
+    const bool tabs = form == Form::Txt;
+    const ProgressScope scope(progress, tabs ? "Exporting Data as Text" : "Exporting Data as CSV",
+                              "Exporting...", 1, m_grid.rowCount());
     AtomicFile file;
-    if (Failure failure = file.create(path)) return failure;
-    const ProgressScope scope(progress, layout.title, "Exporting...", 1, m_grid.rowCount());
-    RowFormatter rows(file, m_columns, layout.separator, layout.rowEndsInSeparator);
-    if (Failure failure = rows.append(headings(layout))) return failure;
-    for (Row row = 0; row < m_grid.rowCount(); row += kRowsPerStep) {
+    if (Failure failure = file.create(path, &progress)) return failure;
+    RowFormatter rows(file, m_columns, tabs ? '\t' : listSeparator, tabs || !m_hasLastColumn);
+    rows.appendHeadings(!m_hasLastColumn);
+    for (Row row = 0; row < m_grid.rowCount() && !file.failed(); row += kRowsPerStep) {
         if (stopped(progress, row)) return {Failure::Kind::Aborted, path, -1, {}};
-        const Row end = std::min(row + kRowsPerStep, m_grid.rowCount());
-        if (Failure failure = rows.appendRows(row, end)) return failure;
+        rows.appendRows(row, std::min(row + kRowsPerStep, m_grid.rowCount()));
     }
-    if (Failure failure = rows.flush()) return failure;
-    if (progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
+    if (!file.failed() && progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
     return file.commit();
 }
 

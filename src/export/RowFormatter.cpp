@@ -1,12 +1,15 @@
 #include "export/RowFormatter.h"
 
+#include "base/QuotedField.h"
+
 #include <algorithm>
 
 namespace pellam {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{256} << 10; // stays in the cache between the two sides
+// In quotes, with the separator and the line's end.
+constexpr std::size_t kFieldRoom = 2 * CellText::kRoom + 4;
 
 /// Stands in for chunks that no row was written to.
 const std::vector<Cell>& emptyChunk() {
@@ -16,74 +19,80 @@ const std::vector<Cell>& emptyChunk() {
 
 } // namespace
 
-RowFormatter::RowFormatter(AtomicFile& file, std::span<const Column* const> columns, char separator,
-                           bool rowEndsInSeparator)
+RowFormatter::RowFormatter(BlockWriter& file, std::span<const Column* const> columns,
+                           char separator, bool rowEndsInSeparator)
     : m_file(file),
       m_columns(columns),
       m_cells(columns.size()),
+      m_room(kFieldRoom * (columns.size() + 1)),
       m_separator(separator),
-      m_rowEndsInSeparator(rowEndsInSeparator) {
-    for (const Column* const column : columns)
+      m_rowEndsInSeparator(rowEndsInSeparator),
+      m_numbersAreSafe(std::string_view("0123456789+-.:/ T").find(separator) ==
+                       std::string_view::npos) {
+    for (const Column* const column : columns) {
         m_texts.emplace_back(column->decimalSeparator());
-    m_buffer.resize(kBlock + columns.size() * (CellText::kRoom + 1) + 2);
-    m_out = m_buffer.data();
-    m_full = m_buffer.data() + kBlock;
+        if (column->decimalSeparator() == separator) m_numbersAreSafe = false;
+    }
 }
 
-Failure RowFormatter::append(std::string_view text) {
-    appendLongText(text);
-    return m_failure;
+void RowFormatter::appendHeadings(bool endsInSeparator) {
+    for (const Column* const column : m_columns) {
+        char* out = appendText(column->label());
+        if (endsInSeparator || column != m_columns.back()) *out++ = m_separator;
+        m_file.advance(out);
+    }
+    m_file.append("\r\n");
 }
 
-Failure RowFormatter::appendRows(Row first, Row end) {
+void RowFormatter::appendRows(Row first, Row end) {
     for (std::size_t i = 0; i < m_columns.size(); ++i) {
         const Cell* const chunk = m_columns[i]->chunkAt(first);
         m_cells[i] = chunk != nullptr ? chunk : emptyChunk().data();
     }
-    for (Row row = first; row < end; ++row) {
-        if (!appendLine(static_cast<std::size_t>(row % Column::kChunkRows))) break;
-    }
-    return m_failure;
+    for (Row row = first; row < end && !m_file.failed(); ++row)
+        appendLine(static_cast<std::size_t>(row % Column::kChunkRows));
 }
 
-bool RowFormatter::appendLine(std::size_t index) {
-    char* out = m_out;
+void RowFormatter::appendLine(std::size_t index) {
+    char* out = m_file.room(m_room);
     for (std::size_t i = 0; i < m_cells.size(); ++i) {
         const Cell cell = m_cells[i][index];
         if (cell.kind() == Cell::Kind::Arena) {
             CellBuffer unused;
-            m_out = out;
-            appendLongText(m_columns[i]->text(cell, unused));
-            out = m_out;
+            m_file.advance(out);
+            out = appendText(m_columns[i]->text(cell, unused));
         } else {
-            out = m_texts[i].write(cell, out);
+            char* const begin = out;
+            out = m_texts[i].write(cell, begin);
+            if (!isSafe(cell)) {
+                CellBuffer copy;
+                char* const end = std::copy(begin, out, copy.data());
+                const std::string_view text(copy.data(),
+                                            static_cast<std::size_t>(end - copy.data()));
+                if (needsQuotes(text, m_separator)) out = writeQuoted(text, begin);
+            }
         }
         *out++ = m_separator;
     }
     if (!m_rowEndsInSeparator && !m_cells.empty()) --out;
     *out++ = '\r';
     *out++ = '\n';
-    m_out = out;
-    if (m_out >= m_full) m_failure = flush();
-    return !m_failure;
+    m_file.advance(out);
 }
 
-/// Keeps the room for the rest of a line free behind the text.
-void RowFormatter::appendLongText(std::string_view text) {
-    const auto room = m_full > m_out ? static_cast<std::size_t>(m_full - m_out) : 0;
-    if (text.size() > room && !m_failure) m_failure = flush();
-    if (m_failure) return;
-    if (text.size() > kBlock) {
-        m_failure = m_file.write(text);
-        return;
-    }
-    m_out = std::copy(text.begin(), text.end(), m_out);
+/// Whether the text of a packed cell needs no quotes, as far as its kind tells.
+bool RowFormatter::isSafe(Cell cell) const {
+    if (cell.kind() == Cell::Kind::Short || TimeCell::hasComma(cell)) return false;
+    return m_numbersAreSafe || cell.isEmpty();
 }
 
-Failure RowFormatter::flush() {
-    const auto size = static_cast<std::size_t>(m_out - m_buffer.data());
-    m_out = m_buffer.data();
-    return m_file.write({m_buffer.data(), size});
+/// Gives where the line goes on, with room for the rest of it.
+char* RowFormatter::appendText(std::string_view text) {
+    if (needsQuotes(text, m_separator))
+        m_file.advance(writeQuoted(text, m_file.room(2 * text.size() + 2)));
+    else
+        m_file.append(text);
+    return m_file.room(m_room);
 }
 
 } // namespace pellam

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/AtomicFile.h"
+#include "base/BlockWriter.h"
 #include "export/CellText.h"
 #include "grid/Column.h"
 
@@ -10,34 +10,31 @@
 
 namespace pellam {
 
-/// Turns rows of cells into lines of text and hands them to a file in large blocks.
+/// Turns rows of cells into lines of delimited text. A field stands as it is shown, in quotes where
+/// it needs them.
 class RowFormatter {
   public:
-    /// Writes to `file`, which must be open.
-    RowFormatter(AtomicFile& file, std::span<const Column* const> columns, char separator,
+    RowFormatter(BlockWriter& file, std::span<const Column* const> columns, char separator,
                  bool rowEndsInSeparator);
 
-    /// Adds a text as it stands.
-    [[nodiscard]] Failure append(std::string_view text);
+    /// Adds the line of headings.
+    void appendHeadings(bool endsInSeparator);
     /// Adds the lines of rows `first` up to, not including, `end`, all within one chunk.
-    [[nodiscard]] Failure appendRows(Row first, Row end);
-    /// Hands what is left to the file.
-    [[nodiscard]] Failure flush();
+    void appendRows(Row first, Row end);
 
   private:
-    bool appendLine(std::size_t index);
-    void appendLongText(std::string_view text);
+    void appendLine(std::size_t index);
+    char* appendText(std::string_view text);
+    [[nodiscard]] bool isSafe(Cell cell) const;
 
-    AtomicFile& m_file;
+    BlockWriter& m_file;
     std::span<const Column* const> m_columns;
     std::vector<const Cell*> m_cells; ///< per column, the chunk at hand
     std::vector<CellText> m_texts;    ///< per column
-    std::vector<char> m_buffer;
-    char* m_out;
-    char* m_full; ///< past here a line may not fit
-    Failure m_failure;
+    std::size_t m_room;               ///< for a line without the texts of the arena
     char m_separator;
     bool m_rowEndsInSeparator;
+    bool m_numbersAreSafe; ///< the separator stands in no number and no time
 };
 
 } // namespace pellam

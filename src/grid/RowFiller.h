@@ -36,6 +36,12 @@ class RowFiller {
         return chunk[m_inChunk];
     }
 
+    /// Whether the row has no text in a column; sets nothing up for a column that is never written.
+    [[nodiscard]] bool isEmpty(int column) const {
+        const Cell* const chunk = m_chunks[static_cast<std::size_t>(column)];
+        return (chunk ? chunk[m_inChunk] : m_grid.column(column).cell(m_row)).isEmpty();
+    }
+
     [[nodiscard]] GridData& grid() { return m_grid; }
 
   private:

@@ -34,6 +34,11 @@ struct TimeCell {
 
     [[nodiscard]] static Fields fields(Cell cell);
 
+    /// Whether a cell is a time whose fraction stands behind a comma.
+    [[nodiscard]] static constexpr bool hasComma(Cell cell) {
+        return cell.isTime() && (cell.payload() & 1) != 0;
+    }
+
   private:
     static constexpr int kFirstYear = 1900;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Failure.h"
+#include "base/RegularFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -13,11 +13,6 @@ namespace pellam {
 /// A binary file read from any position on, in blocks.
 class BinaryInput {
   public:
-    BinaryInput() = default;
-    ~BinaryInput();
-    BinaryInput(const BinaryInput&) = delete;
-    BinaryInput& operator=(const BinaryInput&) = delete;
-
     /// Opens a regular file; a folder, a device or a pipe is refused. Nothing on success.
     [[nodiscard]] Failure open(const std::string& path);
 
@@ -31,27 +26,24 @@ class BinaryInput {
     [[nodiscard]] std::uint64_t position() const { return m_blockPosition + m_begin; }
 
     /// Size of the file when it was opened.
-    [[nodiscard]] std::uint64_t size() const { return m_size; }
+    [[nodiscard]] std::uint64_t size() const { return static_cast<std::uint64_t>(m_file.size()); }
 
     /// Bytes from the position to the end of the file; 0 behind it.
     [[nodiscard]] std::uint64_t left() const {
-        return position() < m_size ? m_size - position() : 0;
+        return position() < size() ? size() - position() : 0;
     }
 
     /// The error that made a take() short; none at the end of the file.
-    [[nodiscard]] const Failure& error() const { return m_error; }
+    [[nodiscard]] const Failure& error() const { return m_file.error(); }
 
   private:
     void fill(std::size_t wanted);
 
-    std::string m_path;
-    Failure m_error;
+    RegularFile m_file;
     std::vector<char> m_block;
-    std::uint64_t m_size = 0;
     std::uint64_t m_blockPosition = 0; ///< of the block's first byte in the file
     std::size_t m_begin = 0;           ///< first byte of the block not taken yet
     std::size_t m_end = 0;             ///< end of the bytes in the block
-    int m_file = -1;
 };
 
 } // namespace pellam

@@ -90,6 +90,14 @@ struct RingDescriptor {
     static RingDescriptor read(const char* at) {
         return {u32(at), static_cast<std::int32_t>(u32(at + 4)), u32(at + 8)};
     }
+
+    /// The records that it names in a section of so many slots; `oldest` is not negative.
+    [[nodiscard]] std::uint64_t named(std::uint64_t slots) const {
+        const auto first = static_cast<std::uint32_t>(oldest);
+        if (first <= newest) return std::uint64_t{newest} - first + 1;
+        const std::uint64_t free = first - newest - 1;
+        return slots > free ? slots - free : 0;
+    }
 };
 
 /// Bytes that a place of a file should have and has not.

@@ -1,8 +1,9 @@
 #include "logger/CDumpDBD.h"
 
+#include "base/FileName.h"
+
 #include <algorithm>
 #include <clocale>
-#include <filesystem>
 #include <utility>
 
 namespace pellam {
@@ -55,6 +56,7 @@ int CDumpDBD::dumpFile(const std::vector<std::string>& inputs, const std::string
     constexpr unsigned kContents = DumpData | DumpAlarms | WriteHeader;
     m_options = (options & kContents) != 0 ? options : options | kContents;
     m_store = {};
+    m_damage = {};
     m_records.clear();
     m_recordCount = 0;
     m_aborted = m_isDataFile = false;
@@ -64,6 +66,9 @@ int CDumpDBD::dumpFile(const std::vector<std::string>& inputs, const std::string
                                   static_cast<std::int64_t>(m_input.size() / kProgressUnit));
         walkSections();
     }
+    if (m_damage.ended) countMissingSections();
+    // The last word is the person's, before the earlier file goes.
+    m_aborted = m_aborted || m_progress.aborted();
     if (m_aborted) {
         m_output.discard();
         return kDone;
@@ -79,9 +84,7 @@ bool CDumpDBD::open(const std::string& input, const std::string& output) {
         m_messages.show(notOpened(input, "read"));
         return false;
     }
-    std::error_code missing;
-    const bool same = std::filesystem::equivalent(input, output, missing);
-    if (same || m_output.create(output)) {
+    if (isSameFile(input, output) || m_output.create(output, &m_progress)) {
         m_messages.show(notOpened(output, "write"));
         return false;
     }
@@ -125,11 +128,13 @@ bool CDumpDBD::readSection(const SectionPrefix& prefix) {
         whole = readAlarmHeader(prefix.length);
         break;
     case kDataTag:
+        m_store.dataFound = true;
         if (has(DumpData))
             whole = readRing({m_store.data, &CDumpDBD::readDataRec, kDataRecordHeadSize},
                              prefix.length);
         break;
     case kAlarmTag:
+        m_store.alarmsFound = true;
         if (has(DumpAlarms))
             whole = readRing({m_store.alarms, &CDumpDBD::readAlarmRec, kAlarmRecordHeadSize},
                              prefix.length);
@@ -138,6 +143,8 @@ bool CDumpDBD::readSection(const SectionPrefix& prefix) {
         return true;
     default:
         m_output.append("\nunknown tag at offset: " + hexadecimal(contents) + "\n");
+        noteDamage(contents);
+        m_damage.ended = true;
         return false;
     }
     m_input.seek(contents + prefix.length);
@@ -197,6 +204,16 @@ bool CDumpDBD::readRing(const RingReader& reader, std::uint32_t length) {
         if (has(IndexMode)) m_output.append("No records\n");
         return true;
     }
+    const std::uint64_t before = m_recordCount;
+    const bool whole = readRecords(reader, length);
+    const std::uint64_t named = ring.named(ring.recordSize > 0 ? length / ring.recordSize : 0);
+    const std::uint64_t read = m_recordCount - before;
+    if (!m_aborted && named > read) m_damage.lostRecords += named - read;
+    return whole;
+}
+
+bool CDumpDBD::readRecords(const RingReader& reader, std::uint32_t length) {
+    const RingDescriptor& ring = reader.ring;
     const std::uint64_t base = m_input.position();
     const std::uint64_t size = ring.recordSize;
     if (size == 0) return complain({base, 0, reader.headSize});
@@ -239,25 +256,56 @@ bool CDumpDBD::readDataRec(std::uint32_t) {
     const std::uint64_t at = m_input.position();
     std::string_view block;
     if (!readBlock(block, m_store.data.recordSize)) return false;
-    Shortage shortage = m_records.writeData(block);
+    if (block.size() < kDataRecordHeadSize)
+        return complain({at, block.size(), kDataRecordHeadSize});
     ++m_recordCount;
-    if (!shortage) return true;
-    shortage.offset += at;
-    return complain(shortage);
+    const Shortage shortage = m_records.writeData(block);
+    if (shortage) {
+        noteDamage(at + shortage.offset);
+        ++m_damage.cutRecords;
+    }
+    return true;
 }
 
 bool CDumpDBD::readAlarmRec(std::uint32_t slot) {
     const std::uint64_t at = m_input.position();
     std::string_view block;
     if (!readBlock(block, m_store.alarms.recordSize)) return false;
-    Shortage shortage = m_records.writeAlarm(block, has(IndexMode) ? &slot : nullptr);
+    if (block.size() < kAlarmRecordHeadSize)
+        return complain({at, block.size(), kAlarmRecordHeadSize});
     ++m_recordCount;
-    if (!shortage) return true;
-    shortage.offset += at;
-    return complain(shortage);
+    m_records.writeAlarm(block, has(IndexMode) ? &slot : nullptr);
+    return true;
+}
+
+// The text ended before these sections came.
+void CDumpDBD::countMissingSections() {
+    const auto named = [](const RingDescriptor& ring) {
+        return ring.recordSize > 0 && ring.oldest >= 0 ? ring.named(0) : 0;
+    };
+    if (has(DumpData) && !m_store.dataFound) m_damage.lostRecords += named(m_store.data);
+    if (has(DumpAlarms) && !m_store.alarmsFound) m_damage.lostRecords += named(m_store.alarms);
+}
+
+void CDumpDBD::noteDamage(std::uint64_t place) {
+    if (!m_damage.any) m_damage.place = place;
+    m_damage.any = true;
+}
+
+Failure CDumpDBD::Damage::failure(const std::string& path) const {
+    if (!any) return {};
+    const auto records = [](std::uint64_t count, const char* what) {
+        if (count == 0) return std::string();
+        return ", " + std::to_string(count) + (count == 1 ? " record is " : " records are ") + what;
+    };
+    return {Failure::Kind::Format, path, static_cast<std::int64_t>(place),
+            "it is cut or damaged there" + records(lostRecords, "missing") +
+                records(cutRecords, "incomplete")};
 }
 
 bool CDumpDBD::complain(const Shortage& shortage) {
+    noteDamage(shortage.offset);
+    m_damage.ended = true;
     m_output.append("Unexpected EOF (at " + hexadecimal(shortage.offset) + ", read " +
                     hexadecimal(shortage.found) + " bytes, expected " +
                     hexadecimal(shortage.expected) + ")\n");

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "base/AtomicFile.h"
 #include "base/InternationalSettings.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
 #include "logger/BinaryInput.h"
 #include "logger/BinaryLayout.h"
-#include "logger/DumpOutput.h"
 #include "logger/RecordText.h"
 
 #include <cstdint>
@@ -47,8 +47,9 @@ class CDumpDBD {
     explicit CDumpDBD(const Context& context, Purpose purpose = Purpose::Text);
 
     /// Converts the last of `inputs` to the file `output`, which is replaced once the new one is
-    /// complete. Damaged input is done too: a line in the output names the place, and what came
-    /// before it is kept. kNotOpened, after a message: a file could not be opened, or the output
+    /// complete. Damaged input is done too: what can be read is kept, damage() tells the rest. A
+    /// record that disagrees with itself ends there; any other damage ends the text with a line
+    /// that names the place. kNotOpened, after a message: a file could not be opened, or the output
     /// not be written. An aborted conversion leaves the earlier output as it was.
     int dumpFile(const std::vector<std::string>& inputs, const std::string& output,
                  unsigned options);
@@ -58,6 +59,20 @@ class CDumpDBD {
 
     /// Whether the last input began as a binary data file does; if not, a message has said so.
     [[nodiscard]] bool isDataFile() const { return m_isDataFile; }
+
+    /// What of the last input could not be read.
+    struct Damage {
+        std::uint64_t place = 0;       ///< byte offset of the first
+        bool any = false;              ///< `place` is one
+        bool ended = false;            ///< the text ends with the line that names the place
+        std::uint64_t cutRecords = 0;  ///< records whose last fields are missing
+        std::uint64_t lostRecords = 0; ///< records that the file's rings name and the text has not
+
+        /// A sentence for a person; nothing for a sound file.
+        [[nodiscard]] Failure failure(const std::string& path) const;
+    };
+
+    [[nodiscard]] const Damage& damage() const { return m_damage; }
 
     /// Writes a time in microseconds since 1989 as NUL-terminated text.
     void formatTimestamp(std::uint64_t microseconds, char (&text)[TimestampText::kRoom]);
@@ -70,6 +85,8 @@ class CDumpDBD {
         char headerCharacter = '?'; ///< begins the headings
         binary::RingDescriptor data;
         binary::RingDescriptor alarms;
+        bool dataFound = false; ///< the section of the ring's slots
+        bool alarmsFound = false;
     };
 
     /// Slots of a section to be read, round its end where they pass it.
@@ -98,11 +115,14 @@ class CDumpDBD {
     bool readDataHeader(std::uint32_t length);
     bool readAlarmHeader(std::uint32_t length);
     bool readRing(const RingReader& reader, std::uint32_t length);
+    bool readRecords(const RingReader& reader, std::uint32_t length);
     bool readSlots(const SlotRun& run, ReadRecord readRecord);
+    void countMissingSections();
     bool readBlock(std::string_view& block, std::uint64_t size);
     bool readDataRec(std::uint32_t slot);
     bool readAlarmRec(std::uint32_t slot);
     bool complain(const binary::Shortage& shortage);
+    void noteDamage(std::uint64_t place);
     bool reportProgress(std::uint64_t position);
 
     [[nodiscard]] bool has(Option option) const { return (m_options & option) != 0; }
@@ -110,11 +130,12 @@ class CDumpDBD {
     MessageSink& m_messages;
     ProgressSink& m_progress;
     BinaryInput m_input;
-    DumpOutput m_output;
+    AtomicFile m_output;
     Storefile m_store;
     RecordText m_records;
     unsigned m_options = 0;
     std::uint64_t m_recordCount = 0;
+    Damage m_damage;
     bool m_aborted = false;
     bool m_isDataFile = false;
 };

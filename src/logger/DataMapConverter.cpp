@@ -84,21 +84,14 @@ bool DataMapConverter::convertMap(std::string_view map) {
 bool DataMapConverter::readHeader(std::string_view header) {
     Tokens tokens(header);
     if (!tokens.next(kAny)) return false;
-    const auto number = tokens.next(kComma);
-    if (!number) return false;
-    m_headerNumber = leadingInteger(*number);
+    if (!tokens.next(kComma)) return false;
     const auto date = tokens.next(kAny);
     if (!date) return false;
     // A date is followed by a time and a fraction; a plain number of seconds stands alone.
     if (date->find('/') != std::string_view::npos && !tokens.skip(2, kComma)) return false;
     const auto format = tokens.next(kAny);
     if (!format || !readsFormat(leadingInteger(*format))) return false;
-    const auto first = tokens.next(kAny);
-    if (!first || !tokens.skip(m_ignoredHeaderTokens, kAny)) return false;
-    const auto last = tokens.next(kAny);
-    if (!last) return false;
-    m_headerTexts = {std::string(*first), std::string(*last)};
-    return true;
+    return tokens.skip(1 + m_ignoredHeaderTokens + 1, kAny);
 }
 
 void DataMapConverter::readSection(std::string_view token) {

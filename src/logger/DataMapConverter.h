@@ -17,12 +17,6 @@ class DataMapConverter {
     /// The label lines of the last conversion; empty after a failed one.
     [[nodiscard]] const std::string& Program() const { return m_program; }
 
-    /// The number in the map's second field; -2 before a conversion.
-    [[nodiscard]] std::int32_t headerNumber() const { return m_headerNumber; }
-
-    /// The two texts that the header keeps: the one behind the format number and its last field.
-    [[nodiscard]] const std::array<std::string, 2>& headerTexts() const { return m_headerTexts; }
-
     /// Removes every double quote, then one ',' at the end.
     static void StripQuotes(std::string& text);
 
@@ -72,9 +66,7 @@ class DataMapConverter {
     void splitFields(std::string_view token, Channel& channel) const;
 
     int m_ignoredHeaderTokens;
-    char m_letter = '\0'; ///< of the schedule that is open; none before the first
-    std::int32_t m_headerNumber = -2;
-    std::array<std::string, 2> m_headerTexts;
+    char m_letter = '\0';   ///< of the schedule that is open; none before the first
     std::string m_stripped; ///< the channel being read, without its quotes
     std::string m_program;
 };

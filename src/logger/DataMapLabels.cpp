@@ -11,12 +11,20 @@ bool contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }
 
+// The lines but those of a schedule's second section.
 std::vector<std::string> linesOf(std::string_view text) {
     std::vector<std::string> lines;
+    std::string letters;
+    bool repeated = false;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
-        lines.emplace_back(text.substr(0, end));
+        const std::string_view line = text.substr(0, end);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        if (letters.empty() || line[0] != letters.back()) {
+            repeated = letters.find(line[0]) != std::string::npos;
+            letters += line[0];
+        }
+        if (!repeated) lines.emplace_back(line);
     }
     return lines;
 }

@@ -17,7 +17,7 @@ constexpr int kBias = 127 + 23;          // of the exponent that goes with a who
 /// "00" to "99".
 constexpr auto kPairs = [] {
     std::array<char, 200> pairs{};
-    for (unsigned i = 0; i < 100; ++i) {
+    for (std::size_t i = 0; i < 100; ++i) {
         pairs[2 * i] = static_cast<char>('0' + i / 10);
         pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
     }
@@ -25,7 +25,7 @@ constexpr auto kPairs = [] {
 }();
 
 char* writePair(std::uint32_t pair, char* out) {
-    std::memcpy(out, &kPairs[2 * pair], 2);
+    std::memcpy(out, &kPairs[std::size_t{2} * pair], 2);
     return out + 2;
 }
 

@@ -1,5 +1,6 @@
 #include "logger/RecordText.h"
 
+#include "base/QuotedField.h"
 #include "logger/FloatText.h"
 
 #include <algorithm>
@@ -75,20 +76,9 @@ std::string_view statusWord(std::uint8_t status) {
     return {};
 }
 
-/// Writes a text in double quotes, those in it twice.
-char* writeQuoted(std::string_view text, char* out) {
-    *out++ = '"';
-    for (const char c : text) {
-        if (c == '"') *out++ = '"';
-        *out++ = c;
-    }
-    *out++ = '"';
-    return out;
-}
-
 } // namespace
 
-RecordText::RecordText(const Style& style, DumpOutput& output)
+RecordText::RecordText(const Style& style, BlockWriter& output)
     : m_style(style),
       m_output(output),
       m_times(style.decimalSeparator) {}
@@ -111,7 +101,6 @@ void RecordText::writeHeading(char letter, std::string_view name, std::string_vi
 }
 
 Shortage RecordText::writeData(std::string_view slot) {
-    if (slot.size() < kDataRecordHeadSize) return {0, slot.size(), kDataRecordHeadSize};
     char* out = m_times.write(u64(slot.data() + 2), m_output.room());
     m_output.advance(out);
     std::size_t at = kDataRecordHeadSize;
@@ -121,43 +110,41 @@ Shortage RecordText::writeData(std::string_view slot) {
         const char* const item = slot.data() + at;
         const std::size_t size = left < kItemHeadSize ? kItemHeadSize : kItemHeadSize + u8(item);
         const std::size_t given = std::min(size, left);
-        const std::size_t wanted =
-            left < kItemHeadSize ? size : std::max(size, itemSize(u8(item + 1)));
-        if (given < wanted) {
-            shortage = {at, given, wanted};
-            break;
-        }
+        const std::size_t needed = left < kItemHeadSize ? size : itemSize(u8(item + 1));
+        if (!shortage && given < std::max(size, needed))
+            shortage = {at, given, std::max(size, needed)};
+        if (given < needed) break;
         out = m_output.room();
         *out++ = m_style.listSeparator;
         if (u8(item + 1) == kPresentFloat) {
             out = FloatText::write(u32(item + kItemValueOffset), m_style.floatDecimal, out);
         } else if (left >= kItemValueOffset + 4) {
-            out = writeItem(item, channel, out);
+            out = writeItem(item, given, channel, out);
         } else {
             // An item without a value may stand at the very end of its slot.
             std::array<char, kItemValueOffset + 4> padded{};
             std::copy_n(item, left, padded.data());
-            out = writeItem(padded.data(), channel, out);
+            out = writeItem(padded.data(), given, channel, out);
         }
         m_output.advance(out);
-        at += size;
+        at += given;
     }
     m_output.append("\n");
     return shortage;
 }
 
-// The item has at least ten bytes of its slot behind it.
-char* RecordText::writeItem(const char* item, std::size_t channel, char* out) {
+// `size`: the bytes that the item has in its slot. Ten bytes can be read.
+char* RecordText::writeItem(const char* item, std::size_t size, std::size_t channel, char* out) {
     const auto status = static_cast<std::uint8_t>(u8(item + 1) & 0x0F);
     if (status == static_cast<std::uint8_t>(ValueStatus::Present)) {
-        char* const end = writeValue(item, channel, out);
+        char* const end = writeValue(item, size, channel, out);
         return m_style.keepFieldsWhole ? keepWhole(out, end) : end;
     }
     const std::string_view word = statusWord(status);
     return word.empty() ? writeUnknown(item + kItemValueOffset, out) : copyTo(out, word);
 }
 
-char* RecordText::writeValue(const char* item, std::size_t channel, char* out) {
+char* RecordText::writeValue(const char* item, std::size_t size, std::size_t channel, char* out) {
     const FormatText& format = m_formats[channel];
     const char* const value = item + kItemValueOffset;
     switch (static_cast<ValueType>(u8(item + 1) >> 4)) {
@@ -166,8 +153,7 @@ char* RecordText::writeValue(const char* item, std::size_t channel, char* out) {
     case ValueType::Integer:
         return format.writeInteger(static_cast<std::int32_t>(u32(value)), out);
     case ValueType::Text:
-        return writeTextValue(untilNul({value, u8(item) + kItemHeadSize - kItemValueOffset}),
-                              format, out);
+        return writeTextValue(untilNul({value, size - kItemValueOffset}), format, out);
     case ValueType::Timestamp:
         return m_times.write(u64(value), out);
     case ValueType::Interval:
@@ -201,8 +187,7 @@ char* RecordText::keepWhole(char* begin, char* end) const {
     return writeQuoted(std::string(field), begin);
 }
 
-Shortage RecordText::writeAlarm(std::string_view slot, const std::uint32_t* index) {
-    if (slot.size() < kAlarmRecordHeadSize) return {0, slot.size(), kAlarmRecordHeadSize};
+void RecordText::writeAlarm(std::string_view slot, const std::uint32_t* index) {
     char* out = m_output.room();
     if (index) {
         const std::string number = std::to_string(*index);
@@ -218,12 +203,11 @@ Shortage RecordText::writeAlarm(std::string_view slot, const std::uint32_t* inde
     m_output.advance(copyTo(out, ",\""));
     std::string_view text = untilNul(slot.substr(kAlarmRecordHeadSize));
     while (!text.empty()) {
-        const std::string_view piece = text.substr(0, DumpOutput::kRoom);
+        const std::string_view piece = text.substr(0, BlockWriter::kRoom);
         m_output.advance(writePrintable(piece, m_output.room()));
         text.remove_prefix(piece.size());
     }
     m_output.append("\"\n");
-    return {};
 }
 
 } // namespace pellam

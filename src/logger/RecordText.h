@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/BlockWriter.h"
 #include "logger/BinaryLayout.h"
-#include "logger/DumpOutput.h"
 #include "logger/FormatText.h"
 #include "logger/TimestampText.h"
 
@@ -24,7 +24,7 @@ class RecordText {
         bool keepFieldsWhole = false;
     };
 
-    RecordText(const Style& style, DumpOutput& output);
+    RecordText(const Style& style, BlockWriter& output);
 
     /// Forgets the channels.
     void clear() { m_formats.clear(); }
@@ -38,23 +38,25 @@ class RecordText {
     /// end at their first NUL, at the latest after 16 characters.
     void writeHeading(char letter, std::string_view name, std::string_view units);
 
-    /// Writes one data record as a line. What does not fit into the slot ends the line there and is
-    /// returned, its offset counted from the slot's first byte.
+    /// Writes one data record of ten bytes or more as a line. An item that its value or its slot
+    /// has no room for ends the line there and is returned, its offset counted from the slot's
+    /// first byte.
     binary::Shortage writeData(std::string_view slot);
 
-    /// Writes one alarm record as a line; `index` is the number to begin with, when there is one.
-    binary::Shortage writeAlarm(std::string_view slot, const std::uint32_t* index);
+    /// Writes one alarm record of twelve bytes or more as a line; `index` is the number to begin
+    /// with, when there is one.
+    void writeAlarm(std::string_view slot, const std::uint32_t* index);
 
     TimestampText& times() { return m_times; }
 
   private:
-    char* writeItem(const char* item, std::size_t channel, char* out);
-    char* writeValue(const char* item, std::size_t channel, char* out);
+    char* writeItem(const char* item, std::size_t size, std::size_t channel, char* out);
+    char* writeValue(const char* item, std::size_t size, std::size_t channel, char* out);
     char* writeTextValue(std::string_view text, const FormatText& format, char* out) const;
     char* keepWhole(char* begin, char* end) const;
 
     Style m_style;
-    DumpOutput& m_output;
+    BlockWriter& m_output;
     TimestampText m_times;
     std::vector<FormatText> m_formats; ///< one a channel
 };

@@ -22,6 +22,14 @@ class BatchSessionTest : public BatchFixture {
         m_odbc.addSqlite("Empty", "CREATE TABLE other(x);");
         m_odbc.addSqlite("Half", test::SessionRows().channels("Run1", "A|0|1|T|C|1|N|J").sql() +
                                      "DROP TABLE data_data;");
+        m_odbc.addSqlite("Bare", test::SessionRows().channels("Run1", "A|0|1|T|C|1|N|J").sql());
+        // Its third reading can not be computed.
+        test::SessionRows three;
+        three.channels("Run1", "A|0|1|T|C|1|N|J\n");
+        three.readings("Run1", "0|2024-03-01 10:00:00|0|A|0|T|1|0|N|J\n"
+                               "0|2024-03-01 10:00:01|0|A|9|T|2|0|N|J\n"
+                               "0|2024-03-01 10:00:02|0|A|0|T|3|0|N|J\n");
+        m_odbc.addSqlite("Torn", three.sql() + test::SessionRows::failingAt(3));
         m_odbc.addSource("Gone", "Missing", "");
     }
 
@@ -89,6 +97,16 @@ TEST_F(BatchSessionTest, SessionsAreListedAsTheyStand) {
     EXPECT_EQ(m_err, "no/such.dlr can not be written: No such file or directory.\n");
 }
 
+TEST_F(BatchSessionTest, WhatIsMissingIsTold) {
+    EXPECT_EQ(run("--dsn Torn --session Run1 --info --export out.csv"), 1);
+    EXPECT_TRUE(m_err.starts_with("Warning: Database exception. Load aborted.\n[SQLite]")) << m_err;
+    EXPECT_EQ(m_folder.read("out.csv"), "Time,A.T(C),\r\n2024/03/01 10:00:00.000000,1,\r\n");
+    EXPECT_NE(m_out.find("\nincomplete: the database failed while it was read\n"
+                         "passed over: 1 reading without a channel (in row 2)\n"),
+              std::string::npos)
+        << m_out;
+}
+
 TEST_F(BatchSessionTest, FailuresAreToldInTheDriversWords) {
     // error: part of what is told
     const Table<const char*, const char*> rows = {
@@ -98,7 +116,10 @@ TEST_F(BatchSessionTest, FailuresAreToldInTheDriversWords) {
         {"--dsn Half --session Run1", "Warning: Database exception. Load aborted.\n["},
         {"--dsn Site --session None",
          "Warning: No records were found matching the supplied criteria\n"},
-        {"--dsn Site --session \"O'Hara\"", "Hara"},
+        {"--dsn Site --session \"O'Hara\"",
+         "Warning: No records were found matching the supplied criteria\n"},
+        {"--dsn Bare --session Run1", "Attention: There are no readings in the session\n"},
+        {"--dsn 'Site;PWD=secret' --session Run1", "can not hold ';'"},
         {"--dsn Empty --list-sessions", "data_header"},
     };
     for (const auto& [arguments, error] : rows) {

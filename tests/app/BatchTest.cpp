@@ -35,7 +35,12 @@ TEST_F(BatchTest, InfoTellsTheFacts) {
                      "contents type: -1\noriginator type: \ndescription: \nline count: 0\n"
                      "first time: 2008/02/25 11:53:15\nlast time: 2008/02/25 11:54:15\nrows: "
                      "2\nchannels: 2\ndamaged lines: 0\n"
-                     "channel: Temp(degC)\nchannel: Wind(m/s)\n");
+                     "channel: Temp(degC)\nchannel: Wind(m/s)\n"
+                     "layout: plain\nencoding: UTF-8\nseparator: comma\ndecimal: .\n"
+                     "mixed decimals: no\nheadings line: 1\nheadings lines: 1\nunits line: 0\n"
+                     "data line: 2\ntime columns: 1\ntime format: yyyy/MM/dd HH:mm:ss\n"
+                     "missing: \nblank lines: 0\nrepeated lines: 0\nrepeated headings: 0\n"
+                     "comment lines: 0\ndiscontinuities: 0\nfooter lines: 0\n");
 }
 
 TEST_F(BatchTest, ChannelsNarrowASmallFileToo) {
@@ -64,7 +69,7 @@ TEST_F(BatchTest, FilesThatCanNotBeLoaded) {
     std::filesystem::create_directory(m_folder.path("folder.csv"));
     for (const char* file : {"missing.csv", "missing.dlr", "folder.csv", "/dev/null", "old.dbr"}) {
         EXPECT_EQ(run(std::string("--export out.csv --info ") + file), 1) << file;
-        EXPECT_NE(m_err, "") << file;
+        EXPECT_NE(m_err.find(file), std::string::npos) << m_err;
         EXPECT_EQ(m_out, "") << file;
         EXPECT_EQ(m_folder.read("out.csv"), "(missing)") << file;
     }
@@ -81,6 +86,48 @@ TEST_F(BatchTest, FailedExportKeepsTheEarlierFileAndGoesOn) {
     EXPECT_EQ(m_err, "./mast.csv can not be written: it is the file that was loaded.\n");
     EXPECT_EQ(m_folder.read("mast.csv"), before);
     EXPECT_EQ(m_folder.list(), "full.csv good.txt house.ini mast.csv");
+}
+
+TEST_F(BatchTest, StandardOutputTakesAnExportOrADump) {
+    const std::string csv = "Time,Temp(degC),Wind(m/s),\r\n"
+                            "2008/02/25 11:53:15,12.5,3,\r\n"
+                            "2008/02/25 11:54:15,13.25,Calm,\r\n";
+    EXPECT_EQ(run("--export - mast.csv"), 0) << m_err;
+    EXPECT_EQ(m_out, csv);
+    EXPECT_EQ(run("--export - mast.csv | cat"), 0) << m_err;
+    EXPECT_EQ(m_out, csv);
+    EXPECT_EQ(run("--format txt --export - --channels Wind* mast.csv"), 0) << m_err;
+    EXPECT_EQ(m_out, "Time\tWind(m/s)\t\r\n2008/02/25 11:53:15\t3\t\r\n"
+                     "2008/02/25 11:54:15\tCalm\t\r\n");
+    // The shell's own file goes on, and is the same file afterwards.
+    const std::string log = m_folder.write("log", "before\n");
+    EXPECT_EQ(::link(log.c_str(), m_folder.path("second-name").c_str()), 0);
+    EXPECT_EQ(run("--export /dev/stdout mast.csv >>log"), 0) << m_err;
+    EXPECT_EQ(m_folder.read("second-name"), "before\n" + csv);
+    EXPECT_EQ(run("--dump - --header '" PELLAM_SAMPLES "/tank-gauge.dbd' >>log"), 0) << m_err;
+    EXPECT_EQ(m_folder.read("second-name").substr(7 + csv.size(), 22), "Datetime,A.Level(m),A.");
+    EXPECT_EQ(m_folder.list(), "house.ini log mast.csv second-name");
+    EXPECT_EQ(run("--export - mast.csv >&-"), 1);
+    EXPECT_EQ(m_err, "/dev/stdout can not be written: Bad file descriptor.\n");
+    EXPECT_EQ(run("--format xls --export - mast.csv"), 2);
+}
+
+TEST_F(BatchTest, DisplayThatCanNotBeUsedIsSaid) {
+    EXPECT_EQ(run("DISPLAY=:9999 QT_QPA_PLATFORM=xcb '" PELLAM_PROGRAM "' mast.csv", "env"), 1);
+    EXPECT_NE(m_err.find("pellam: no window can be opened on this display; --help tells what works "
+                         "without one\n"),
+              std::string::npos)
+        << m_err;
+}
+
+TEST_F(BatchTest, InfoIsUtf8WhateverTheFileIsIn) {
+    m_folder.write("w1252.csv", "Zeit,W\xE4rme (\xB0"
+                                "C),Gr\xC3\xBC\xC3\x9F"
+                                "e\n2008/02/25 11:53:15,1,2\n");
+    EXPECT_EQ(run("--info w1252.csv"), 0) << m_err;
+    EXPECT_NE(m_out.find("channel: W\u00E4rme (\u00B0C)\nchannel: Gr\u00FC\u00DFe\n"),
+              std::string::npos)
+        << m_out;
 }
 
 TEST_F(BatchTest, StandardOutputThatCanNotBeWritten) {
@@ -156,9 +203,11 @@ TEST_F(BatchTest, BinaryFilesAreConvertedAndLoaded) {
     EXPECT_EQ(run("--dump mast.txt mast.csv"), 1);
     EXPECT_EQ(m_err, "Can not read DTDT section\n");
 
-    EXPECT_EQ(run("--info " + gauge), 1);
-    EXPECT_EQ(m_err, "Warning: No default save directory has been specified.\nThe preferences "
-                     "dialogue will now open to allow you to enter this setting\n");
+    // Where no save folder is set, it is that of a first start.
+    EXPECT_EQ(run("HOME=" + m_folder.path() + " '" PELLAM_PROGRAM "' --info " + gauge, "env"), 0);
+    EXPECT_EQ(m_err, "");
+    EXPECT_EQ(m_folder.read("Documents/Korvane/Pellam/tank-gauge.csv").substr(0, 21),
+              "Datetime,A.Level(m),A");
     m_folder.write("save.ini",
                    "[software]\nKorvane\\Pellam\\Default\\SaveDir=" + m_folder.path() + "\n");
     EXPECT_EQ(run("--settings save.ini --channels '*Level*' --export out.csv " + gauge), 0)

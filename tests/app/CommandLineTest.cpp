@@ -7,6 +7,13 @@
 namespace pellam {
 namespace {
 
+std::string shown(const CTime& time) {
+    char text[48];
+    char* end = time.writeDate(text);
+    *end++ = ',';
+    return {text, time.writeTime(end)};
+}
+
 /// Parses arguments separated by blanks; "''" stands for an empty one.
 CommandLine parse(const std::string& text) {
     std::istringstream stream(text);
@@ -52,8 +59,8 @@ std::string print(const CommandLine& line) {
     for (const std::string& given :
          {from.dataSource, from.session, from.site, from.job, from.schedule, from.label})
         if (!given.empty()) add("db:" + given);
-    for (const CMyTime& time : {from.start, from.end})
-        if (time != CMyTime()) add("time:" + time.FormatLocalNoDST("%Y/%m/%d,%H:%M:%S"));
+    for (const CTime& time : {from.start, from.end})
+        if (!time.isNull()) add("time:" + shown(time));
     if (line.database.list) add("list");
     for (const std::string& path : line.database.replays)
         add("replay:" + path);
@@ -167,12 +174,13 @@ TEST(CommandLine, HelpNamesEveryOption) {
 TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {
     // expected: those chosen, separated by blanks
     const Table<const char*, const char*, const char*> cases = {
-        {"none is all", "", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C"},
-        {"all", "all", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C"},
+        {"none is all", "", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C A{b}"},
+        {"all", "all", "A.Temp.Ave(degC){0} A.Temp.Max(degC){12} B.Höhe(m){0} B{2}C A{b}"},
         {"whole label", "A.Temp.Ave(degC){0}", "A.Temp.Ave(degC){0}"},
         {"without number", "A.Temp.Ave(degC)", "A.Temp.Ave(degC){0}"},
         {"number", "*{0}", "A.Temp.Ave(degC){0} B.Höhe(m){0}"},
         {"part does not fit", "A.Temp", ""},
+        {"braces without a number belong to the name", "A", ""},
         {"star tries again", "*.M*C)", "A.Temp.Max(degC){12}"},
         {"question mark is one character", "B.H?he(m)", "B.Höhe(m){0}"},
         {"question mark is not none", "B{2}C?", ""},
@@ -184,7 +192,7 @@ TEST(PatternChooser, ChoosesInTheOrderOfTheFile) {
         PatternChooser chooser(patterns);
         std::string chosen;
         for (const std::string& label : chooser.choose(
-                 {"A.Temp.Ave(degC){0}", "A.Temp.Max(degC){12}", "B.Höhe(m){0}", "B{2}C"}))
+                 {"A.Temp.Ave(degC){0}", "A.Temp.Max(degC){12}", "B.Höhe(m){0}", "B{2}C", "A{b}"}))
             chosen += (chosen.empty() ? "" : " ") + label;
         EXPECT_EQ(chosen, expected) << name;
     }

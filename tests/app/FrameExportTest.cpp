@@ -1,4 +1,7 @@
 #include "FrameFixture.h"
+#include "ui/dialogs/CConnectionStatus.h"
+
+#include <sys/stat.h>
 
 namespace pellam {
 
@@ -112,6 +115,47 @@ TEST_F(FrameExportTest, AnExistingFileIsAskedForWithThreeAnswers) {
     dialogs.then<QFileDialog>(save(old)).then<QMessageBox>(press(QMessageBox::Yes, kOverwrite));
     give(Command::Export);
     EXPECT_EQ(text(old), kCsv);
+}
+
+TEST_F(FrameExportTest, TheLoadedFileIsNeverReplaced) {
+    const auto loaded = write("notes.csv", "Time,Note\r\n2024/03/01 10:00:00,\"a, b\"\r\n");
+    QFile::link(loaded, path("link.csv"));
+    start(loaded);
+    for (const auto& name : {loaded, path("link.csv")}) {
+        std::string message;
+        DialogScript dialogs;
+        dialogs.then<QFileDialog>(save(name))
+            .thenMessage(&message)
+            .then<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        give(Command::Export);
+        EXPECT_EQ(message,
+                  name.toStdString() + " can not be written: it is the file that was loaded.");
+    }
+    std::string message;
+    {
+        DialogScript dialogs;
+        dialogs.thenMessage(&message);
+        frame().ExportCSV(loaded);
+    }
+    EXPECT_NE(message, "");
+    EXPECT_EQ(text(loaded), "Time,Note\r\n2024/03/01 10:00:00,\"a, b\"\r\n");
+    frame().ExportCSV(path("copy.csv"));
+    EXPECT_EQ(text(path("copy.csv")), "Time,Note,\r\n2024/03/01 10:00:00,\"a, b\",\r\n");
+}
+
+TEST_F(FrameExportTest, APipeThatNobodyReadsCanBeStopped) {
+    start(csv());
+    const auto pipe = path("pipe.csv");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QTimer abort;
+    QObject::connect(&abort, &QTimer::timeout, &frame(), [this] {
+        auto* window = frame().findChild<CConnectionStatus*>();
+        if (window && window->isVisible()) window->OnAbort();
+    });
+    abort.start(50);
+    frame().ExportCSV(pipe);
+    EXPECT_EQ(frame().statusBar()->currentMessage(),
+              u"Export stopped: nothing was written to pipe.csv");
 }
 
 TEST_F(FrameExportTest, AFolderThatIsNotThereIsReported) {

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "DialogScript.h"
+#include "UntilIdle.h"
 #include "app/frame/CLumasetApp.h"
 #include "app/frame/CMainFrame.h"
-#include "app/frame/CommandIds.h"
 #include "app/frame/FrameActions.h"
 #include "app/frame/FrameStatusBar.h"
 #include "settings/SettingsStore.h"
+#include "ui/commands/CommandIds.h"
 
 namespace pellam {
 
@@ -23,7 +24,7 @@ class FrameFixture : public testing::Test {
     CMainFrame& start(const QString& file = {}) {
         EXPECT_TRUE(m_app->InitInstance(file));
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_app->mainFrame()));
-        QTest::qWait(20);
+        untilIdle();
         return *m_app->mainFrame();
     }
 

@@ -1,6 +1,7 @@
 #include "FrameFixture.h"
 
 #include "app/dialogs/CPreferences.h"
+#include "app/dialogs/PropertiesDialog.h"
 #include "app/frame/RecentFiles.h"
 #include "ui/dialogs/FolderEdit.h"
 #include "ui/dialogs/TabPages.h"
@@ -47,6 +48,44 @@ TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
     EXPECT_EQ(frame.data().rowCount(), 0);
 }
 
+TEST_F(FrameLoadTest, WhatWasPassedOverIsToldWithItsDetails) {
+    const QByteArray d = "D,1,2008/02/25,12:00:00,0.0,1:A,0,1";
+    const auto file =
+        write("a.dlr", "Desc \"Mast <7>\"\n"
+                       "S,0,0,10:0,1989,1,0,\"\",<A,\"1S\",G,<\"a\",\"u\",0,0,8,4,1>>:\n" +
+                           d + "\n" + d + "\n");
+    auto& frame = start();
+    EXPECT_FALSE(frame.actions().action(Command::Properties)->isEnabled());
+    frame.OnLoadSessionFromFile(file);
+    EXPECT_EQ(status(), "Rows: 1 | Channels: 1 | Bad lines: 0 | "
+                        "Passed over: 1 repeated line (in line 4) | a.dlr");
+    QString marked;
+    QString all;
+    {
+        DialogScript dialogs;
+        dialogs
+            .then<PropertiesDialog>([&](PropertiesDialog& dialog) {
+                marked = dialog.text();
+                dialog.reject();
+            })
+            .then<PropertiesDialog>([&](PropertiesDialog& dialog) {
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_A, Qt::ControlModifier);
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_C, Qt::ControlModifier);
+                all = QApplication::clipboard()->text();
+                dialog.reject();
+            });
+        auto* details = frame.statusBar()->findChild<QPushButton*>();
+        ASSERT_TRUE(details && details->isVisible());
+        details->click();
+        give(Command::Properties);
+    }
+    EXPECT_EQ(marked, u"Passed over\t1 repeated line (in line 4)\n");
+    EXPECT_TRUE(all.contains(u"Description\tMast <7>\n")) << all.toStdString();
+    EXPECT_TRUE(all.endsWith(u"Channel\tA.a(u)\n")) << all.toStdString();
+    frame.OnLoadSessionFromFile(csv());
+    EXPECT_FALSE(frame.statusBar()->findChild<QPushButton*>()->isVisible());
+}
+
 TEST_F(FrameLoadTest, ABinaryFileAsksForTheSaveFolderThatItIsConvertedInto) {
     auto& frame = start();
     m_settings->WriteProfileString("Default", "SaveDir", "");
@@ -73,7 +112,7 @@ static bool drop(QWidget& target, const QMimeData& data) {
     QApplication::sendEvent(&target, &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     if (enter.isAccepted()) QApplication::sendEvent(&target, &drop);
-    QTest::qWait(20);
+    untilIdle();
     return enter.isAccepted() && drop.isAccepted();
 }
 
@@ -133,7 +172,7 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     EXPECT_EQ(texts.join(u',').toStdString(), "&1 c.csv 57616,&2 e.csv 57617,&3 b.csv 57618")
         << "d, which is gone, was taken off; a had fallen off before";
     frame.actions().recentMenu()->actions().at(1)->trigger();
-    QTest::qWait(20);
+    untilIdle();
     EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
 }
 
@@ -224,7 +263,7 @@ TEST_F(FrameLoadTest, TheFirstStartMakesTheSaveFolderAndALaterOneKeepsIt) {
 
 TEST_F(FrameLoadTest, SizeAndPlaceOfTheWindowComeBack) {
     start().resize(777, 555);
-    QTest::qWait(10);
+    untilIdle();
     frame().close();
     m_app = std::make_unique<CLumasetApp>(*m_settings);
     EXPECT_EQ(start().size(), QSize(777, 555));

@@ -1,69 +1,115 @@
 #include "FrameFixture.h"
 
+#include "trend/control/CTrend.h"
+#include "trend/control/TrendScene.h"
+#include "ui/sidebar/TaskSidebar.h"
+#include "views/chart/CTrendView.h"
+#include "views/grid/MyCug.h"
+#include "views/sheet/GridModel.h"
+
 namespace pellam {
 
 using FrameMenuTest = FrameFixture;
 
-static QString line(const QAction* action) {
-    if (action->isSeparator()) return u"  --"_qs;
-    if (action->menu()) return u"  %1 >"_qs.arg(action->text());
-    return u"  %1 | %2 | %3"_qs.arg(action->text(), action->shortcut().toString())
-        .arg(action->data().toInt());
+/// The keys of a command, those first that its menu item shows.
+static QStringList keysOf(const QAction* action) {
+    const QString shown = action->text().section(u'\t', 1);
+    if (!shown.isEmpty()) return {shown};
+    return QKeySequence::listToString(action->shortcuts()).split(u"; "_qs, Qt::SkipEmptyParts);
 }
 
-TEST_F(FrameMenuTest, HasEveryItemWithItsKeyAndNumber) {
-    QStringList lines;
-    for (const auto* menu : start().menuBar()->actions()) {
-        lines += menu->text();
-        for (const auto* action : menu->menu()->actions())
-            lines += line(action);
+/// The keys in the first column of the help page of keys: "1 to 3" stands for 1, 2 and 3.
+static QStringList keysOnHelpPage() {
+    QFile page(u":/help/keyboard.html"_qs);
+    EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+    static const QRegularExpression row(u"<tr><td>(.*?)</td>"_qs);
+    QStringList keys;
+    for (auto rows = row.globalMatch(QString::fromUtf8(page.readAll())); rows.hasNext();) {
+        QString cell = rows.next().captured(1).replace(u"Delete"_qs, u"Del"_qs);
+        const qsizetype range = cell.indexOf(u" to "_qs);
+        for (int i = cell.left(range).toInt(); range > 0 && i <= cell.mid(range + 4).toInt(); ++i)
+            keys += QString::number(i);
+        keys += cell.split(u", "_qs);
     }
-    EXPECT_EQ(lines.join(u'\n').toStdString(), R"(&File
-  &Open... | Ctrl+O | 32771
-  Open With &Layout... |  | 33026
-  Open &Database Session... |  | 109
-  --
-  &Export... | Ctrl+E | 32772
-  View with External &Spreadsheet... |  | 32794
-  --
-  &Print... | Ctrl+P | 57607
-  Print Pre&view | Ctrl+Alt+P | 57609
-  --
-  Pre&ferences... |  | 32808
-  &Recent Files >
-  --
-  E&xit |  | 57665
-&Edit
-  Cu&t | Ctrl+X | 57635
-  &Copy | Ctrl+C | 57634
-  Copy with &Headings | Ctrl+Shift+C | 33001
-  &Paste | Ctrl+V | 57637
-  --
-  Select &All Channels | Ctrl+A | 57642
-  &Deselect All Channels | Ctrl+D | 57633
-  --
-  &Find... | Ctrl+F | 57636
-  Find &Next | F3 | 33002
-  Find Pre&vious | Shift+F3 | 33003
-  &Go To... | Ctrl+G | 33004
-  --
-  Next Da&maged Line | F8 | 33005
-  P&revious Damaged Line | Shift+F8 | 33006
-&View
-  Sidebar |  | 32809
-  &Toolbar |  | 59392
-  --
-  Data Grid |  | 32800
-  Trend Chart |  | 32801
-  --
-  Edit A&xis... | Ctrl+Shift+X | 32782
-  &Auto Scale | F5 | 32789
-  Selection &Zoom | F6 | 32795
-  &Increase Font Size | Ctrl++ | 32776
-  &Decrease Font Size | Ctrl+- | 32777
-&Help
-  &Help Contents | F1 | 57667
-  &About... |  | 57664)");
+    return keys;
+}
+
+TEST_F(FrameMenuTest, EveryKeyIsOfOneCommandAndOnTheHelpPage) {
+    const QStringList help = keysOnHelpPage();
+    QStringList windowKeys;
+    for (const QAction* action : start().QWidget::actions()) {
+        EXPECT_FALSE(action->statusTip().isEmpty() &&
+                     action->data().toInt() != int(Command::LoadTrend))
+            << action->text().toStdString();
+        const QStringList keys = keysOf(action);
+        EXPECT_TRUE(keys.isEmpty() || help.contains(keys[0])) << keys.value(0).toStdString();
+        for (const QKeySequence& key : action->shortcuts()) {
+            EXPECT_FALSE(windowKeys.contains(key.toString())) << key.toString().toStdString();
+            windowKeys += key.toString();
+        }
+    }
+    EXPECT_GT(windowKeys.size(), 20);
+}
+
+TEST_F(FrameMenuTest, LettersOfAMenuAreOfOneItem) {
+    for (const auto* menu : start().menuBar()->actions()) {
+        QString letters;
+        for (const auto* action : menu->menu()->actions()) {
+            const qsizetype mark = action->text().indexOf(u'&');
+            if (mark < 0) continue;
+            const QChar letter = action->text()[mark + 1].toLower();
+            EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
+            letters += letter;
+        }
+    }
+}
+
+TEST_F(FrameMenuTest, UndoAndRedoBelongToTheGrid) {
+    auto& frame = start(csv());
+    const auto state = [&] {
+        frame.OnIdleUpdateCmdUI();
+        std::string text;
+        for (const auto command : {Command::Undo, Command::Redo}) {
+            const auto* action = frame.actions().action(command);
+            text += action->text().toStdString() + (action->isEnabled() ? "! " : " ");
+        }
+        CellBuffer buffer;
+        return text + std::string(frame.data().text(1, 0, buffer));
+    };
+    EXPECT_EQ(state(), "&Undo Red&o 4.25");
+    auto& model = frame.Grid()->gridModel();
+    model.setData(model.index(1, 1), u"7"_qs);
+    EXPECT_EQ(state(), "&Undo Typing! Red&o 7");
+    QTest::keyClick(frame.Grid(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(state(), "&Undo Red&o Typing! 4.25");
+    give(Command::TrendChart);
+    EXPECT_EQ(state(), "&Undo Red&o Typing 4.25");
+    QTest::keyClick(&frame, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(state(), "&Undo Red&o Typing 4.25") << "not behind the chart";
+    give(Command::DataGrid);
+    QTest::keyClick(&frame, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(state(), "&Undo Typing! Red&o 7");
+}
+
+TEST_F(FrameMenuTest, TheChartsOwnKeysWorkInTheChartAlone) {
+    auto& frame = start(csv());
+    give(Command::TrendChart);
+    frame.OnIdleUpdateCmdUI();
+    CTrend& trend = frame.chartPage().trend();
+    const auto marks = [&] { return trend.scene().marks.measuring(); };
+    QTest::keyClick(frame.findChild<TaskSidebar*>(), Qt::Key_A);
+    EXPECT_FALSE(marks()) << "the sidebar has the focus";
+    QTest::keyClick(&trend, Qt::Key_A);
+    EXPECT_TRUE(marks());
+    give(Command::RemoveCursors);
+    EXPECT_FALSE(marks());
+    give(Command::CursorB);
+    EXPECT_TRUE(marks());
+    frame.OnIdleUpdateCmdUI();
+    give(Command::DataGrid);
+    frame.OnIdleUpdateCmdUI();
+    give(Command::RemoveCursors);
+    EXPECT_TRUE(marks()) << "grey while the grid is in front";
 }
 
 /// The commands that can be given now, by their letters.
@@ -99,7 +145,7 @@ TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     frame.OnLoadSessionFromFile(csv());
     EXPECT_EQ(enabled(frame), "OdESPvfXCHAFDNGst") << "grid with data";
     QApplication::clipboard()->setText(u"1"_qs);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_EQ(enabled(frame), "OdESPvfXCHVAFDNGst") << "text on the clipboard";
     give(Command::TrendChart);
     EXPECT_EQ(enabled(frame), "OdESPvfCADstxaz+-") << "trend page";

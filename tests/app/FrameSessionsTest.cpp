@@ -79,6 +79,23 @@ TEST_F(FrameSessionsTest, CancellingKeepsTheDataAndOkEmptiesTheGrid) {
     EXPECT_EQ(status(), "");
 }
 
+TEST_F(FrameSessionsTest, RowsBeforeAFailureCarryARemark) {
+    test::SessionRows rows;
+    rows.channels("Run", "A|0|60|Temp|degC|1|North|Dip\n");
+    rows.readings("Run", "0|2024-03-31 02:30:00|0|A|0|Temp|1|0|North|Dip\n"
+                         "0|2024-03-31 02:31:00|0|A|0|Temp|2|0|North|Dip\n"
+                         "0|2024-03-31 02:32:00|0|A|0|Temp|3|0|North|Dip\n");
+    m_odbc.addSqlite("Torn", rows.sql() + test::SessionRows::failingAt(3));
+    auto& frame = start();
+    DialogScript dialogs;
+    std::string message;
+    dialogs.then<CSessionNameDlg>(choose(u"Run"_qs, u"Torn"_qs)).thenMessage(&message);
+    give(Command::OpenDatabase);
+    EXPECT_EQ(message, "Warning: Database exception. Load aborted.");
+    EXPECT_TRUE(status().starts_with("Load aborted: the session goes on | Rows: 1 ")) << status();
+    EXPECT_EQ(frame.data().rowCount(), 1);
+}
+
 TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
     // The channels take many seconds to be found.
     m_odbc.addSqlite("Slow",
@@ -98,7 +115,7 @@ TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
     });
     closing.start(400);
     give(Command::OpenDatabase);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_FALSE(frame.isVisible());
     EXPECT_EQ(frame.data().rowCount(), 0);
 }

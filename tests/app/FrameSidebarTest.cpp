@@ -4,6 +4,8 @@
 #include "app/print/PreviewPane.h"
 #include "ui/sidebar/TaskSidebar.h"
 
+#include <algorithm>
+
 namespace pellam {
 
 using FrameSidebarTest = FrameFixture;
@@ -75,7 +77,7 @@ TEST_F(FrameSidebarTest, TogglingTwiceRestoresTheStandardWidth) {
     EXPECT_FALSE(toggle->isChecked());
 
     give(Command::Sidebar);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_EQ(setting("SideBarWidth"), "225");
     EXPECT_EQ(frame.sidebar().width(), 225);
     EXPECT_TRUE(toggle->isChecked());
@@ -102,7 +104,7 @@ TEST_F(FrameSidebarTest, PreviewHidesTheSidebarAndBringsItBackAtTheStoredWidth) 
     EXPECT_EQ(frame.preview()->pageCount(), 1);
 
     QTest::keyClick(frame.preview(), Qt::Key_Escape);
-    QTest::qWait(10);
+    untilIdle();
     EXPECT_EQ(frame.preview(), nullptr);
     EXPECT_TRUE(frame.sidebar().isVisible());
     EXPECT_EQ(frame.sidebar().width(), 260);

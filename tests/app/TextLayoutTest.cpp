@@ -15,9 +15,9 @@ class TextLayoutTest : public FrameFixture {
     QString preamble(const QByteArray& name = "mast.csv", const QByteArray& above = {}) const {
         return write(name, above + "Station;Moor\r\nHeight;12 m\r\nRaw;Wind;Gust\r\n"
                                    "Date;Speed;Peak\r\n"
-                                   "01.02.2019 10:00;3,5;7,25\r\n"
-                                   "01.02.2019 10:10;4,5;8,75\r\n"
-                                   "01.02.2019 10:20;5,5;9,25\r\n");
+                                   "15.02.2019 10:00;3,5;7,25\r\n"
+                                   "15.02.2019 10:10;4,5;8,75\r\n"
+                                   "15.02.2019 10:20;5,5;9,25\r\n");
     }
 
     NoticeBar& bar() { return *frame().findChild<NoticeBar*>(); }
@@ -103,15 +103,15 @@ TEST_F(TextLayoutTest, AChangedLineOfHeadingsIsPreviewedThenLoadedAndRememberedU
 TEST_F(TextLayoutTest, EveryFieldChangesTheTableAndWrongTextsChangeNothing) {
     // column, row: of the cell of the table that tells; -1: its heading
     const Table<const char*, const char*, int, int, const char*> cases = {
-        {"separator", "comma", 0, -1, "Date;Speed;Peak"},
+        {"separator", "comma", 1, -1, "Date;Speed;Peak"},
         {"separator", "", 1, 0, "3.5"},
-        {"decimal", "point", 1, 0, "35"},
+        {"decimal", "point", 1, 0, "3,5"},
         {"data-line", "6", 1, 0, "4.5"},
         {"units-line", "3", 1, -1, "Speed (Wind)"},
         {"headings-line", "0", 1, -1, "Column 2"},
-        {"time-columns", "none", 1, 0, "01.02.2019 10:00"},
+        {"time-columns", "none", 1, 0, "15.02.2019 10:00"},
         {"time-columns", "x", 1, 0, "3.5"},
-        {"time-format", "MM/dd/yyyy HH:mm", 0, 0, "01.02.2019 10:00"},
+        {"time-format", "MM/dd/yyyy HH:mm", 0, 0, "15.02.2019 10:00"},
         {"time-format", "never", 1, 0, "3.5"},
     };
     start(preamble());
@@ -175,7 +175,7 @@ TEST_F(TextLayoutTest, TheRolesOfTheLinesAndTheFieldsOfTheTimeAreMarked) {
             roles += roleName(line.role).left(1).toStdString();
         EXPECT_EQ(roles, "DDDHDDD") << "description, headings, data";
         ASSERT_EQ(lines[4].times.size(), 1U);
-        EXPECT_EQ(lines[4].text.left(lines[4].times[0].length), u"01.02.2019 10:00");
+        EXPECT_EQ(lines[4].text.left(lines[4].times[0].length), u"15.02.2019 10:00");
         dialog.reject();
     });
 }

@@ -1,8 +1,10 @@
 #include "base/AtomicFile.h"
 
+#include "RecordingSinks.h"
 #include "ScratchFolder.h"
 
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
@@ -13,10 +15,11 @@ namespace {
 class AtomicFileTest : public testing::Test {
   protected:
     /// Writes `text` to `path` in one go; the failure's text, empty on success.
-    static std::string put(const std::string& path, const std::string& text) {
+    static std::string put(const std::string& path, const std::string& text,
+                           ProgressSink* waiting = nullptr) {
         AtomicFile file;
-        if (const Failure failure = file.create(path)) return failure.text();
-        if (const Failure failure = file.write(text)) return failure.text();
+        if (const Failure failure = file.create(path, waiting)) return failure.text();
+        file.append(text);
         return file.commit().text();
     }
 
@@ -36,7 +39,7 @@ TEST_F(AtomicFileTest, EarlierFileStaysUntilCommitAndWhereThereIsNone) {
         {
             AtomicFile file;
             ASSERT_FALSE(file.create(path));
-            ASSERT_FALSE(file.write("new"));
+            file.append("new");
             EXPECT_EQ(m_folder.read("a.csv"), "earlier");
             EXPECT_NE(m_folder.list(), "a.csv");
             EXPECT_TRUE(!commit || !file.commit());
@@ -115,10 +118,75 @@ TEST_F(AtomicFileTest, PipeGetsTheBytes) {
         got.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
         ::close(file);
     });
-    EXPECT_EQ(put(pipe, "through"), "");
+    SilentProgress waiting; // the reader may come later
+    EXPECT_EQ(put(pipe, "through", &waiting), "");
     reader.join();
     EXPECT_EQ(got, "through");
     EXPECT_EQ(m_folder.list(), "pipe.csv");
+}
+
+TEST_F(AtomicFileTest, PipeThatNobodyReadsIsRefusedOrWaitedForUntilTheStop) {
+    const std::string pipe = m_folder.path("pipe.csv");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(put(pipe, "x"), pipe + " can not be written: nobody reads from this pipe.");
+    test::RecordedProgress progress;
+    progress.abortAfter = 2;
+    AtomicFile file;
+    EXPECT_EQ(file.create(pipe, &progress).kind, Failure::Kind::Aborted);
+    EXPECT_EQ(progress.asked, 3);
+
+    const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK); // is there, and takes nothing
+    progress.asked = 0;
+    ASSERT_FALSE(file.create(pipe, &progress));
+    file.append(std::string(1'000'000, 'x'));
+    EXPECT_EQ(file.commit().kind, Failure::Kind::Aborted);
+    EXPECT_NE(progress.log.find("Waiting for the reader of " + pipe), std::string::npos);
+    ::close(reader);
+}
+
+TEST_F(AtomicFileTest, OpenFileOfTheProcessIsWrittenWhereItStands) {
+    const std::string path = m_folder.write("log.txt", "before\n");
+
+    struct stat earlier {
+    }, later{};
+
+    ASSERT_EQ(::stat(path.c_str(), &earlier), 0);
+    const int file = ::open(path.c_str(), O_WRONLY | O_APPEND);
+    const std::string link = m_folder.path("out.csv");
+    ASSERT_EQ(::symlink("/dev/fd", m_folder.path("streams").c_str()), 0);
+    ASSERT_EQ(::symlink(("streams/" + std::to_string(file)).c_str(), link.c_str()), 0);
+    EXPECT_EQ(put(link, "one\n"), "");
+    EXPECT_EQ(put("/proc/self/fd/" + std::to_string(file), "two\n"), "");
+    ASSERT_EQ(::write(file, "after\n", 6), 6);
+    ::close(file);
+    EXPECT_EQ(m_folder.read("log.txt"), "before\none\ntwo\nafter\n");
+    ASSERT_EQ(::stat(path.c_str(), &later), 0);
+    EXPECT_EQ(earlier.st_ino, later.st_ino);
+    EXPECT_EQ(m_folder.list(), "log.txt out.csv streams");
+}
+
+TEST_F(AtomicFileTest, FileOfAnotherOwnerKeepsItsGroupAndMode) {
+    if (::geteuid() != 0) return; // only root can make such a file
+    const std::string path = m_folder.write("a.csv", "earlier");
+    std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0777));
+    const gid_t shared = 4711;
+    const auto ownerAndMode = [&path] {
+        struct stat status {};
+        EXPECT_EQ(::stat(path.c_str(), &status), 0);
+        return std::tuple(status.st_uid, status.st_gid, status.st_mode & 07777U);
+    };
+    ASSERT_EQ(::chown(path.c_str(), 1234, shared), 0);
+    ASSERT_EQ(::chmod(path.c_str(), 0664), 0);
+    EXPECT_EQ(put(path, "by root"), "");
+    EXPECT_EQ(ownerAndMode(), std::tuple(1234U, shared, 0664U));
+    ASSERT_EQ(::setgroups(1, &shared), 0);
+    ASSERT_EQ(::seteuid(65534), 0);
+    const std::string failure = put(path, "by a colleague");
+    ASSERT_EQ(::seteuid(0), 0);
+    ASSERT_EQ(::setgroups(0, nullptr), 0);
+    EXPECT_EQ(failure, "");
+    EXPECT_EQ(m_folder.read("a.csv"), "by a colleague");
+    EXPECT_EQ(ownerAndMode(), std::tuple(65534U, shared, 0664U));
 }
 
 TEST_F(AtomicFileTest, LongestFileNameStillHasRoom) {

@@ -1,22 +1,24 @@
 #include "database/odbc/DataSources.h"
-#include "database/sessions/CDBDataHeader.h"
+#include "database/sessions/SessionTables.h"
 
 #include "OdbcSetup.h"
+#include "SessionLoad.h"
 
 namespace pellam {
 namespace {
 
 using test::OdbcSetup;
-
-std::string shown(const CTime& time) {
-    char text[48];
-    char* end = time.writeDate(text);
-    *end++ = ' ';
-    return {text, time.writeTime(end)};
-}
+using test::shown;
 
 std::string zeros(std::size_t count, const char* tail) {
     return std::string(count, '0').append(tail);
+}
+
+std::string repeated(const char* text, int count) {
+    std::string all;
+    while (count-- > 0)
+        all += text;
+    return all;
 }
 
 TEST(CRecordset, ReadsRowsInOrder) {
@@ -41,14 +43,15 @@ INSERT INTO data_header VALUES (NULL, NULL, 'Run 2', NULL, 'n');
     EXPECT_EQ(all, "3|2024/02/01 10:11:12|Run 1|i|\n0|0000/00/00 00:00:00|Run 2||n\n");
 }
 
-// Texts end at 255 bytes, never inside a character, and without trailing white space.
+// Texts end at 255 characters, and without trailing white space.
 TEST(CRecordset, CutsAndTrimsTexts) {
     const Table<const char*, std::string> cases = {
         {"printf('%0254d', 0) || 'x'", zeros(254, "x")},
         {"printf('%0256d', 0)", zeros(255, "")},
-        {"printf('%0254d', 0) || 'é'", zeros(254, "")},
-        {"printf('%0253d', 0) || 'é'", zeros(253, "é")},
-        {"printf('%0252d', 0) || '\U0001F321'", zeros(252, "")},
+        {"printf('%0254d', 0) || 'éé'", zeros(254, "é")},
+        {"printf('%0254d', 0) || '\U0001F321'", zeros(254, "\U0001F321")},
+        {"replace(printf('%0300d', 0), '0', '\U0001F321')", repeated("\U0001F321", 255)},
+        {"replace(printf('%0255d', 0), '0', '€')", repeated("€", 255)},
         {"printf('%0250d', 0) || '          '", zeros(250, "")},
         {"'  a' || char(9, 32, 13, 10)", "  a"},
         {"'   '", ""},

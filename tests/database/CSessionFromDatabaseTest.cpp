@@ -3,12 +3,13 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "ZoneScope.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/FileLoader.h"
 
 #include <csignal>
 #include <filesystem>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -58,6 +59,8 @@ TEST_F(SessionTest, StatusLine) {
          "<A,\"9lS\",G,<\"first\",\"u\",1,0,8,4,1>><B>"},
         {"by label", "A|-1|5|a|u|2|S|J\nA|-1|5|b|v|2|S|J\n",
          "<A,\"5lS\",G,<\"a\",\"u\",1,0,8,4,1>,<\"b\",\"v\",1,0,8,4,1>><B>"},
+        {"what would end a channel", "A|0|5|a<b>|<u>,v|2|S|J\n",
+         "<A,\"5lS\",G,<\"a[b]\",\"[u],v\",1,0,8,4,1>><B>"},
         {"a longer name has no entry", "AB|0|5|a|u|2|S|J\n", "<A><B,\"5lS\",G>"},
         {"rates", "B|0|4294967295|a|u|2|S|J\n",
          "<A><B,\"4294967295lS\",G,<\"a\",\"u\",1,0,8,4,1>>"},
@@ -91,6 +94,8 @@ TEST_F(SessionTest, DataLines) {
          "D,1,10:00:00,0.000000,1:AB,0,0.,$4l,5.,$0l"},
         {"the first address", "4|10:00:00|0|A|0|a|1|0\n5|10:00:00|0|A|1|b|2|0\n",
          "D,4,10:00:00,0.000000,1:A,0,1.,$0l,2.,$0l"},
+        {"what would end a field", "4,5|10:00:00|0|A|0|a|1|0\n",
+         "D,4.5,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l"},
         {"no address", "\xC3\xBE|10:00:00|0|A|0|a|1|0\n\xFE|10:00:01|0|A|0|a|1|0\n",
          "D,0,10:00:00,0.000000,1:A,0,1.,$0l,0.,$4l D,0,10:00:01,0.000000,1:A,0,1.,$0l,0.,$4l"},
         {"by label",
@@ -120,6 +125,8 @@ TEST_F(SessionTest, DataLines) {
         for (std::string line; std::getline(shown, line, ' ');)
             expected += line.insert(line.find(',', 2) + 1, "2008/02/25,") + ":\n";
         EXPECT_EQ(lines({name, "Run"}), expected) << name;
+        const bool nulls = name == std::string("nulls");
+        EXPECT_EQ(passedOver.find("1 reading without a value, shown as 0") == 0, nulls) << name;
     }
 }
 
@@ -132,7 +139,7 @@ TEST_F(SessionTest, TimesAreThoseOfTheDatabaseInEveryZone) {
                               "1|2008-10-05 02:30:00|0|A|0|a|3|0|S|J\n"
                               "1|2008-11-02 01:30:00|0|A|0|a|4|0|S|J\n"
                               "1|NULL|0|A|0|a|5|0|S|J\n1|soon|0|A|0|a|5|0|S|J\n"));
-    for (const char* zone : {"UTC", "America/New_York", "Australia/Adelaide"}) {
+    for (const char* zone : {"UTC", "America/New_York", "Australia/Adelaide", "Europe/Dublin"}) {
         const ZoneScope scope(zone);
         EXPECT_EQ(lines(kRun), "D,1,2008/03/09,02:30:00,0.000000,1:A,0,1.,$0l:\n"
                                "D,1,2008/07/04,12:00:00,0.000000,1:A,0,2.,$0l:\n"
@@ -140,14 +147,17 @@ TEST_F(SessionTest, TimesAreThoseOfTheDatabaseInEveryZone) {
                                "D,1,2008/11/02,01:30:00,0.000000,1:A,0,4.,$0l:\n")
             << zone;
         SessionRequest range = kRun;
-        range.start.ParseDateTime("2008/10/05,02:30:00");
-        range.end.ParseDateTime("2008/11/02,01:30:00");
+        range.start = {2008, 10, 5, 2, 30, 0};
+        range.end = {2008, 11, 2, 1, 30, 0};
         EXPECT_EQ(lines(range).size(), 2 * 47U) << zone;
     }
+    lines(kRun);
+    EXPECT_EQ(passedOver, "2 readings without a time (first in row 1)\n");
 }
 
 TEST_F(SessionTest, BadInput) {
     odbc.addSource("missing driver", "Missing", "");
+    odbc.addSource("gone", "SQLite3", "Database=" + odbc.folder().path("gone.db"));
     odbc.addSqlite("no tables", "CREATE TABLE other(a);");
     odbc.addSqlite("no column",
                    SessionRows().sql() + "ALTER TABLE data_details DROP COLUMN units;");
@@ -160,15 +170,17 @@ TEST_F(SessionTest, BadInput) {
     const Table<const char*, const char*, bool, std::string, bool> cases = {
         {"nowhere", "Run", false, "=", true},
         {"missing driver", "Run", false, "=", true},
-        {"no tables", "Run", false, "", true},
-        {"no column", "Run", false, "", true},
-        {"no data column", "Run", true, aborted, true},
+        {"no tables", "Run", false, "=", true},
+        {"no column", "Run", false, "=", true},
+        {"nothing logged;UID=me;PWD=secret", "Run", false, "=", true},
+        {"gone", "Run", false, "=", true},
+        {"no data column", "Run", false, aborted, true},
         {"nothing logged", "Run", true, "", false},
         {"nothing logged", "Ran", false, none, false},
         {"nothing logged", "100%", false, none, false},
-        {"nothing logged", "O'Brien", false, "", true},
+        {"nothing logged", "O'Brien", false, none, false},
         {"nothing logged", "\"; DROP TABLE data_data; --", false, none, false},
-        {"nothing logged", "x'; DROP TABLE data_data; --", false, "", true},
+        {"nothing logged", "x'; DROP TABLE data_data; --", false, none, false},
         {"nothing logged", "Grün\xFF", false, none, false},
     };
     for (const auto& [source, session, good, message, failed] : cases) {
@@ -179,6 +191,45 @@ TEST_F(SessionTest, BadInput) {
         EXPECT_EQ(progress.open, 0);
     }
     EXPECT_TRUE(run({"nothing logged", "Run"}).ends_with("<ALL_DATA>\n")) << "nothing was dropped";
+    EXPECT_FALSE(std::filesystem::exists(odbc.folder().path("gone.db"))) << "nothing was created";
+}
+
+// Values stay in their channels, and what has none is counted.
+TEST_F(SessionTest, AChannelWithoutAnEntryTakesNoValue) {
+    fill(SessionRows()
+             .channels("Run", "AB|0|60|lost|u|2|S|J\nB|1|60|kept|u|2|S|J\n*|0|60|star|u|2|S|J\n")
+             .readings("Run", "1|2008-02-25 10:00:00|0|B|0|lost|1|0|S|J\n"
+                              "1|2008-02-25 10:00:00|0|B|1|kept|2|0|S|J\n"
+                              "1|2008-02-25 10:00:01|0|B|7|none|3|0|S|J\n"
+                              "1|2008-02-25 10:00:02|0|*|0|star|4|0|S|J\n"
+                              "1|2008-02-25 10:00:03|0|B|1|kept|5|5000000000|S|J\n"
+                              "1|2008-02-25 10:00:04|0|B|1|kept|6|4294967295|S|J\n"));
+    EXPECT_EQ(lines(kRun), "D,1,2008/02/25,10:00:00,0.000000,1:B,0,2.,$0l:\n"
+                           "D,1,2008/02/25,10:00:01,0.000000,1:B,0,2.,$0l:\n"
+                           "D,1,2008/02/25,10:00:02,0.000000,1:*,0:\n"
+                           "D,1,2008/02/25,10:00:04,0.000000,1:B,0,6.,$4294967295l:\n");
+    EXPECT_EQ(passedOver, "1 reading with unreadable numbers (in row 5)\n"
+                          "3 readings without a channel (first in row 1)\n");
+    EXPECT_EQ(messages.texts, "");
+}
+
+// As on a full disk: a session that can not be kept whole is not shown in part.
+TEST_F(SessionTest, ATemporaryFileThatCanNotBeWrittenIsToldOf) {
+    std::string readings;
+    for (int i = 0; i < 6000; ++i)
+        readings += "1|2008-02-25 10:00:00|" + std::to_string(i) + "|A|0|a|1|0|S|J\n";
+    fill(SessionRows().channels("Run", "A|0|60|a|u|2|S|J\n").readings("Run", readings));
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{64 * 1024, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const std::string text = run(kRun);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(text.substr(0, 7), "(false)");
+    EXPECT_TRUE(messages.texts.starts_with("Warning: /")) << messages.texts;
+    EXPECT_NE(messages.texts.find("can not be written"), std::string::npos) << messages.texts;
 }
 
 TEST_F(SessionTest, StopsWhenThePersonAsks) {
@@ -219,14 +270,14 @@ TEST_F(SessionTest, TheReaderTakesAllThatIsWritten) {
     fill(SessionRows()
              .channels("Run", channels)
              .readings("Run", readings + "1|2008-02-25 10:00:01|250|A|0|A flow|9e999|0|S|J\n"));
-    CSessionFromDatabase session({messages, progress, m_call, corrections});
+    CSessionFromDatabase session({messages, progress, m_call, login});
     SessionRequest request = kRun;
     request.dataSource = "Site";
     ASSERT_TRUE(session.CreateFileFromDatabaseSession(request));
     GridData grid('.');
     InternationalSettings international;
     AllChannels all;
-    FileLoader loader({grid, international, corrections, messages, progress, all});
+    FileLoader loader({grid, international, messages, progress, all});
     ASSERT_TRUE(loader.load(session.TempFileName()).loaded) << messages.texts;
     EXPECT_EQ(gridText(grid), heading + first + second);
 }
@@ -237,7 +288,7 @@ TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
     const std::string before = std::getenv("TMPDIR");
     ::setenv("TMPDIR", folder.path().c_str(), 1);
     {
-        CSessionFromDatabase session({messages, progress, m_call, corrections});
+        CSessionFromDatabase session({messages, progress, m_call, login});
         ASSERT_TRUE(session.CreateFileFromDatabaseSession({"Site", "Run"}));
 
         struct stat facts {};
@@ -257,7 +308,7 @@ TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
     const pid_t child = ::fork();
     if (child == 0) {
         Killed killed;
-        CSessionFromDatabase({messages, killed, m_call, corrections})
+        CSessionFromDatabase({messages, killed, m_call, login})
             .CreateFileFromDatabaseSession({"Site", "Run"});
         ::_exit(0);
     }

@@ -1,6 +1,6 @@
 #include "database/sessions/SessionFilter.h"
 
-#include "database/sessions/SessionListFilters.h"
+#include "database/sessions/SessionTime.h"
 #include "database/sessions/Session_Schedule_Info.h"
 
 #include "ZoneScope.h"
@@ -23,50 +23,64 @@ TEST(SessionFilter, TermsOfTheTexts) {
         {{"", "Run_1", "*", "J"},
          "session_id LIKE 'Run_1' AND job = 'J'",
          "session_id LIKE 'Run_1' AND job LIKE 'J%'"},
-        {{"", "O'Brien"}, "session_id = 'O'Brien'", "session_id LIKE 'O'Brien%'"},
+        {{"", "O'Brien", "N\\*!"},
+         "session_id = 'O''Brien' AND site_id LIKE 'N\\%!!' ESCAPE '!'",
+         "session_id LIKE 'O''Brien%' AND site_id LIKE 'N\\%!!' ESCAPE '!'"},
     };
-    const TimeCorrections corrections;
     for (const auto& [asked, channels, readingsMySql] : cases) {
         const SessionRequest request = withSqlWildcards(asked);
-        EXPECT_EQ(channelFilter(request), channels);
-        EXPECT_EQ(readingFilter(request, false, corrections), channels);
+        EXPECT_EQ(channelFilter(request, {true, false}), channels);
+        EXPECT_EQ(readingFilter(request, {}), channels);
         const std::string mySql = readingsMySql;
-        EXPECT_EQ(readingFilter(request, true, corrections), mySql == "=" ? channels : mySql);
+        EXPECT_EQ(readingFilter(request, {true, false}), mySql == "=" ? channels : mySql);
     }
 }
 
 TEST(SessionFilter, EntryOfAChannel) {
     const SessionRequest request = withSqlWildcards({"", "Run", "S*", "*", "B", "L"});
-    EXPECT_EQ(channelEntryFilter(request, 'A', {7, "Temp"}),
+    EXPECT_EQ(channelEntryFilter(request, 'A', {7, "Temp"}, {}),
               "session_id = 'Run' AND site_id LIKE 'S%' AND schedule = 'A' AND schedule_index = 7");
-    EXPECT_EQ(channelEntryFilter(request, 'X', {-1, "Temp"}),
+    EXPECT_EQ(channelEntryFilter(request, 'X', {-1, "Temp"}, {}),
               "session_id = 'Run' AND site_id LIKE 'S%' AND schedule = 'X' AND label = \"Temp\"");
 }
 
-// Bounds come back as they were typed, summer or winter.
+TEST(SqlTerm, ATextNeverBecomesSql) {
+    // backslashes: the text where a backslash changes what stands behind it
+    const Table<const char*, const char*, const char*> cases = {
+        {"O'Brien", "'O''Brien'", "="},
+        {"' OR ''='", "''' OR ''''='''", "="},
+        {"\\", "'\\'", "'\\\\'"},
+        {"\\' OR 1=1 --", "'\\'' OR 1=1 --'", "'\\\\'' OR 1=1 --'"},
+        {"\"", "'\"'", "="},
+    };
+    for (const auto& [text, plain, backslashes] : cases) {
+        EXPECT_EQ(quotedSql(text, {}), plain);
+        EXPECT_EQ(quotedSql(text, {false, true}), *backslashes == '=' ? plain : backslashes);
+    }
+    EXPECT_EQ(quotedSql("6\" 'pipe'", {}, '"'), "\"6\"\" 'pipe'\"");
+}
+
+// A bound is sent as it was typed, in every zone and season.
 TEST(SessionFilter, RangeOfTimes) {
-    const Table<const char*, const char*, const char*, const char*> cases = {
-        {"UTC", "2008/02/25,10:00:00", "2008/07/04,11:00:00",
-         " AND data_time >= {ts '2008-02-25 10:00:00'} AND data_time <= {ts '2008-07-04 "
+    const Table<const char*, const char*, const char*> cases = {
+        {"2008/01/15,23:30:00", "2008/07/04,11:00:00",
+         " AND data_time >= {ts '2008-01-15 23:30:00'} AND data_time <= {ts '2008-07-04 "
          "11:00:00'}"},
-        {"America/New_York", "2008/07/04,00:30:00", "2008/03/09,02:30:00",
-         " AND data_time >= {ts '2008-07-04 00:30:00'} AND data_time <= {ts '2008-03-09 "
+        {"2008/03/30,01:30:00", "2199/12/31,02:30:00",
+         " AND data_time >= {ts '2008-03-30 01:30:00'} AND data_time <= {ts '2199-12-31 "
          "02:30:00'}"},
-        {"Australia/Adelaide", "2008/01/15,23:30:00", "2008/04/06,02:30:00",
-         " AND data_time >= {ts '2008-01-15 23:30:00'} AND data_time <= {ts '2008-04-06 "
-         "02:30:00'}"},
-        {"UTC", "1970/01/01,00:00:00", "1989/01/01,00:00:00", ""},
-        {"UTC", "1988/12/31,23:59:59", "1989/01/01,00:00:01",
+        {"1970/01/01,00:00:00", "1989/01/01,00:00:00", ""},
+        {"1988/12/31,23:59:59", "1989/01/01,00:00:01",
          " AND data_time <= {ts '1989-01-01 00:00:01'}"},
     };
-    for (const auto& [zone, start, end, range] : cases) {
+    for (const char* zone : {"UTC", "Europe/Dublin", "America/New_York", "Australia/Adelaide"}) {
         const ZoneScope scope(zone);
-        SessionRequest request{"", "Run"};
-        request.start.ParseDateTime(start);
-        request.end.ParseDateTime(end);
-        EXPECT_EQ(readingFilter(request, false, TimeCorrections{}),
-                  std::string("session_id = 'Run'").append(range))
-            << zone;
+        for (const auto& [start, end, range] : cases) {
+            const SessionRequest request{
+                "", "Run", {}, {}, {}, {}, sessionTime(start).value(), sessionTime(end).value()};
+            EXPECT_EQ(readingFilter(request, {}), std::string("session_id = 'Run'").append(range))
+                << zone;
+        }
     }
 }
 
@@ -83,13 +97,13 @@ TEST(SessionListFilters, Lists) {
              " and site_id LIKE '%%'", " AND site_id = '**'"},
             {"SQL's wildcards are plain here", "Run%", "N_", "session_id = 'Run%'",
              " and site_id = 'N_'", " AND site_id = 'N_'"},
-            {"as it stands", "O'Hara \"Ü\"", "", "session_id = 'O'Hara \"Ü\"'", " and site_id = ''",
-             " AND site_id = ''"},
+            {"as it stands", "O'Hara \"Ü\"", "", "session_id = 'O''Hara \"Ü\"'",
+             " and site_id = ''", " AND site_id = ''"},
         };
     for (const auto& [name, session, site, sites, jobs, schedules] : cases) {
-        EXPECT_EQ(siteListFilter(session), sites) << name;
-        EXPECT_EQ(jobListFilter(session, site), std::string(sites) + jobs) << name;
-        EXPECT_EQ(scheduleListFilter(session, site), std::string(sites) + schedules) << name;
+        EXPECT_EQ(siteListFilter(session, {}), sites) << name;
+        EXPECT_EQ(jobListFilter(session, site, {}), std::string(sites) + jobs) << name;
+        EXPECT_EQ(scheduleListFilter(session, site, {}), std::string(sites) + schedules) << name;
     }
 }
 
@@ -134,8 +148,8 @@ TEST(SessionListFilters, RangeOfTimes) {
          " and job LIKE '%'"},
     };
     for (const auto& [name, request, mySql, earliest, latest, others] : cases) {
-        EXPECT_EQ(earliestFilter(request, mySql), std::string(earliest) + others) << name;
-        EXPECT_EQ(latestFilter(request, mySql), std::string(latest) + others) << name;
+        EXPECT_EQ(earliestFilter(request, {mySql, false}), std::string(earliest) + others) << name;
+        EXPECT_EQ(latestFilter(request, {mySql, false}), std::string(latest) + others) << name;
     }
 }
 

@@ -6,6 +6,14 @@
 
 namespace pellam::test {
 
+/// "yyyy/MM/dd HH:mm:ss".
+inline std::string shown(const CTime& time) {
+    char text[48];
+    char* end = time.writeDate(text);
+    *end++ = ' ';
+    return {text, time.writeTime(end)};
+}
+
 /// Loads sessions from the data source "Site" and keeps what came of it.
 class SessionLoad {
   public:
@@ -15,9 +23,12 @@ class SessionLoad {
     std::string run(SessionRequest request) {
         if (request.dataSource.empty()) request.dataSource = "Site";
         messages.texts.clear();
-        CSessionFromDatabase session({messages, progress, m_call, corrections});
+        CSessionFromDatabase session({messages, progress, m_call, login});
         const bool good = session.CreateFileFromDatabaseSession(request);
         error = session.LastError() ? session.LastError()->text : "";
+        passedOver.clear();
+        for (const std::string& cause : session.passedOver().texts())
+            passedOver += cause + '\n';
         const std::string text =
             session.TempFileName().empty() ? "" : ScratchFolder::contents(session.TempFileName());
         return good ? text : "(false)" + text;
@@ -40,8 +51,9 @@ class SessionLoad {
 
     RecordedMessages messages;
     RecordedProgress progress;
-    TimeCorrections corrections;
-    std::string error; ///< the last failure's text
+    DataSourceLogin login;
+    std::string error;      ///< the last failure's text
+    std::string passedOver; ///< a cause a line
 
   protected:
     LongCall& m_call;

@@ -37,6 +37,18 @@ class SessionRows {
 
     [[nodiscard]] const std::string& sql() const { return m_sql; }
 
+    /// SQL for SQLite: reading the table of readings fails at this value.
+    static std::string failingAt(int value) {
+        return "ALTER TABLE data_data RENAME TO stored;"
+               "CREATE INDEX in_order ON stored(session_id, data_time, sub_time, schedule, "
+               "schedule_index);"
+               "CREATE VIEW data_data AS SELECT address, data_status, data_time, schedule, "
+               "schedule_index, sub_time, label, job, session_id, site_id, CASE WHEN data_value "
+               "= " +
+               std::to_string(value) +
+               " THEN abs(-9223372036854775807 - 1) ELSE data_value END AS data_value FROM stored;";
+    }
+
   private:
     static std::string literal(const std::string& value) {
         if (value == "NULL") return value;

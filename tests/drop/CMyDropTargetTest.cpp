@@ -3,6 +3,7 @@
 #include "RecordingSinks.h"
 #include "ScratchFolder.h"
 
+#include <algorithm>
 #include <csignal>
 #include <sys/resource.h>
 

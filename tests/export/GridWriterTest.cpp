@@ -24,15 +24,18 @@ class GridWriterTest : public testing::Test {
 
     std::string csv(char separator = ',') {
         const Failure failure =
-            GridWriter(m_grid).writeCsv(m_folder.path("out.csv"), separator, m_progress);
+            GridWriter(m_grid).write(m_folder.path("out.csv"), kCsv, separator, m_progress);
         return failure ? failure.text() : m_folder.read("out.csv");
     }
 
     std::string txt() {
-        const Failure failure = GridWriter(m_grid).writeTxt(m_folder.path("out.txt"), m_progress);
+        const Failure failure =
+            GridWriter(m_grid).write(m_folder.path("out.txt"), kTxt, ',', m_progress);
         return failure ? failure.text() : m_folder.read("out.txt");
     }
 
+    static constexpr auto kCsv = GridWriter::Form::Csv;
+    static constexpr auto kTxt = GridWriter::Form::Txt;
     ScratchFolder m_folder;
     GridData m_grid;
     test::RecordedProgress m_progress;
@@ -44,10 +47,10 @@ TEST_F(GridWriterTest, ColumnsBeforeTheGridsLastAreFollowedByASeparator) {
           "2008/02/25 11:54:15.25||8|\n",
           16);
     EXPECT_EQ(csv(), "Time,A.Temp(degC),C.Note,\r\n"
-                     "2008/02/25 11:53:15,12.50,say \"hi\", you,\r\n"
+                     "2008/02/25 11:53:15,12.50,\"say \"\"hi\"\", you\",\r\n"
                      "2008/02/25 11:54:15.25,,,\r\n");
     EXPECT_EQ(txt(), "Time\tA.Temp(degC)\tC.Note\t\r\n"
-                     "2008/02/25 11:53:15\t12.50\tsay \"hi\", you\t\r\n"
+                     "2008/02/25 11:53:15\t12.50\t\"say \"\"hi\"\", you\"\t\r\n"
                      "2008/02/25 11:54:15.25\t\t\t\r\n");
 }
 
@@ -91,10 +94,39 @@ TEST_F(GridWriterTest, QuickFormsEqualThePlainTexts) {
                                      ? ""
                                      : digits(random() % 9 + 1) + '.' + digits(random() % 8 + 1);
         m_grid.setText(0, row, text);
-        expected += text + ",\r\n";
+        const std::string shown = text == "\"a,b\"" ? "\"\"\"a,b\"\"\""
+                                  : text == "1,5"   ? "\"1,5\""
+                                                    : text;
+        expected += shown + ",\r\n";
     }
     m_grid.setRowCount(rows);
     EXPECT_EQ(csv(), expected);
+}
+
+TEST_F(GridWriterTest, FieldsStandInQuotesWhereTheSeparatorWouldTearThem) {
+    const Table<const char*, char, const char*, const char*> cases = {
+        {"a short text", ',', "a,b", "\"a,b\""},
+        {"another separator", ';', "a,b", "a,b"},
+        {"a quote alone", ',', "5\"", "\"5\"\"\""},
+        {"a line end", ',', "two\nlines", "\"two\nlines\""},
+        {"a carriage return in a long text", ',', "a longer text\r", "\"a longer text\r\""},
+        {"a time with a comma", ',', "2008-02-25T11:54:16,25", "\"2008-02-25T11:54:16,25\""},
+        {"a number in it", '5', "1.5", "\"1.5\""},
+        {"a time in it", '/', "2008/02/25 11:54:16", "\"2008/02/25 11:54:16\""},
+        {"blanks stay bare", ',', " a b ", " a b "},
+    };
+    for (const auto& [name, separator, text, field] : cases) {
+        SCOPED_TRACE(name);
+        given("V|-\n");
+        m_grid.column(0).setLabel(text);
+        m_grid.setText(0, 0, text);
+        m_grid.setRowCount(1);
+        const std::string line = field + std::string(1, separator) + "\r\n";
+        EXPECT_EQ(csv(separator), line + line);
+    }
+    m_grid.column(0).setLabel("V");
+    m_grid.setText(0, 0, "a\tb");
+    EXPECT_EQ(txt(), "V\t\r\n\"a\tb\"\t\r\n");
 }
 
 TEST_F(GridWriterTest, ChunksThatWereNeverWrittenAreEmpty) {
@@ -135,7 +167,8 @@ TEST_F(GridWriterTest, AbortKeepsTheEarlierFile) {
     given("A\n");
     m_grid.setRowCount(10000);
     m_progress.abortAfter = 2;
-    const Failure failure = GridWriter(m_grid).writeCsv(m_folder.path("out.csv"), ',', m_progress);
+    const Failure failure =
+        GridWriter(m_grid).write(m_folder.path("out.csv"), kCsv, ',', m_progress);
     EXPECT_EQ(failure.kind, Failure::Kind::Aborted);
     EXPECT_EQ(m_folder.read("out.csv"), "earlier");
     EXPECT_EQ(m_folder.list(), "out.csv");

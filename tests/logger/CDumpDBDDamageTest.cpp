@@ -8,7 +8,14 @@ namespace {
 using namespace test;
 using Writer = BinaryFileWriter;
 
-class CDumpDBDDamageTest : public DumpTest {};
+class CDumpDBDDamageTest : public DumpTest {
+  protected:
+    [[nodiscard]] std::string damage() const {
+        if (!found.any) return "whole";
+        return "at " + std::to_string(found.place) + ", " + std::to_string(found.cutRecords) +
+               " incomplete, " + std::to_string(found.lostRecords) + " lost";
+    }
+};
 
 /// The file of DumpTest::pump() with other bytes in some place.
 std::string patched(std::string bytes, std::size_t at, const std::string& with) {
@@ -69,15 +76,8 @@ TEST_F(CDumpDBDDamageTest, DamageEndsTheTextWithItsPlace) {
         {"last slot incomplete", patched(sound, 0x10c, four(0x3b)),
          kPumpHead + row + missing("0x12e", "0x1d", "0x1e")},
         {"DATA of 4 GB", patched(patched(sound, 0x10c, four(~0U)), 0x4c, four(9)),
-         data + "189915/10/12 21:11:58.125038,NotYetSet\n" + missing("0x158", "0x12", "0x27")},
-        {"item longer than its slot", patched(sound, 0x124, "\x0b"),
-         kPumpHead + "2008/02/25 13:45:10.000250,1.50000\n" + missing("0x124", "0xa", "0xd")},
-        {"item too short for its value", patched(sound, 0x124, "\x07"),
-         kPumpHead + "2008/02/25 13:45:10.000250,1.50000\n" + missing("0x124", "0x9", "0xa")},
-        {"time too short", patched(sound, 0x11b, "\x41"),
-         kPumpHead + "2008/02/25 13:45:10.000250\n" + missing("0x11a", "0xa", "0xe")},
-        {"no head of a second item", patched(sound, 0x44, four(21)),
-         kPumpHead + "2008/02/25 13:45:10.000250,1.50000\n" + missing("0x124", "0x1", "0x2")},
+         data + "189915/10/12 21:11:58.125038,NotYetSet,NotYetSet\n" +
+             missing("0x16a", "0x6", "0x1e")},
         {"alarm slot too short", patched(sound, 0xfc, four(11)),
          data + missing("0x154", "0xb", "0xc")},
         {"alarm text without an end", patched(sound, 0xfc, four(15)),
@@ -98,6 +98,53 @@ TEST_F(CDumpDBDDamageTest, DamageEndsTheTextWithItsPlace) {
         EXPECT_EQ(dump(bytes), expected) << name;
         EXPECT_EQ(messages.texts, "") << name;
     }
+}
+
+TEST_F(CDumpDBDDamageTest, ARecordThatDisagreesWithItselfEndsAlone) {
+    const std::string sound = pump().bytes();
+    const std::string cut = kPumpHead + "2008/02/25 13:45:10.000250";
+    const std::string rest = "2008/02/25 13:45:11.000250,2.50000,8\n" + kPumpAlarm;
+    const Table<const char*, std::string, std::string> cases = {
+        {"item too short for its value", patched(sound, 0x124, "\x07"),
+         cut + ",1.50000\n" + rest + "at 292, 1 incomplete, 0 lost"},
+        {"time too short", patched(sound, 0x11b, "\x41"),
+         cut + "\n" + rest + "at 282, 1 incomplete, 0 lost"},
+        {"last item longer than its slot", patched(sound, 0x124, "\x0b"),
+         cut + ",1.50000,7\n" + rest + "at 292, 1 incomplete, 0 lost"},
+        {"text longer than its slot", patched(patched(sound, 0x124, "\xff"), 0x125, "\x31"),
+         cut + ",1.50000,\"\"\n" + rest + "at 292, 1 incomplete, 0 lost"},
+        {"first item longer than its slot", patched(sound, 0x11a, "\x1b"),
+         cut + ",1.50000\n" + rest + "at 282, 1 incomplete, 0 lost"},
+        {"sound", sound, kPumpHead + kPumpRows + kPumpAlarm + "whole"},
+    };
+    for (const auto& [name, bytes, expected] : cases) {
+        const std::string text = dump(bytes);
+        EXPECT_EQ(text + damage(), expected) << name;
+    }
+}
+
+TEST_F(CDumpDBDDamageTest, CountsTheRecordsThatAreMissing) {
+    BinaryFileWriter file = pump();
+    for (int i = 2; i < 10; ++i)
+        file.data.records.push_back(file.data.records[0]);
+    const std::string sound = file.bytes();
+    const Table<std::string, const char*> cases = {
+        {sound.substr(0, 0x110 + 25), "at 272, 0 incomplete, 11 lost"},
+        {sound.substr(0, 0x110 + 65), "at 332, 0 incomplete, 9 lost"},
+        {sound.substr(0, 0x100), "at 252, 0 incomplete, 10 lost"},
+        {sound.substr(0, sound.size() - 8), "at 600, 0 incomplete, 0 lost"},
+        {patched(patched(sound, 0x48, four(8)), 0x4c, four(3)), "whole"},
+        {patched(patched(sound, 0x48, four(8)), 0x4c, four(3)).substr(0, 0x110 + 10 * 30 - 2),
+         "at 542, 0 incomplete, 6 lost"},
+        {patched(sound, 0x108, "DATE"), "at 272, 0 incomplete, 11 lost"},
+    };
+    for (const auto& [bytes, expected] : cases) {
+        dump(bytes);
+        EXPECT_EQ(damage(), expected) << bytes.size();
+    }
+    dump(sound.substr(0, 0x110 + 65));
+    EXPECT_EQ(found.failure("a.dbd").text(), "a.dbd is not in the expected form (at byte 332): it "
+                                             "is cut or damaged there, 9 records are missing.");
 }
 
 TEST_F(CDumpDBDDamageTest, FilesOfAnotherKindGiveAMessageAndNoText) {

@@ -188,5 +188,22 @@ TEST_F(CDumpDBDTest, FilesThatCanNotBeOpened) {
     EXPECT_EQ(folder.read("kept.txt"), kPumpHead + kPumpRows + kPumpAlarm);
 }
 
+TEST_F(CDumpDBDTest, AStopKeepsTheEarlierTextWheneverItComes) {
+    const std::string input = folder.write("in.dbd", pump().bytes());
+    const std::string output = folder.write("out.txt", "earlier");
+    CDumpDBD dumper({international, messages, progress});
+    for (bool stopped = true; stopped; ++progress.abortAfter) {
+        if (progress.abortAfter > 100) progress.abortAfter = 0;
+        progress.asked = 0;
+        EXPECT_EQ(dumper.dumpFile({input}, output, 0), CDumpDBD::kDone);
+        stopped = dumper.aborted();
+        const std::string text = folder.read("out.txt");
+        EXPECT_EQ(text, stopped ? "earlier" : kPumpHead + kPumpRows + kPumpAlarm);
+        EXPECT_EQ(progress.asked, stopped ? progress.abortAfter + 1 : progress.abortAfter);
+    }
+    EXPECT_EQ(progress.abortAfter, 4) << "asked for each part, and once more before the end";
+    EXPECT_EQ(folder.list(), "in.dbd out.txt");
+}
+
 } // namespace
 } // namespace pellam

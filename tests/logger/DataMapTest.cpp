@@ -2,6 +2,8 @@
 #include "logger/CConvertS14.h"
 #include "logger/DataMapLabels.h"
 
+#include <algorithm>
+
 namespace pellam {
 namespace {
 

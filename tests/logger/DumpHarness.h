@@ -25,6 +25,7 @@ class DumpTest : public testing::Test {
         const std::string input = folder.write("in.dbd", bytes);
         EXPECT_EQ(dumper.dumpFile({input}, folder.path("out.txt"), options), CDumpDBD::kDone);
         EXPECT_EQ(progress.open, 0);
+        found = dumper.damage();
         return folder.read("out.txt");
     }
 
@@ -46,6 +47,7 @@ class DumpTest : public testing::Test {
     InternationalSettings international;
     RecordedMessages messages;
     RecordedProgress progress;
+    CDumpDBD::Damage found; ///< by the last dump()
 };
 
 inline const std::string kPumpHead = "Datetime,A.Level(m),A.Starts\n";

@@ -28,12 +28,27 @@ TEST(TaggedDownload, CountsTheTimes) {
          "2009/01/01 00:00:00,1\r\n2009/01/02 00:00:00,2\r\n"},
         {"AbsurdNumbers", download("99999999999", "99999999999", ">1\n>2\n"),
          "9999/12/31 23:59:59,1\r\n9999/12/31 23:59:59,2\r\n"},
+        {"BlankLinesAtTheEnd",
+         download("09/01/01 00:00:00", "1",
+                  ">1\r\n\r\n>3\r\n\r\n</data>\r\n  </download>\r\n \r\n"),
+         "2009/01/01 00:00:00,1\r\n2009/01/02 00:00:00\r\n2009/01/03 00:00:00,3\r\n"},
+        {"Indented",
+         "  <start>08/02/25 11:53:15</start>\n\t<end></end>\n3\n4\n  <log interval>      0 00:10:00"
+         "</log interval>\n  Temp,Wind\n  <data>\n  >1>2\n\t>3>4</data>\n  </data>\n",
+         "2008/02/25 11:53:15,1,2\r\n2008/02/25 12:03:15,3,4\r\n"},
+        {"FieldsStayWhole", download("09/01/01 00:00:00", "1", "1>2\n>1,5>\"a\"\n>\n>1>\n"),
+         "2009/01/01 00:00:00,1,2\r\n2009/01/02 00:00:00,\"1,5\",\"a\"\r\n"
+         "2009/01/03 00:00:00,\r\n2009/01/04 00:00:00,1,\r\n"},
         {"NoRows", download("09/01/01 00:00:00", "1", ""), ""},
     };
     const ZoneScope zone("America/New_York"); // has a clock change on 2008-03-09 at 02:00
     for (const auto& [name, input, rows] : cases) {
         const ScratchFolder folder;
-        EXPECT_EQ(convertTaggedDownload(folder.write("site.txt", input)).text(), "") << name;
+        const std::string path = folder.write("site.txt", input);
+        EXPECT_TRUE(isTaggedDownload(path)) << name;
+        std::string output;
+        EXPECT_EQ(convertTaggedDownloadBeside(path, output).text(), "") << name;
+        EXPECT_EQ(output, folder.path("site.csv")) << name;
         EXPECT_EQ(folder.read("site.csv"), std::string("Time,Temp,Wind\r\n") + rows) << name;
         EXPECT_EQ(folder.list(), "site.csv site.txt");
     }
@@ -42,16 +57,34 @@ TEST(TaggedDownload, CountsTheTimes) {
 TEST(TaggedDownload, RefusesWhatIsNoDownloadAndLeavesTheOldOutput) {
     const ScratchFolder folder;
     folder.write("cut.csv", "old");
-    const Failure failure =
-        convertTaggedDownload(folder.write("cut.txt", "<start></start>\n2\n3\n4\n5\n6\n"));
+    std::string output;
+    const auto convert = [&](const std::string& path) {
+        return convertTaggedDownloadBeside(path, output);
+    };
+    const Failure failure = convert(folder.write("cut.txt", "<start></start>\n2\n3\n4\n5\n6\n"));
     EXPECT_EQ(failure.kind, Failure::Kind::Format);
     EXPECT_NE(failure.text().find("seven lines"), std::string::npos) << failure.text();
     folder.write("other.txt", "Time,A\n1\n2\n3\n4\n5\n6\n7\n8\n");
-    EXPECT_EQ(convertTaggedDownload(folder.path("other.txt")).kind, Failure::Kind::Format);
+    EXPECT_EQ(convert(folder.path("other.txt")).kind, Failure::Kind::Format);
+    EXPECT_FALSE(isTaggedDownload(folder.path("other.txt")) ||
+                 isTaggedDownload(folder.path("cut.txt")));
     EXPECT_EQ(folder.list(), "cut.csv cut.txt other.txt");
     EXPECT_EQ(folder.read("cut.csv"), "old");
-    EXPECT_EQ(convertTaggedDownload(folder.path()).kind, Failure::Kind::NotAFile);
-    EXPECT_EQ(convertTaggedDownload(folder.path("none.txt")).kind, Failure::Kind::Open);
+    EXPECT_EQ(convert(folder.path()).kind, Failure::Kind::NotAFile);
+    EXPECT_EQ(convert(folder.path("none.txt")).kind, Failure::Kind::Open);
+}
+
+TEST(TaggedDownload, ReplacesNoFileAndUsesItsOwnAgain) {
+    const ScratchFolder folder;
+    folder.write("site.csv", "mine");
+    const std::string path = folder.write("site.txt", download("09/01/01 00:00:00", "1", ">1\n"));
+    for (int i = 0; i < 2; ++i) {
+        std::string output;
+        EXPECT_FALSE(convertTaggedDownloadBeside(path, output));
+        EXPECT_EQ(output, folder.path("site (2).csv"));
+        EXPECT_EQ(folder.read("site.csv"), "mine");
+        EXPECT_EQ(folder.list(), "site (2).csv site.csv site.txt");
+    }
 }
 
 TEST(TaggedDownload, NeverNamesItsInput) {

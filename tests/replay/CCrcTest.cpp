@@ -1,5 +1,4 @@
-#include "replay/checks/CCrc16.h"
-#include "replay/checks/CCrc32.h"
+#include "replay/checks/CCrc.h"
 
 #include <random>
 #include <string>

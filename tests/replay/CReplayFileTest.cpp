@@ -13,7 +13,7 @@ constexpr const char* kFull = "%Y/%m/%d %H:%M:%S";
 class ReplayFileTest : public testing::Test {
   protected:
     CReplayFile open(const std::string& bytes, const std::string& name = "file.dlr") {
-        return {folder.write(name, bytes), messages, corrections};
+        return {folder.write(name, bytes), messages};
     }
 
     // Header facts and the line that the file stands on.
@@ -31,7 +31,6 @@ class ReplayFileTest : public testing::Test {
     ZoneScope zone{"UTC"};
     ScratchFolder folder;
     test::RecordedMessages messages;
-    TimeCorrections corrections;
 };
 
 TEST_F(ReplayFileTest, ReadsTheFactsOfEveryHeader) {
@@ -73,15 +72,10 @@ TEST_F(ReplayFileTest, LargeFileIsNeitherCountedNorNamed) {
     std::string bytes = "<Type>Alarm\nDesc \"x\"\n<IDATA_MAP type=\"t\">\nS,12345\n<ALL_DATA>\n"
                         "D,1,2008/02/25,12:00:00,0,1:A\n";
     bytes.resize(16'384'000, '\n');
-    {
-        CReplayFile file = open(bytes);
-        EXPECT_EQ(file.ContentsType(), 1);
-        EXPECT_EQ(file.FirstTime().Format(kFull), "2008/02/25 12:00:00");
-    }
+    EXPECT_EQ(open(bytes).ContentsType(), 1);
     bytes += '\n';
     CReplayFile file = open(bytes);
     EXPECT_TRUE(file.isLarge());
-    EXPECT_TRUE(file.FirstTime() == CMyTime());
     EXPECT_EQ(shown(file),
               "crypt 0, type -1, header 5, lines 999999, name [], from [t], map [S,12345], at "
               "D,1,2008/02/25,12:00:00,0,1:A");
@@ -125,20 +119,21 @@ TEST_F(ReplayFileTest, ExtractsTimes) {
         {"D,1,\"text\"", "1970/01/01 00:00:00 0"},
         {"[", "1970/01/01 00:00:00 0"},
     };
-    CReplayFile file = open("");
     for (const auto& [line, time] : rows) {
-        const CMyTime found = file.ExtractTime(line);
+        const CMyTime found = CReplayFile::ExtractTime(line, {});
         EXPECT_EQ(found.Format(kFull) + ' ' + std::to_string(found.GetMicroSecond()), time) << line;
     }
 }
 
 TEST_F(ReplayFileTest, CorrectsTimesForTheZone) {
     const ZoneScope york("America/New_York");
-    corrections = {18000, -3600};
-    CReplayFile file = open("D,9,2008/07/04,12:00:00,0.0\nD,1,617976000,1:A\nD,1,602337600,1:A\n");
-    EXPECT_EQ(file.FirstTime().Format(kFull), "2008/07/04 12:00:00");
-    EXPECT_EQ(file.ExtractTime("D,1,615729600,1:A").Format(kFull), "2008/07/06 12:00:00");
-    EXPECT_EQ(file.LastTime().Format(kFull), "2008/02/02 12:00:00");
+    const std::pair<const char*, const char*> rows[] = {
+        {"D,9,2008/07/04,12:00:00,0.0", "2008/07/04 12:00:00"},
+        {"D,1,615729600,1:A", "2008/07/06 12:00:00"},
+        {"D,1,602337600,1:A", "2008/02/02 12:00:00"},
+    };
+    for (const auto& [line, time] : rows)
+        EXPECT_EQ(CReplayFile::ExtractTime(line, {18000, -3600}).Format(kFull), time);
 }
 
 TEST_F(ReplayFileTest, StripsTheMapToTheSchedulesOfTheData) {
@@ -152,6 +147,9 @@ TEST_F(ReplayFileTest, StripsTheMapToTheSchedulesOfTheData) {
         {",1:A", "h<A,", "h<A,:"},
         {",1:Z\n,1:@\n,1:L\n,1:", "h<A,\"q>", "h:"},
         {",1:B,0:A", "h<A><B,\"r>>>", "h<B,r>:"},
+        {",1:A\n,1:B", "h<B,\"b><C,\"c><A,\"a>", "h<A,a><B,b>:"},
+        {",1:X\n,1:S\n,1:A", "h,14;<S,\"s><A,\"a><X,\"x>", "h,14;<A,a><X,x><S,s>:"},
+        {",1:X", "h,14;<X,\"x><S,\"s>", "h,14;<X,x>:"},
         {",1:A", "h<B,\"r>", "="},
         {",1:A", "h,14;<A,\"r>", "="},
     };
@@ -169,11 +167,11 @@ TEST_F(ReplayFileTest, TellsWhatItCanNotOpen) {
     for (const std::string& path : {folder.path("none.dlr"), folder.path(), enciphered,
                                     std::string("/dev/null"), folder.path("none.sig")}) {
         messages.texts.clear();
-        const CReplayFile file(path, messages, corrections);
+        const CReplayFile file(path, messages);
         EXPECT_FALSE(file.isOpen()) << path;
         EXPECT_EQ(messages.texts, "Warning: Can not open replay file\n") << path;
     }
-    EXPECT_TRUE(CReplayFile('"' + folder.write("q.dlr", "") + '"', messages, corrections).isOpen());
+    EXPECT_TRUE(CReplayFile('"' + folder.write("q.dlr", "") + '"', messages).isOpen());
 }
 
 } // namespace

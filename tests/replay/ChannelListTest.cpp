@@ -17,15 +17,6 @@ TEST(ChannelList, NumbersStartAgainWithEachScheduleAndPassOverWhatIsNotLogged) {
     EXPECT_EQ(joined(offeredChannels("", "S,0,0,12:0")), "");
 }
 
-TEST(ChannelList, NumberIsTheLastBracedOne) {
-    EXPECT_EQ(withoutChannelNumber("A.t{2}(C){13}"), "A.t{2}(C)");
-    EXPECT_EQ(channelNumber("A.t{2}(C){13}"), 13);
-    for (const char* text : {"A.t", "A.t{}", "A.t{x}", "A.t{-1}", "A.t{1}(C)", "{99999999999}"}) {
-        EXPECT_EQ(withoutChannelNumber(text), text);
-        EXPECT_EQ(channelNumber(text), -1) << text;
-    }
-}
-
 TEST(ChannelList, FindsTheColumnByLetterAndNumber) {
     const std::vector<std::string> chosen{"A.x(C){1}", "B.y{3}(C){0}", "B.z(C){12}", ""};
     EXPECT_EQ(FindColumnFromArray(chosen, 'A', 1), 1);

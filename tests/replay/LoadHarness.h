@@ -38,7 +38,7 @@ class LoadTest : public testing::Test {
 
     LoadOutcome loadFile(const std::string& path) {
         messages.texts.clear();
-        FileLoader loader({*grid, international, corrections, messages, progress, chooser, grey});
+        FileLoader loader({*grid, international, messages, progress, chooser, grey});
         const LoadOutcome outcome = loader.load(path);
         EXPECT_EQ(progress.open, 0);
         return outcome;
@@ -51,7 +51,6 @@ class LoadTest : public testing::Test {
 
     ScratchFolder folder;
     InternationalSettings international;
-    TimeCorrections corrections;
     RecordedMessages messages;
     RecordedProgress progress;
     TableChooser chooser;

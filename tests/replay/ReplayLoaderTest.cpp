@@ -1,5 +1,5 @@
 #include "LoadHarness.h"
-#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc.h"
 #include "replay/checks/LineCheck.h"
 
 #include <cstdio>
@@ -23,7 +23,15 @@ const std::string kGenerated =
     "s\",1,0,8,4,1>>"
     "<B,\"60lS\",G,<\"Rain\",\"mm\",1,0,8,4,1>><C><D><E><F><G><H><I><J><K><X><V>>:\n\n<ALL_DATA>\n";
 
-class ReplayLoaderTest : public LoadTest {};
+class ReplayLoaderTest : public LoadTest {
+  protected:
+    static std::string passedOver(const LoadOutcome& outcome) {
+        std::string text;
+        for (const std::string& cause : outcome.passedOver.texts())
+            text += " / " + cause;
+        return text;
+    }
+};
 
 TEST_F(ReplayLoaderTest, LoadsWhatTheDatabaseLoaderWrites) {
     const LoadOutcome outcome =
@@ -59,6 +67,9 @@ TEST_F(ReplayLoaderTest, ChecksEveryLineThatCarriesASuffix) {
         {"nothing behind ';'", "D,1;", true},
         {"status with ';'", "D,1,2008/02/25,12:00:00,0.0,0;A,0,1.5", true},
         {"no ';'", "D,1", true},
+        {"';' in a quoted text", "D,1,2008/02/25,12:00:00,0.0,1:A,0,\"a;b\"", true},
+        {"quoted text and suffix", withSuffix("D,1,2008/02/25,12:00:00,0.0,1:A,0,\"a;b\""), true},
+        {"suffix behind a lone quote", "D,1,\"a;1A2B", false},
     };
     for (const auto& [name, line, isGood] : cases)
         EXPECT_EQ(LineCheck().isGood(line), isGood) << name;
@@ -94,10 +105,35 @@ TEST_F(ReplayLoaderTest, Refusals) {
     }
 }
 
-TEST_F(ReplayLoaderTest, AMapOfNoDialectShowsTheTimes) {
-    load("a.dlr",
-         "S,0,0,99:0,1989,1,0,\"\",<A,\"1S\",G>:\nD,1,2008/02/25,12:00:00,0.0,1:A,0,1.5\n");
-    EXPECT_EQ(gridText(*grid), "Time\n2008/02/25 12:00:00.0");
+TEST_F(ReplayLoaderTest, ValuesWithoutAHomeAreCounted) {
+    const std::string a = "<A,\"1S\",G,<\"a\",\"u\",0,0,8,4,1>>";
+    const std::string b = "<B,\"1S\",G,<\"b\",\"u\",0,0,8,4,1>>";
+    const Table<const char*, std::string, const char*> cases = {
+        {"unknown format number", "99:0,1989,1,0,\"\"," + a + b,
+         "Time\n2008/02/25 12:00:00.0 / 3 values without a channel (first in line 2)"},
+        {"no first schedule", "10:0,1989,1,0,\"\"," + b,
+         "Time\n2008/02/25 12:00:00.0 / 3 values without a channel (first in line 2)"},
+        {"more values than channels", "10:0,1989,1,0,\"\"," + b + a,
+         "Time|A.a(u)|B.b(u)\n2008/02/25 12:00:00.0|1.5|3"
+         " / 1 value without a channel (in line 2)"},
+    };
+    for (const auto& [name, map, expected] : cases) {
+        const LoadOutcome outcome = load("a.dlr", "S,0,0," + map +
+                                                      ":\nD,1,2008/02/25,12:00:00,0.0,1:A,0,1.5,2\n"
+                                                      "D,1,2008/02/25,12:00:00,0.0,1:B,0,3\n");
+        EXPECT_EQ(gridText(*grid) + passedOver(outcome), expected) << name;
+    }
+}
+
+TEST_F(ReplayLoaderTest, CountsTheLinesThatMakeNoRows) {
+    const std::string d = "D,1,2008/02/25,12:00:00,0.0,1:A,0,1";
+    const LoadOutcome outcome =
+        load("a.dlr", kGenerated + "\n</ALL_DATA>\nA,1,2008/02/25,12:00:00,0.0,1:A,1,1,\"x\"\n" +
+                          d + "\n" + d + "\nnotes\nA\n[7]\n[7]D,1\n" + d + ",2\n");
+    EXPECT_EQ(passedOver(outcome),
+              " / 1 repeated line (in line 15) / 1 alarm among readings (in line 13)"
+              " / 2 lines of unknown kind (first in line 16)"
+              " / 1 line without time or status (in line 19)");
 }
 
 TEST_F(ReplayLoaderTest, ALargeFileLoadsTheChosenChannelsInFileOrder) {
@@ -131,18 +167,30 @@ TEST_F(ReplayLoaderTest, ALargeFileLoadsTheChosenChannelsInFileOrder) {
 }
 
 TEST_F(ReplayLoaderTest, AlarmsKeepARowEach) {
-    load("a.dlr", "<Type>Alarm</Type>\nS,0,0,10:0,1989,1,0,\"\",<A>:\n"
-                  "A,1,\"JOB1\",2008/02/25,11:00:00,0.250000,0:A,12,2,\"Level, high\";1A2B\r\n"
-                  "A,1,\"JOB1\",2008/02/25,11:00:00,0.250000,0:A,12,2,\"Level, high\";1A2B\r\n"
-                  "A,1,2008/02/25,11:00:00,0.250000,1:B,3,1,Door open;FF\n"
-                  "A,1,\"J\",2008/02/25,11:00:01,0.0,3:A,1,1,skipped\n"
-                  "D,1,2008/02/25,11:00:01,0.0,1:A,1,1,other\n"
-                  "[7]A,1,\"J\",2008/02/25,11:00:02,0.0,1:K,1\n");
+    const LoadOutcome outcome =
+        load("a.dlr", "<Type>Alarm</Type>\nS,0,0,10:0,1989,1,0,\"\",<A>:\n"
+                      "A,1,\"JOB1\",2008/02/25,11:00:00,0.250000,0:A,12,2,\"Level, high\";1A2B\r\n"
+                      "A,1,\"JOB1\",2008/02/25,11:00:00,0.250000,0:A,12,2,\"Level, high\";1A2B\r\n"
+                      "A,1,2008/02/25,11:00:00,0.250000,1:B,20,10,Door open;FF\n"
+                      "A,1,2008/02/25,11:00:00,0.250000,1:B,20,10,\"Door; open\"\n"
+                      "A,1,604886400,1:B,7;1A2B\n"
+                      "A,1,2008/02/25,11:00:01,0.0,1:B,2,1,Door;open,twice\n"
+                      "A,1,\"J\",2008/02/25,11:00:01,0.0,3:A,1,1,skipped\n"
+                      "D,1,2008/02/25,11:00:01,0.0,1:A,1,1,other\n"
+                      "[7]A,1,\"J\",2008/02/25,11:00:02,0.0,1:K,1\n");
     EXPECT_EQ(gridText(*grid), "Time|Job|Schedule|Real Time|Alarm Number|Alarm Type|Alarm Message\n"
-                               "2008/02/25 11:00:00.250000|JOB1|A|0|1|2|Level, high\n"
-                               "2008/02/25 11:00:00.250000||B|1|3|1|Door open\n"
+                               "2008/02/25 11:00:00.250000|JOB1|A|0|12|2|Level, high\n"
+                               "2008/02/25 11:00:00.250000||B|1|20|10|Door open\n"
+                               "2008/02/25 11:00:00.250000||B|1|20|10|Door; open\n"
+                               "2008/03/03 00:00:00||B|1|7||\n"
+                               "2008/02/25 11:00:01.0||B|1|2|1|Door\n"
                                "2008/02/25 11:00:02.0|J|K|1|1||");
-    EXPECT_EQ(progress.log, "Loading Pellam|Loading...|1..6\nLoaded 1 Lines\n");
+    EXPECT_EQ(progress.log, "Loading Pellam|Loading...|1..9\nLoaded 1 Lines\n");
+    EXPECT_EQ(passedOver(outcome),
+              " / 1 repeated line (in line 4) / 1 line of status 3 or 4 (in line 9)"
+              " / 1 reading among alarms (in line 10)"
+              " / 1 value without a channel (in line 8)"
+              " / 1 value that is neither number nor text (in line 8)");
 }
 
 } // namespace

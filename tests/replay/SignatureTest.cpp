@@ -2,6 +2,8 @@
 #include "ScratchFolder.h"
 #include "replay/file/CReplayFile.h"
 
+#include <filesystem>
+
 namespace pellam {
 namespace {
 
@@ -22,7 +24,7 @@ class SignatureTest : public testing::Test {
     // What was shown, and the file that was opened in brackets.
     std::string opened(const std::string& path) {
         messages.texts.clear();
-        const CReplayFile file(path, messages, {});
+        const CReplayFile file(path, messages);
         EXPECT_EQ(file.isOpen(), !file.FileName().empty());
         return messages.texts + '[' + file.FileName() + ']';
     }
@@ -35,6 +37,20 @@ class SignatureTest : public testing::Test {
 TEST_F(SignatureTest, AcceptsTheFileThatWasSigned) {
     const std::string path = folder.write("mast.sig", signature(replay, "cbf43926"));
     EXPECT_EQ(opened(path), kGood + ('[' + replay + ']'));
+}
+
+TEST_F(SignatureTest, ARelativePathIsAsGoodAsAWholeOne) {
+    std::filesystem::create_directory(folder.path("s"));
+    folder.write("s/mast.dlr", "123456789");
+    folder.write("s/mast.sig", signature(folder.path("s/mast.dlr")));
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    for (const char* path : {"s/mast.sig", "./s/mast.sig", "s/../s//mast.sig"})
+        EXPECT_EQ(opened(path), kGood + ('[' + folder.path("s/mast.dlr") + ']')) << path;
+    std::filesystem::current_path(folder.path("s"));
+    for (const char* path : {"./mast.sig", "mast.sig", "../s/mast.sig"})
+        EXPECT_EQ(opened(path), kGood + ('[' + folder.path("s/mast.dlr") + ']')) << path;
+    std::filesystem::current_path(before);
 }
 
 TEST_F(SignatureTest, FindsTheCopyBesideItselfWhenFoldersAreEquallyLong) {

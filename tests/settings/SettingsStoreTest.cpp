@@ -123,13 +123,13 @@ TEST_F(SettingsStoreTest, TextsAsEarlierVersionsWroteThemAndPeopleWriteThem) {
 TEST_F(SettingsStoreTest, KeysAsTheyStandInTheFile) {
     givenFile("\xEF\xBB\xBF[software]\r\nKorvane\\Pellam\\Recent%20File%20List\\File1=a\r\n"
               "Korvane\\Pellam\\%E4%25%U20AC\\%UD834%UDD1E=b\r\n[%General]\r\nx=c\r\n[intl]\r\n"
-              "sDecimal=,\r\nsList=;\r\nsThousand=\".\"\r\n");
+              "sDecimal=,\r\nsList=;\r\nsShortDate=\"M/d/yyyy\"\r\n");
     EXPECT_EQ(m_store.GetProfileString("Recent File List", "File1"), u"a");
     EXPECT_EQ(m_store.GetProfileString("ä%€", "𝄞"), u"b");
     EXPECT_EQ(m_store.value("General/x"), u"c");
     const auto intl = m_store.international({});
-    EXPECT_EQ(std::string({intl.decimalSeparator, intl.listSeparator, intl.thousandsSeparator}),
-              ",;.");
+    EXPECT_EQ(std::string({intl.decimalSeparator, intl.listSeparator}), ",;");
+    EXPECT_EQ(intl.shortDatePattern, "M/d/yyyy");
 }
 
 TEST_F(SettingsStoreTest, WhatARewriteLosesIsKeptBeside) {

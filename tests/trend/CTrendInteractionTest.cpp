@@ -164,7 +164,9 @@ TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
     bench.key(Qt::Key_Backspace);
     EXPECT_EQ(bench.shown(), "time 0..100 | 0..10 | 0..20");
     bench.wheel(bench.at(0.5, 0.5), 1);
-    QTest::qWait(TrendCommands::kStepPause + 50);
+    QElapsedTimer pause;
+    pause.start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pause.hasExpired(TrendCommands::kStepPause + 1); }));
     bench.wheel(bench.at(0.5, 0.5), 1);
     bench.key(Qt::Key_Backspace);
     EXPECT_EQ(bench.shown(), "time 10..90 | 0..10 | 0..20");

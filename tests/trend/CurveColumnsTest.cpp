@@ -2,6 +2,7 @@
 
 #include "trend/curves/TrendCurve.h"
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 

@@ -1,5 +1,6 @@
 #include "trend/curves/MinMaxPyramid.h"
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 

@@ -3,6 +3,8 @@
 #include "trend/ticks/LogTicks.h"
 #include "trend/ticks/TimeTicks.h"
 
+#include <algorithm>
+
 using namespace pellam;
 
 namespace {

@@ -1,5 +1,6 @@
 #include "TrendBench.h"
 
+#include <algorithm>
 #include <random>
 
 namespace pellam {
@@ -33,7 +34,7 @@ TEST(TrendReading, CrosshairReadsTheLastSampleAtOrBefore) {
             if (sample >= 0) heading = std::max(heading, allTimes[std::size_t(sample)]);
         const auto clock = [](double seconds) {
             const QDateTime moment =
-                QDateTime::fromMSecsSinceEpoch(qRound64(seconds * 1000), Qt::UTC);
+                QDateTime::fromMSecsSinceEpoch(qRound64(seconds * 1000), QTimeZone::utc());
             return moment.toString(u"yyyy-MM-dd HH:mm:ss.zzz"_qs).chopped(1);
         };
         QString expected = clock(heading < 0 ? time : heading);

@@ -62,8 +62,8 @@ TEST_F(ConnectionStatusTest, ShortOperationsShowNothing) {
         m_status.setPosition(i);
     EXPECT_FALSE(m_status.isVisible());
     m_status.finish();
-    QTest::qWait(CConnectionStatus::kShowAfter + 50);
-    EXPECT_FALSE(m_status.isVisible());
+    EXPECT_FALSE(QTest::qWaitFor([this] { return m_status.isVisible(); },
+                                 CConnectionStatus::kShowAfter + 50));
 }
 
 TEST_F(ConnectionStatusTest, LongOperationsShowTheirStateInTheMiddleOfTheWindow) {

@@ -1,5 +1,6 @@
 #include "views/grid/CGridView.h"
 #include "GridText.h"
+#include "UntilIdle.h"
 #include "base/InternationalSettings.h"
 #include "views/grid/FindBar.h"
 #include "views/grid/GoToDialog.h"
@@ -33,7 +34,7 @@ class CGridViewTest : public testing::Test {
     std::string search(const char* text, void (CGridView::*command)() = &CGridView::findNext) {
         m_view.findChild<FindBar*>()->findChild<QLineEdit*>()->setText(QString::fromUtf8(text));
         (m_view.*command)();
-        QTest::qWait(30);
+        untilIdle();
         return current();
     }
 
@@ -62,8 +63,7 @@ TEST_F(CGridViewTest, DamagedLinesAreReadableOnDarkBackgrounds) {
 TEST_F(CGridViewTest, AddsUpTheSelectionForTheStatusBar) {
     QSignalSpy texts(&m_view, &CGridView::statisticsChanged);
     m_view.grid().selectArea({1, 2, 1, 4});
-    QTest::qWait(30);
-    ASSERT_FALSE(texts.isEmpty());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !texts.isEmpty(); }));
     EXPECT_EQ(texts.last().first().toString().toStdString(),
               "Count: 4   Min: 1.5   Max: 8   Mean: 4   Sum: 16");
     m_view.grid().selectArea({1, 1, 1, 1});
@@ -105,7 +105,7 @@ TEST_F(CGridViewTest, GoesToATime) {
         auto* field = dialog->findChild<QLineEdit*>();
         field->setText(u"2025"_qs);
         dialog->accept();
-        QTest::qWait(30);
+        untilIdle();
         EXPECT_TRUE(dialog->isVisible());
         field->setText(u"2024/01/02 10:01:30"_qs);
         dialog->accept();

@@ -43,6 +43,7 @@ class CTrendViewTest : public testing::Test {
     QWidget m_other;
     CTrendView m_view{{.grid = m_grid,
                        .international = m_international,
+                       .clearMark = [this] { m_grid.setChanged(false); },
                        .messages = m_messages,
                        .progress = [this]() -> ProgressSink& { return m_progress; }}};
 };

@@ -8,6 +8,7 @@
 #include "views/chart/ChartFile.h"
 
 #include <QPrinter>
+#include <QSvgRenderer>
 #include <cmath>
 
 namespace pellam {
@@ -42,12 +43,23 @@ class ChartPaper : public testing::Test {
         return QImage(target + u".png"_qs);
     }
 
+    /// The drawing as it stands in a file, a pixel a unit.
+    static QImage drawn(const QString& svg) {
+        QSvgRenderer renderer(svg);
+        QImage image(renderer.defaultSize(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        renderer.render(&painter);
+        return image;
+    }
+
     GridData m_grid;
     InternationalSettings m_international;
     test::RecordedMessages m_messages;
     SilentProgress m_progress;
     CTrendView m_view{{.grid = m_grid,
                        .international = m_international,
+                       .clearMark = [this] { m_grid.setChanged(false); },
                        .messages = m_messages,
                        .progress = [this]() -> ProgressSink& { return m_progress; }}};
     CTrend& m_trend = m_view.trend();
@@ -143,7 +155,9 @@ TEST_F(ChartPaper, FilesOfEveryKindShowTheCurveOnWhite) {
         ASSERT_FALSE(failure) << failure.text();
         EXPECT_LT(QFileInfo(inFolder(name)).size(), 2'000'000) << name;
         const bool pdf = QString::fromLatin1(name).endsWith(u".pdf", Qt::CaseInsensitive);
-        const QImage image = pdf ? rendered(inFolder(name)) : QImage(inFolder(name));
+        const QImage image = pdf                                       ? rendered(inFolder(name))
+                             : std::string_view(name).ends_with("svg") ? drawn(inFolder(name))
+                                                                       : QImage(inFolder(name));
         ASSERT_FALSE(image.isNull()) << name;
         // Readers of SVG and PDF have a resolution of their own.
         if (std::string_view(name).ends_with("png")) {

@@ -3,6 +3,8 @@
 #include "RecordingSinks.h"
 #include "views/text/HeadingText.h"
 
+#include <algorithm>
+
 namespace pellam {
 namespace {
 
@@ -97,12 +99,14 @@ TEST(GridPrinter, PaintsOnlyInsideItsTarget) {
 TEST(HeadingText, PutsTheUnitsBelowTheName) {
     const QFontMetricsF metrics{QFont()};
     const auto lines = [&metrics](const char* label, double width) {
-        return HeadingText(QString::fromUtf8(label)).lines(width, metrics).join(u'/').toStdString();
+        return HeadingText(label).lines(width, metrics).join(u'/').toStdString();
     };
     EXPECT_EQ(lines("A.Temp.Ave(degC)", 500), "A.Temp.Ave/(degC)");
     EXPECT_EQ(lines("A.Gust()", 500), "A.Gust");
     EXPECT_EQ(lines("Alarm Message", 500), "Alarm Message");
     EXPECT_EQ(lines("(m)", 500), "(m)");
+    EXPECT_EQ(lines("Flow (in) (l/s)", 500), "Flow (in)/(l/s)");
+    EXPECT_EQ(HeadingText("A.Temp(degC)").inOneLine(), u"A.Temp (degC)"_qs);
     EXPECT_EQ(lines("", 500), "");
     const double half = metrics.horizontalAdvance(u"Alarm Messag"_qs);
     EXPECT_EQ(lines("Alarm Message", half), "Alarm/Message");

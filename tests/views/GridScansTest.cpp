@@ -4,6 +4,7 @@
 #include "views/scan/RowLocator.h"
 #include "views/scan/StatisticsScan.h"
 
+#include <algorithm>
 #include <random>
 #include <set>
 

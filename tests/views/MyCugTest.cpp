@@ -180,7 +180,7 @@ TEST_F(MyCugTest, CheckBoxesAnswerMouseAndSpaceBar) {
 }
 
 TEST_F(MyCugTest, SelectAllChannelsLeavesTheLastOneAsItWas) {
-    m_view.selectAllChannels();
+    m_model.setAllCharted(true);
     std::string charted;
     for (int column = 0; column < 9; ++column)
         charted += m_grid.column(column).charted() ? '1' : '0';
@@ -188,7 +188,7 @@ TEST_F(MyCugTest, SelectAllChannelsLeavesTheLastOneAsItWas) {
     EXPECT_TRUE(m_grid.changed());
     m_grid.column(7).setCharted(true);
     m_grid.column(15).setCharted(true);
-    m_view.deselectAllChannels();
+    m_model.setAllCharted(false);
     for (int column = 0; column < 16; ++column)
         EXPECT_FALSE(m_grid.column(column).charted()) << column;
 }
@@ -262,19 +262,19 @@ TEST_F(MyCugTest, HeadingsSelectDataWithoutTheAxisRow) {
 
 TEST_F(MyCugTest, CopiesWithAndWithoutHeadings) {
     select(1, 2, 0, 2);
-    m_view.copy();
+    m_cug.clipboard().copy();
     EXPECT_EQ(clipboard(), "1\t1\n11\t21\n12\t22");
     select(2, 3, 3, 3);
-    m_view.copyWithHeadings();
+    m_cug.clipboard().copy(true);
     EXPECT_EQ(clipboard(), "B(m/s)\tC(%)\n23\t33");
 }
 
 TEST_F(MyCugTest, CutsAndPastesElsewhere) {
     select(1, 2, 1, 2);
-    m_view.cut();
+    m_cug.clipboard().cut();
     EXPECT_EQ(cell(1, 1) + cell(2, 2), "");
     select(6, 6, 2, 2);
-    m_view.paste();
+    m_cug.clipboard().paste();
     EXPECT_EQ(cell(6, 2) + " " + cell(7, 2) + " " + cell(6, 3) + " " + cell(7, 3), "11 21 12 22");
     EXPECT_EQ(selected(), "6-7x2-3 ");
     m_view.undoStack().undo();
@@ -286,7 +286,7 @@ TEST_F(MyCugTest, PastesPastTheEndSaySo) {
     QSignalSpy notices(&m_view, &CGridView::notice);
     setClipboard("1\t2\n3\t4\n");
     select(15, 15, 3, 3);
-    m_view.paste();
+    m_cug.clipboard().paste();
     EXPECT_EQ(cell(15, 3), "1");
     EXPECT_EQ(notices.count(), 1);
 }
@@ -294,11 +294,11 @@ TEST_F(MyCugTest, PastesPastTheEndSaySo) {
 TEST_F(MyCugTest, OneTextFillsTheSelection) {
     setClipboard("7\n");
     select(1, 2, 0, 2);
-    m_view.paste();
+    m_cug.clipboard().paste();
     EXPECT_EQ(cell(1, 0) + cell(1, 1) + cell(2, 2) + cell(3, 1), "17731");
     setClipboard("3");
     select(0, 2, 0, 0);
-    m_view.paste();
+    m_cug.clipboard().paste();
     EXPECT_EQ(cell(0, 0) + cell(1, 0) + cell(2, 0), "33");
 }
 

@@ -1,20 +1,20 @@
 #include "app/batch/BatchCommand.h"
 
 #include "app/batch/ChartOutput.h"
-#include "app/batch/FileInfoText.h"
 #include "app/print/GridPdf.h"
+#include "base/FileName.h"
 #include "base/Utf8.h"
 #include "export/GridWriter.h"
 #include "logger/CDumpDBD.h"
 #include "logger/TaggedDownload.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/FileLoader.h"
-#include "settings/ProfileKeys.h"
+#include "settings/SaveFolder.h"
 
 #include <QFile>
 #include <QGuiApplication>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -48,10 +48,6 @@ int finishWith(const std::string& text) {
     return failure ? kFailed : kDone;
 }
 
-bool endsLikeTabText(const std::string& path) {
-    return path.ends_with('t') || path.ends_with('T');
-}
-
 std::string fileNameOf(const std::string& path) {
     return toUtf8(std::filesystem::path(path).filename().string());
 }
@@ -64,7 +60,9 @@ Failure noSettingsFile(const CommandLine& line) {
 
 /// Standard error is for our own messages; what Qt remarks about its surroundings is none of them.
 void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(text));
+    if (type != QtFatalMsg) return;
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    std::_Exit(kFailed); // Qt would end the program by a signal
 }
 
 } // namespace
@@ -87,7 +85,9 @@ int BatchCommand::run() {
         if (!load()) return kFailed;
         done = makeOutputs() && done;
     }
-    return done && !m_messages.failed() && !m_progress.aborted() ? kDone : kFailed;
+    if (!done || m_messages.failed()) return kFailed;
+    if (m_progress.aborted()) m_messages.show("Information: All was written before the stop.");
+    return kDone;
 }
 
 bool BatchCommand::makeOutputs() {
@@ -113,20 +113,20 @@ bool BatchCommand::load() {
     const bool stored = !m_line.database.request.session.empty();
     const std::string& source = stored ? m_line.database.request.session : m_line.file;
     const auto saveFolder = [this] {
-        const auto folder = m_settings.GetProfileString(profile::kSection, profile::kSaveFolder);
-        return QFile::encodeName(folder).toStdString();
+        return QFile::encodeName(pellam::saveFolder(m_settings)).toStdString();
     };
     FileLoader loader({m_grid,
                        m_international,
-                       m_corrections,
                        m_messages,
                        m_progress,
                        m_chooser,
                        false,
                        saveFolder,
                        {},
+                       stored,
                        m_line.layout});
     m_outcome = loader.load(stored ? m_session.path() : m_line.file);
+    if (stored) m_session.complete(m_outcome);
     m_title = stored ? toUtf8(source) : fileNameOf(m_outcome.path);
     if (m_outcome.aborted) {
         m_messages.show(Failure{Failure::Kind::Aborted, source, -1, {}}.text());
@@ -158,8 +158,13 @@ void BatchCommand::keepChosenColumns() {
 }
 
 bool BatchCommand::writeInfo() {
-    return report(writeOut(fileInfoText(
-        m_outcome, m_grid, {m_line.database.request.dataSource, m_line.database.request.session})));
+    const SessionRequest& request = m_line.database.request;
+    std::string text;
+    for (const FileFact& fact :
+         fileFacts(m_outcome, m_grid, {request.dataSource, request.session})) {
+        text += fact.name + ": " + fact.value + '\n';
+    }
+    return report(writeOut(text));
 }
 
 bool BatchCommand::report(const Failure& failure) {
@@ -168,21 +173,19 @@ bool BatchCommand::report(const Failure& failure) {
 }
 
 bool BatchCommand::isSource(const std::string& target) const {
-    std::error_code missing;
-    return std::filesystem::equivalent(target, m_line.file, missing) ||
-           std::filesystem::equivalent(target, m_outcome.path, missing);
+    return isSameFile(target, m_line.file) || isSameFile(target, m_outcome.path);
 }
 
 Failure BatchCommand::write(const std::string& path) {
-    if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+    if (isSource(path)) return Failure::isLoaded(path);
     if (m_progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
-    const GridWriter writer(m_grid);
-    if (endsLikeTabText(path)) return writer.writeTxt(path, m_progress);
-    return writer.writeCsv(path, m_international.listSeparator, m_progress);
+    const auto asked = GridWriter::formOf(m_line.format).value_or(GridWriter::Form::Csv);
+    const auto form = GridWriter::formOf(extensionOf(path)).value_or(asked);
+    return GridWriter(m_grid).write(path, form, m_international.listSeparator, m_progress);
 }
 
 Failure BatchCommand::print(const std::string& path) {
-    if (isSource(path)) return {Failure::Kind::Write, path, -1, "it is the file that was loaded"};
+    if (isSource(path)) return Failure::isLoaded(path);
     return printToPdf(m_grid, m_title, path, m_progress);
 }
 
@@ -197,8 +200,7 @@ bool BatchCommand::drawCharts() {
     }
     bool done = true;
     for (const std::string& path : m_line.charts) {
-        const Failure same{Failure::Kind::Write, path, -1, "it is the file that was loaded"};
-        done = report(isSource(path) ? same
+        done = report(isSource(path) ? Failure::isLoaded(path)
                                      : chart.write(path, m_line.chartWidth, m_line.chartHeight)) &&
                done;
     }
@@ -206,19 +208,23 @@ bool BatchCommand::drawCharts() {
 }
 
 bool BatchCommand::convert() {
-    return report(convertTaggedDownload(m_line.convert));
+    std::string output;
+    if (!report(convertTaggedDownloadBeside(m_line.convert, output))) return false;
+    if (output != taggedDownloadOutput(m_line.convert))
+        m_messages.show("Information: The conversion is " + output +
+                        "; another file has its usual name.");
+    return true;
 }
 
 bool BatchCommand::dump() {
     CDumpDBD dumper({m_international, m_messages, m_progress});
     const int result = dumper.dumpFile({m_line.file}, m_line.dump, m_line.dumpOptions);
     if (dumper.aborted()) return report({Failure::Kind::Aborted, m_line.dump, -1, {}});
-    return result == CDumpDBD::kDone;
+    return result == CDumpDBD::kDone && report(dumper.damage().failure(m_line.file));
 }
 
 int runBatch(const CommandLine& line) {
     occupyStandardStreams();
-    std::signal(SIGPIPE, SIG_IGN); // a reader that goes away makes the write fail instead
     if (!line.error.empty()) {
         std::fprintf(stderr, "pellam: %s\n%s\n", line.error.c_str(), CommandLine::usage().c_str());
         return kWrongUsage;

@@ -51,7 +51,7 @@ class BatchCommand {
     TerminalMessages m_messages{m_progress};
     PatternChooser m_chooser;
     TimeCorrections m_corrections;
-    BatchSession m_session{m_line.database.request, m_corrections, m_messages, m_progress};
+    BatchSession m_session{m_line.database.request, m_messages, m_progress};
     LoadOutcome m_outcome;
     std::string m_title; ///< of the file or session, on paper and over the chart
 };

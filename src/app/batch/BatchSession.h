@@ -5,19 +5,19 @@
 #include "base/Failure.h"
 #include "database/odbc/BackgroundCall.h"
 #include "database/sessions/CSessionFromDatabase.h"
-#include "replay/time/TimeCorrections.h"
+#include "replay/load/LoadOutcome.h"
 
 #include <string>
 
 namespace pellam {
 
 /// A session of a database as the source of a batch run. What fails is told with the driver's own
-/// text.
+/// text. Where a data source asks for user and password, they come from the environment.
 class BatchSession {
   public:
     /// What is handed in outlives this object.
-    BatchSession(const SessionRequest& request, const TimeCorrections& corrections,
-                 TerminalMessages& messages, TerminalProgress& progress);
+    BatchSession(const SessionRequest& request, TerminalMessages& messages,
+                 TerminalProgress& progress);
 
     /// The names of all sessions, one a line, as far as they could be read.
     [[nodiscard]] std::string list();
@@ -28,6 +28,9 @@ class BatchSession {
 
     /// The replay text that was read, for opening while this object lives.
     [[nodiscard]] const std::string& path() const { return m_loader.TempFileName(); }
+
+    /// Adds to a load's outcome what was lost on the way from the database.
+    void complete(LoadOutcome& outcome) const;
 
     /// Keeps the replay text as a file, which is replaced as a whole.
     [[nodiscard]] Failure keep(const std::string& target) const;
@@ -48,10 +51,13 @@ class BatchSession {
         TerminalProgress& m_progress;
     };
 
+    [[nodiscard]] std::optional<Login> login(const DataSourceLogin::Question& question) const;
+
     const SessionRequest& m_request;
     TerminalMessages& m_messages;
     TerminalProgress& m_progress;
     Call m_call;
+    DataSourceLogin m_login;
     CSessionFromDatabase m_loader;
 };
 

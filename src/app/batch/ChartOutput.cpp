@@ -7,9 +7,10 @@
 #include "trend/control/TrendOperations.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartFile.h"
+#include "views/chart/LeftOutNotes.h"
+#include "views/chart/ShowTable.h"
 #include "views/chart/StripLayout.h"
-#include "views/chart/TrendSetUp.h"
-#include "views/series/TrendBuilder.h"
+#include "views/series/TrendTableReader.h"
 
 #include <algorithm>
 
@@ -17,12 +18,13 @@ namespace pellam {
 
 ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& settings,
                          ProgressSink& progress, const std::string& title)
-    : m_trend(std::make_unique<TrendOperations>()) {
+    : m_progress(progress),
+      m_trend(std::make_unique<TrendOperations>()) {
     const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                               std::max<Row>(1, grid.rowCount()));
     setUpTrend(*m_trend);
     m_trend->setDecimalPoint(QLatin1Char(settings.decimalSeparator));
-    TrendTable table = TrendBuilder(grid, settings, progress).build();
+    TrendTable table = TrendTableReader(grid, settings, progress).read();
     m_nothing = pellam::nothingToDraw(table, grid.rowCount()).toStdString();
     m_trend->setTitle(QString::fromStdString(title));
     showTable(*m_trend, table, grid.rowCount());
@@ -33,7 +35,7 @@ ChartOutput::ChartOutput(const GridData& grid, const InternationalSettings& sett
 ChartOutput::~ChartOutput() = default;
 
 Failure ChartOutput::write(const std::string& path, int width, int height) {
-    return writeChartFile(*m_trend, path, {width, height});
+    return writeChartFile(*m_trend, path, {width, height}, 1, &m_progress);
 }
 
 } // namespace pellam

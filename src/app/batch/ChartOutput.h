@@ -29,6 +29,7 @@ class ChartOutput {
     [[nodiscard]] Failure write(const std::string& path, int width, int height);
 
   private:
+    ProgressSink& m_progress;
     std::unique_ptr<TrendOperations> m_trend;
     std::string m_nothing;
 };

@@ -27,7 +27,8 @@ struct CommandLine {
     std::string convert;              ///< tagged download to convert; empty when none
     std::string dump;                 ///< text to write the binary data file to; empty when none
     unsigned dumpOptions = 0;         ///< what of it, as CDumpDBD::Option
-    std::vector<std::string> exports; ///< files to export to, ".csv" or ".txt"
+    std::vector<std::string> exports; ///< files to export to, ".csv" or ".txt", and streams
+    std::string format;               ///< "csv" or "txt", of exports to streams; empty for CSV
     std::vector<std::string> prints;  ///< PDF files to print to
     std::vector<std::string> charts;  ///< files to draw the chart to, ".png", ".svg" or ".pdf"
     int chartWidth = 1280;            ///< of a chart, pixels (96 to the inch)

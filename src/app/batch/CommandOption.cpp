@@ -20,8 +20,11 @@ constexpr CommandOption kOptions[] = {
 
     {"", "", "", "Without a window; messages go to standard error, nothing is asked:"},
     {"--export", "OUT.csv|OUT.txt", "",
-     "write the grid as comma- or tab-separated text; an existing file is replaced",
-     [](CommandReader& reader) { reader.takeOutput(reader.line().exports); }},
+     "write the grid as comma- or tab-separated text; an existing file is replaced, '-' is "
+     "standard output",
+     [](CommandReader& reader) { reader.takeExport(); }},
+    {"--format", "csv|txt", "--export", "of what goes to standard output (default: csv)",
+     [](CommandReader& reader) { reader.takeFormat(); }},
     {"--info", "", "", "print the facts of FILE and its channels, one \"key: value\" a line",
      [](CommandReader& reader) { reader.line().info = true; }},
     {"--print", "OUT.pdf", "", "print the grid",
@@ -79,8 +82,9 @@ constexpr CommandOption kOptions[] = {
      [](CommandReader& reader) { reader.takeOutput(reader.line().database.replays); }},
 
     {"", "", "", "A binary data file (.dbd) as text:"},
-    {"--dump", "OUT.txt", "", "write FILE as text, all of it or what these choose:",
-     [](CommandReader& reader) { reader.takeText(reader.line().dump); }},
+    {"--dump", "OUT.txt", "",
+     "write FILE as text ('-' is standard output), all of it or what these choose:",
+     [](CommandReader& reader) { reader.takeDump(); }},
     {"--data", "", "--dump", "its readings",
      [](CommandReader& reader) { reader.line().dumpOptions |= CDumpDBD::DumpData; }},
     {"--alarms", "", "--dump", "its alarms",

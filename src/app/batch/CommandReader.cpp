@@ -1,6 +1,8 @@
 #include "app/batch/CommandReader.h"
 
+#include "base/FileName.h"
 #include "database/sessions/SessionTime.h"
+#include "export/GridWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -10,25 +12,24 @@ namespace pellam {
 
 namespace {
 
-/// The part of a file's name from its last '.', in lower case; empty when it has none.
-std::string extensionOf(std::string_view path) {
-    const auto dot = path.rfind('.');
-    if (dot == std::string_view::npos || path.find('/', dot) != std::string_view::npos) return {};
-    std::string extension(path.substr(dot));
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return extension;
-}
-
 /// The extensions in a value's name such as "OUT.csv|OUT.txt".
 std::vector<std::string> extensionsIn(std::string_view valueName) {
     std::vector<std::string> extensions;
     while (!valueName.empty()) {
         const std::string_view file = valueName.substr(0, valueName.find('|'));
-        extensions.push_back(extensionOf(file));
+        extensions.push_back('.' + extensionOf(file));
         valueName.remove_prefix(std::min(file.size() + 1, valueName.size()));
     }
     return extensions;
+}
+
+/// Whether an output is no file with a name of its own: "-", or one below /dev.
+bool isStream(std::string_view output) {
+    return output == "-" || output.starts_with("/dev/");
+}
+
+std::string streamPath(std::string_view output) {
+    return output == "-" ? "/dev/stdout" : std::string(output);
 }
 
 std::string listOf(const std::vector<std::string>& words) {
@@ -140,7 +141,8 @@ void CommandReader::takeText(std::string& text) {
 
 void CommandReader::takeOutput(std::vector<std::string>& outputs) {
     const auto extensions = extensionsIn(m_given.back()->value);
-    if (std::find(extensions.begin(), extensions.end(), extensionOf(m_value)) != extensions.end()) {
+    const std::string extension = '.' + extensionOf(m_value);
+    if (std::find(extensions.begin(), extensions.end(), extension) != extensions.end()) {
         outputs.emplace_back(m_value);
         return;
     }
@@ -148,7 +150,23 @@ void CommandReader::takeOutput(std::vector<std::string>& outputs) {
          "needs a file name that ends in " + listOf(extensions) + ", not " + std::string(m_value));
 }
 
-void CommandReader::takeTime(CMyTime& time) {
+void CommandReader::takeExport() {
+    if (!isStream(m_value)) return takeOutput(m_line.exports);
+    m_line.exports.push_back(streamPath(m_value));
+}
+
+void CommandReader::takeDump() {
+    takeText(m_line.dump);
+    if (isStream(m_line.dump)) m_line.dump = streamPath(m_line.dump);
+}
+
+void CommandReader::takeFormat() {
+    if (!GridWriter::formOf(m_value))
+        return fail(m_name, "needs csv or txt, not " + std::string(m_value));
+    takeText(m_line.format);
+}
+
+void CommandReader::takeTime(CTime& time) {
     const std::string text(m_value);
     const auto read = sessionTime(text);
     if (!read)

@@ -30,7 +30,13 @@ class CommandReader {
     void takeText(std::string& text);
     /// One of several files, with an extension that the value's name has.
     void takeOutput(std::vector<std::string>& outputs);
-    void takeTime(CMyTime& time);
+    /// A file to export to, or a stream: "-" for standard output, anything below /dev.
+    void takeExport();
+    /// A file to write the binary data file to, or a stream.
+    void takeDump();
+    /// The form of exports whose name does not tell it.
+    void takeFormat();
+    void takeTime(CTime& time);
     /// The size of the chart.
     void takeSize();
     /// Something of a text's layout.

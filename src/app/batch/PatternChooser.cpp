@@ -1,5 +1,7 @@
 #include "app/batch/PatternChooser.h"
 
+#include "grid/ChannelLabel.h"
+
 #include <algorithm>
 
 namespace pellam {
@@ -18,11 +20,6 @@ std::size_t nextCharacter(std::string_view text, std::size_t at) {
     return at;
 }
 
-std::string_view withoutNumber(std::string_view label) {
-    const auto brace = label.rfind('{');
-    return label.ends_with('}') && brace != std::string_view::npos ? label.substr(0, brace) : label;
-}
-
 } // namespace
 
 PatternChooser::PatternChooser(std::string_view patterns)
@@ -37,14 +34,15 @@ PatternChooser::PatternChooser(std::string_view patterns)
 std::vector<std::string> PatternChooser::choose(const std::vector<std::string>& offered) {
     std::vector<std::string> chosen;
     std::copy_if(offered.begin(), offered.end(), std::back_inserter(chosen),
-                 [this](const std::string& label) { return matches(label); });
+                 [this](const std::string& channel) {
+                     return matches(channel) || matches(ChannelLabel::numbered(channel).text);
+                 });
     return chosen;
 }
 
 bool PatternChooser::matches(std::string_view label) const {
     return m_all || std::any_of(m_patterns.begin(), m_patterns.end(), [&](const auto& pattern) {
-               return matchesWildcards(pattern, label) ||
-                      matchesWildcards(pattern, withoutNumber(label));
+               return matchesWildcards(pattern, label);
            });
 }
 

@@ -15,9 +15,10 @@ class PatternChooser : public ChannelChooser {
     /// `patterns` are separated by commas; none, or "all", choose every channel.
     explicit PatternChooser(std::string_view patterns);
 
+    /// A channel fits with its number "{n}" or without it.
     std::vector<std::string> choose(const std::vector<std::string>& offered) override;
 
-    /// Whether a label is chosen, with its number "{n}" or without it.
+    /// Whether a label is chosen as it stands.
     [[nodiscard]] bool matches(std::string_view label) const;
 
     /// Whether every channel is chosen, whatever it is called.

@@ -7,6 +7,10 @@
 
 namespace pellam {
 
+void TerminalMessages::showAbout(const std::string& file, std::string_view text) {
+    show(std::string(text) + ": " + file);
+}
+
 void TerminalMessages::show(std::string_view text) {
     const bool remark = text.starts_with("Warning: ") || text.starts_with("Attention: ") ||
                         text.starts_with("Information: ");

@@ -13,6 +13,7 @@ class TerminalMessages : public MessageSink {
     explicit TerminalMessages(TerminalProgress& progress) : m_progress(progress) {}
 
     void show(std::string_view text) override;
+    void showAbout(const std::string& file, std::string_view text) override;
 
     /// Whether anything was shown.
     [[nodiscard]] bool spoke() const { return m_spoke; }

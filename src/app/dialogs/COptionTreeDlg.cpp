@@ -1,6 +1,7 @@
 #include "app/dialogs/COptionTreeDlg.h"
 
 #include "base/Utf8.h"
+#include "grid/ChannelLabel.h"
 #include "ui/dialogs/OptionTree.h"
 #include "ui/icons/IconSet.h"
 
@@ -12,7 +13,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <charconv>
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
@@ -23,16 +24,11 @@ namespace {
 /// The check box of a label such as "A.Temp.Ave(degC){0}": its text is what stands before the
 /// braces, its identifier the schedule letter in the high 16 bits and the number in the braces in
 /// the low 16.
-Option optionOf(const std::string& label) {
-    const std::size_t brace = label.rfind('{');
-    std::string_view text(label);
-    quint32 number = 0;
-    if (brace != std::string::npos && label.back() == '}') {
-        text = text.substr(0, brace);
-        std::from_chars(label.data() + brace + 1, label.data() + label.size() - 1, number);
-    }
-    const auto letter = label.empty() ? quint32{0} : static_cast<unsigned char>(label.front());
-    return {letter << 16 | (number & 0xffffu), QString::fromStdString(toUtf8(text)), false};
+Option optionOf(const std::string& channel) {
+    const auto label = ChannelLabel::numbered(channel);
+    const quint32 letter = static_cast<unsigned char>(label.letter);
+    const auto number = static_cast<quint32>(std::max(0, label.number));
+    return {letter << 16 | (number & 0xffffu), QString::fromStdString(toUtf8(label.text)), false};
 }
 
 } // namespace

@@ -13,6 +13,8 @@
 #include <QTextDocumentFragment>
 #include <QToolBar>
 
+#include <algorithm>
+
 // Resources of a static library are linked in only when something asks for them by name.
 static void useHelpPages() {
     Q_INIT_RESOURCE(help);

@@ -3,12 +3,11 @@
 #include "app/dialogs/HelpWindow.h"
 #include "app/frame/CMainFrame.h"
 #include "settings/ProfileKeys.h"
+#include "settings/SaveFolder.h"
 #include "settings/SettingsStore.h"
 
-#include <QDir>
 #include <QEvent>
 #include <QFile>
-#include <QStandardPaths>
 #include <QTimer>
 
 namespace pellam {
@@ -47,13 +46,7 @@ void CLumasetApp::chooseSaveFolder() {
 }
 
 QString CLumasetApp::saveFolder() const {
-    const auto stored = storedSaveFolder();
-    if (!stored.isEmpty()) return stored;
-    const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (documents.isEmpty() || homeFolder().isEmpty()) return {};
-    const auto folder = documents + QStringLiteral("/Korvane/Pellam");
-    QDir().mkpath(folder);
-    return folder;
+    return pellam::saveFolder(m_settings);
 }
 
 QString CLumasetApp::storedSaveFolder() const {

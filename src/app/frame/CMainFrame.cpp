@@ -2,10 +2,11 @@
 
 #include "app/dialogs/AboutBox.h"
 #include "app/dialogs/CPreferences.h"
+#include "app/dialogs/PropertiesDialog.h"
 #include "app/dialogs/SettingsAnswers.h"
 #include "app/frame/CLumasetApp.h"
-#include "app/frame/CommandIds.h"
 #include "app/frame/FrameActions.h"
+#include "app/frame/FrameCommands.h"
 #include "app/frame/FrameExport.h"
 #include "app/frame/FrameLayout.h"
 #include "app/frame/FrameLoader.h"
@@ -13,7 +14,6 @@
 #include "app/frame/FrameSessions.h"
 #include "app/frame/FrameSidebar.h"
 #include "app/frame/FrameStatusBar.h"
-#include "app/frame/PageCommands.h"
 #include "app/frame/PageLink.h"
 #include "app/frame/RecentFiles.h"
 #include "app/layout/LayoutChoice.h"
@@ -22,22 +22,24 @@
 #include "drop/CMyDropTarget.h"
 #include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
+#include "ui/commands/CommandSet.h"
 #include "ui/dialogs/CConnectionStatus.h"
 #include "ui/dialogs/MessageMemory.h"
 #include "ui/dialogs/TabPages.h"
 #include "ui/icons/IconSet.h"
 #include "views/chart/CTrendView.h"
 #include "views/grid/CGridView.h"
+#include "views/grid/GridClipboard.h"
 #include "views/grid/MyCug.h"
+#include "views/sheet/GridModel.h"
 
 #include <QAbstractEventDispatcher>
+#include <QActionGroup>
 #include <QApplication>
 #include <QBoxLayout>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -53,16 +55,14 @@ CMainFrame::CMainFrame(CLumasetApp& app)
       m_answers(std::make_unique<SettingsAnswers>(app.settings())),
       m_memory(std::make_unique<MessageMemory>(*m_answers)) {
     setWindowTitle(QStringLiteral("Pellam"));
-    m_actions = new FrameActions(this);
-    m_actions->buildMenus();
+    createPages();
+    createCommands();
     m_recent = new RecentFiles(app.settings(), m_actions->recentMenu());
     m_status = new FrameStatusBar(statusBar());
     createClient();
     m_layout = std::make_unique<FrameLayout>(*this, app.settings(), *m_sidebar,
                                              *m_actions->buildToolbar());
     createHelpers();
-    connectCommands();
-    connectPageCommands(*m_actions, *m_gridView, *m_trendView);
     connectPages();
     connectDrops();
     m_layout->restoreWindow();
@@ -78,14 +78,30 @@ CMainFrame::~CMainFrame() {
     delete takeCentralWidget();
 }
 
-void CMainFrame::createClient() {
+void CMainFrame::createPages() {
     m_gridView = new CGridView(m_data, m_international);
     m_trendView =
         new CTrendView({.grid = m_data,
                         .international = m_international,
+                        .clearMark = [this] { Grid()->gridModel().setChanged(false); },
                         .messages = m_messages,
                         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
                         .saveFolder = [this] { return m_app.saveFolder(); }});
+}
+
+void CMainFrame::createCommands() {
+    m_commands = new CommandSet(this);
+    addFrameCommands(*m_commands, *this);
+    // One page is always in front: choosing it again must not clear its mark.
+    auto* pages = new QActionGroup(this);
+    for (const auto page : {Command::DataGrid, Command::TrendChart})
+        pages->addAction(m_commands->action(page));
+    m_actions =
+        new FrameActions(this, {m_commands, &m_gridView->commands(), &m_trendView->commands()});
+    m_actions->buildMenus();
+}
+
+void CMainFrame::createClient() {
     m_pages = new TabPages;
     m_pages->addPage(m_gridView, tr("Grid"), IconSet::icon(IconName::Grid));
     m_pages->addPage(m_trendView, tr("Trend"), IconSet::icon(IconName::Chart));
@@ -106,8 +122,8 @@ void CMainFrame::createHelpers() {
     m_printing = new FramePrinting(this, *m_gridView, *m_trendView);
     m_preview = new FramePreview(m_stack, *m_printing, *m_actions);
     connect(m_preview, &FramePreview::closeWanted, this, [this] { OnSetPreviewMode(false); });
-    m_loader = new FrameLoader({this, m_app, *m_gridView, m_international, m_corrections,
-                                m_messages, [this] { OnFilePreferences(); }});
+    m_loader = new FrameLoader(
+        {this, m_app, *m_gridView, m_international, m_messages, [this] { OnFilePreferences(); }});
     m_layouts = new LayoutChoice(
         {this, m_app.settings(), *m_gridView, m_international, m_messages,
          [this](const QString& path, const LayoutWishes& wishes) { openFile(path, wishes); }});
@@ -126,32 +142,6 @@ void CMainFrame::createHelpers() {
     connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
 }
 
-void CMainFrame::connectCommands() {
-    m_actions->on(Command::Open, [this] { OnLoadLoadreplayfile(); });
-    m_actions->on(Command::OpenWithLayout, [this] { OnOpenWithLayout(); });
-    m_actions->on(Command::OpenDatabase, [this] { OnLoadFromDatabase(); });
-    m_actions->on(Command::Export, [this] { ExportData(); });
-    m_actions->on(Command::ViewSpreadsheet, [this] { OnFileViewin(); });
-    m_actions->on(Command::Print, [this] {
-        chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
-    });
-    m_actions->on(Command::Copy,
-                  [this] { chartInFront() ? m_trendView->OnEditCopy() : m_gridView->copy(); });
-    m_actions->on(Command::PrintPreview, [this] { OnSetPreviewMode(true); });
-    m_actions->on(Command::Preferences, [this] { OnFilePreferences(); });
-    m_actions->on(Command::Exit, [this] { close(); });
-    m_actions->on(Command::SelectAllChannels, [this] { OnEditSelectAll(); });
-    m_actions->on(Command::DeselectAllChannels, [this] { OnEditClearAll(); });
-    m_actions->on(Command::Sidebar, [this] { OnViewSidebar(); });
-    m_actions->on(Command::Toolbar, [this] { toggleToolbar(); });
-    m_actions->on(Command::DataGrid, [this] { OnViewDatagrid(); });
-    m_actions->on(Command::TrendChart, [this] { OnViewTrendchart(); });
-    m_actions->on(Command::HelpContents, [this] { m_app.OnMyHelp(); });
-    m_actions->on(Command::About, [this] { AboutBox(IconSet::applicationIcon(), this).exec(); });
-    m_actions->on(Command::ResetMessages, [this] { OnClearXMessage(); });
-    m_actions->on(Command::LoadTrend, [this] { OnLoadTrend(); });
-}
-
 bool CMainFrame::chartInFront() const {
     return m_pages->activePage() == kTrendPage;
 }
@@ -159,6 +149,8 @@ bool CMainFrame::chartInFront() const {
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
     connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
+    connect(m_status, &FrameStatusBar::detailsWanted, this,
+            [this] { OnFileProperties(QStringLiteral("passed over")); });
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
@@ -191,13 +183,7 @@ void CMainFrame::connectDrops() {
 
 void CMainFrame::finishStartUp() {
     setWindowIcon(IconSet::applicationIcon());
-    // Asking for the clipboard's content goes to another program, so only when it changed.
-    const auto look = [this] {
-        const auto* content = QApplication::clipboard()->mimeData();
-        m_clipboardText = content && content->hasText();
-    };
-    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
-    look();
+    m_gridView->grid().clipboard().watch();
     m_app.settings().setListener([this](SettingsStore::Notice notice, const QString& path) {
         // Later, as this comes from the midst of what wrote the setting.
         QTimer::singleShot(0, this, [this, notice, path] { tellOfSettings(notice, path); });
@@ -263,6 +249,7 @@ void CMainFrame::openFile(const QString& path, const std::optional<LayoutWishes>
 
 LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
     auto outcome = m_loader->load(path);
+    m_stored = {};
     showLoaded(path, outcome);
     return outcome;
 }
@@ -272,6 +259,7 @@ void CMainFrame::OnLoadFromDatabase() {
     OnViewDatagrid();
     if (const auto request = m_sessions->ask()) {
         const auto outcome = m_sessions->load(*request);
+        m_stored = {request->dataSource, request->session};
         showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
     }
     Grid()->clearSelection();
@@ -281,6 +269,7 @@ void CMainFrame::OnLoadFromDatabase() {
 void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
                             const QString& session) {
     m_file = outcome.loaded ? path : QString();
+    m_outcome = outcome;
     m_trendView->setFileName(m_gridView->fileName());
     m_layouts->showLoaded(path, outcome);
     m_status->showLoad(outcome, session);
@@ -314,15 +303,16 @@ void CMainFrame::ExportData() {
 }
 
 void CMainFrame::ExportCSV(const QString& path) {
-    m_export->writeCsv(path);
+    m_export->write(path, GridWriter::Form::Csv);
 }
 
 void CMainFrame::ExportTXT(const QString& path) {
-    m_export->writeTxt(path);
+    m_export->write(path, GridWriter::Form::Txt);
 }
 
 int CMainFrame::ConvertFile(const QString& path) {
-    const auto failure = convertTaggedDownload(QFile::encodeName(path).toStdString());
+    std::string output;
+    const auto failure = convertTaggedDownloadBeside(QFile::encodeName(path).toStdString(), output);
     if (!failure) return 1;
     m_messages.show(failure.text());
     return 0;
@@ -338,6 +328,22 @@ void CMainFrame::OnFilePreferences() {
         .exec();
 }
 
+void CMainFrame::OnFilePrint() {
+    chartInFront() ? m_printing->printChart() : m_printing->printGrid(m_loader->progress());
+}
+
+void CMainFrame::OnHelp() {
+    m_app.OnMyHelp();
+}
+
+void CMainFrame::OnAppAbout() {
+    AboutBox(IconSet::applicationIcon(), this).exec();
+}
+
+void CMainFrame::OnFileProperties(const QString& marked) {
+    PropertiesDialog(fileFacts(m_outcome, m_data, m_stored), marked, this).exec();
+}
+
 void CMainFrame::OnClearXMessage() {
     m_memory->clear();
     remark(tr("All questions will be asked again"));
@@ -346,11 +352,11 @@ void CMainFrame::OnClearXMessage() {
 // --- Pages and view
 
 void CMainFrame::OnEditSelectAll() {
-    m_gridView->selectAllChannels();
+    Grid()->gridModel().setAllCharted(true);
 }
 
 void CMainFrame::OnEditClearAll() {
-    m_gridView->deselectAllChannels();
+    Grid()->gridModel().setAllCharted(false);
 }
 
 void CMainFrame::OnViewDatagrid() {
@@ -373,7 +379,7 @@ void CMainFrame::ViewSidebar() {
     m_layout->layOut(preview() != nullptr);
 }
 
-void CMainFrame::toggleToolbar() {
+void CMainFrame::OnViewToolbar() {
     m_layout->toggleToolbar();
     ViewSidebar();
 }
@@ -397,21 +403,10 @@ void CMainFrame::OnSetPreviewMode(bool on) {
 void CMainFrame::OnIdleUpdateCmdUI() {
     const bool gridPage = m_pages->activePage() == kGridPage;
     m_sidebar->showOptions(gridPage ? FrameSidebar::Options::Grid : FrameSidebar::Options::Trend);
-    m_actions->showState({.hasData = m_data.rowCount() > 0,
-                          .gridPage = gridPage,
-                          .preview = preview() != nullptr,
-                          .canCopy = m_gridView->canCopy(),
-                          .canEdit = m_gridView->canEdit(),
-                          .canPaste = m_clipboardText && m_gridView->canEdit(),
-                          .canGoToDamaged = m_gridView->canGoToDamaged(),
-                          .hasChart = m_trendView->hasChart(),
-                          .selectionZoom = m_trendView->selectionZoom(),
-                          .canStack = m_trendView->canStack(),
-                          .stacked = m_trendView->isStacked(),
-                          .canIncreaseFont = m_trendView->canIncreaseFont(),
-                          .canDecreaseFont = m_trendView->canDecreaseFont(),
-                          .sidebar = m_layout->hasSidebar(),
-                          .toolbar = m_layout->hasToolbar()});
+    const bool preview = this->preview() != nullptr;
+    m_gridView->commands().setActive(gridPage && !preview);
+    m_trendView->commands().setActive(!gridPage && !preview);
+    m_commands->refresh();
 }
 
 // --- Events

@@ -2,6 +2,7 @@
 
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
+#include "replay/load/FileFacts.h"
 #include "replay/load/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/SettingsStore.h"
@@ -19,6 +20,7 @@ namespace pellam {
 class CGridView;
 class CLumasetApp;
 class CTrendView;
+class CommandSet;
 class FrameActions;
 class FrameExport;
 class FrameLayout;
@@ -36,8 +38,9 @@ class RecentFiles;
 class SettingsAnswers;
 class TabPages;
 
-/// The main window: the two pages, the task sidebar, menus, toolbar and status bar. It routes every
-/// command and holds what the pages share; loading, exporting and printing are done elsewhere.
+/// The main window: the two pages, the task sidebar, menus, toolbar and status bar. It carries out
+/// the commands that neither page has alone and holds what the pages share; loading, exporting and
+/// printing are done elsewhere.
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 
@@ -94,12 +97,19 @@ class CMainFrame : public QMainWindow {
     /// Asks for a session stored in a database and loads it; cancelled, the data stays.
     void OnLoadFromDatabase();
     void OnFilePreferences();
+    /// Prints the page in front.
+    void OnFilePrint();
+    /// Shows what is known of the loaded file. `marked`: the facts to begin with, see
+    /// PropertiesDialog.
+    void OnFileProperties(const QString& marked = {});
     void OnEditSelectAll();
     void OnEditClearAll();
     void OnViewDatagrid();
     void OnViewTrendchart();
     /// Hides the sidebar or shows it at its width of 225, and remembers which.
     void OnViewSidebar();
+    /// Hides the toolbar or shows it, and remembers which.
+    void OnViewToolbar();
     /// Lays the sidebar out at the stored width.
     void ViewSidebar();
     /// Brings back all questions that were answered for good.
@@ -107,12 +117,24 @@ class CMainFrame : public QMainWindow {
 
     void OnLoadTrend() {}
 
+    void OnHelp();
+    void OnAppAbout();
+
     /// Opens the first of the files; the others are ignored.
     void OnDropFiles(const QStringList& paths);
     /// Brings enabled states, check marks and the options group in line with the window's state.
     void OnIdleUpdateCmdUI();
     /// Shows or ends the print preview inside the window.
     void OnSetPreviewMode(bool on);
+
+    /// Whether the chart's page is in front, else the grid's is.
+    [[nodiscard]] bool chartInFront() const;
+
+    [[nodiscard]] CGridView& gridPage() const { return *m_gridView; }
+
+    [[nodiscard]] CTrendView& chartPage() const { return *m_trendView; }
+
+    [[nodiscard]] const FrameLayout& frameLayout() const { return *m_layout; }
 
     [[nodiscard]] FrameActions& actions() const { return *m_actions; }
 
@@ -136,13 +158,12 @@ class CMainFrame : public QMainWindow {
   private:
     static constexpr int kNoticeTime = 6000; ///< milliseconds that a remark stays
 
+    void createPages();
+    void createCommands();
     void createClient();
     void createHelpers();
-    void connectCommands();
     void connectPages();
     void connectDrops();
-    [[nodiscard]] bool chartInFront() const;
-    void toggleToolbar();
     void remark(const QString& text);
     void tellOfSettings(SettingsStore::Notice notice, const QString& path);
     void openLater(const QString& path);
@@ -158,6 +179,7 @@ class CMainFrame : public QMainWindow {
     std::unique_ptr<MessageMemory> m_memory;
     std::unique_ptr<FrameLayout> m_layout;
 
+    CommandSet* m_commands = nullptr; ///< those of neither page alone
     FrameActions* m_actions = nullptr;
     FrameSidebar* m_sidebar = nullptr;
     FrameStatusBar* m_status = nullptr;
@@ -175,7 +197,8 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
-    bool m_clipboardText = false;
+    LoadOutcome m_outcome;  ///< of what is on the grid
+    StoredSession m_stored; ///< where that came from when it was no file
     bool m_closeWhenLoaded = false;
 };
 

@@ -1,16 +1,18 @@
 #include "app/frame/FrameExport.h"
 
 #include "base/Failure.h"
+#include "base/FileName.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
-#include "export/GridWriter.h"
 #include "ui/dialogs/MessageMemory.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMessageBox>
 
 namespace pellam {
 
@@ -54,23 +56,17 @@ void FrameExport::exportData() {
 }
 
 void FrameExport::writeByExtension(const QString& path) {
-    const auto extension = QFileInfo(path).suffix();
-    if (extension == u"csv") writeCsv(path);
-    if (extension == u"txt") writeTxt(path);
+    const auto form = GridWriter::formOf(QFileInfo(path).suffix().toStdString());
+    if (form) write(path, *form);
 }
 
-bool FrameExport::writeCsv(const QString& path) {
-    return finish(path,
-                  GridWriter(m_context.grid)
-                      .writeCsv(nativePath(path), m_context.listSeparator, m_context.progress()));
-}
-
-bool FrameExport::writeTxt(const QString& path) {
-    return finish(path,
-                  GridWriter(m_context.grid).writeTxt(nativePath(path), m_context.progress()));
-}
-
-bool FrameExport::finish(const QString& path, const Failure& failure) {
+bool FrameExport::write(const QString& path, GridWriter::Form form) {
+    const std::string target = nativePath(path);
+    const bool same = isSameFile(target, nativePath(m_context.loadedFile()));
+    const Failure failure =
+        same ? Failure::isLoaded(target)
+             : GridWriter(m_context.grid)
+                   .write(target, form, m_context.listSeparator, m_context.progress());
     const auto name = QFileInfo(path).fileName();
     if (failure.kind == Failure::Kind::Aborted) {
         Q_EMIT notice(tr("Export stopped: nothing was written to %1").arg(name));
@@ -96,12 +92,17 @@ void FrameExport::viewInSpreadsheet() {
     const auto path = askForFile({.filters = {csvFilter()},
                                   .folder = loaded.absolutePath(),
                                   .name = loaded.completeBaseName()});
-    if (path && writeCsv(*path)) m_opener.open(*path);
+    if (path && write(*path, GridWriter::Form::Csv)) m_opener.open(*path);
 }
 
 std::optional<QString> FrameExport::askForFile(const Question& question) {
     while (const auto path = runDialog(question)) {
         if (!QFileInfo::exists(*path)) return path;
+        if (const auto file = nativePath(*path);
+            isSameFile(file, nativePath(m_context.loadedFile()))) {
+            m_context.messages.show(Failure::isLoaded(file).text());
+            continue;
+        }
         QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
                         QStringLiteral("The file already exists, Do you want to overwrite it ?"),
                         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, m_context.window);

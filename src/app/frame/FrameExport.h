@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export/GridWriter.h"
 #include "ui/dialogs/DesktopOpener.h"
 
 #include <QObject>
@@ -11,11 +12,9 @@ class QWidget;
 
 namespace pellam {
 
-class GridData;
 class MessageMemory;
 class MessageSink;
 class ProgressSink;
-struct Failure;
 
 /// What the export commands need from the window.
 struct ExportContext {
@@ -45,9 +44,9 @@ class FrameExport : public QObject {
     /// Writes the grid by the extension of `path`, compared with its case: "csv" or "txt"; any
     /// other writes nothing.
     void writeByExtension(const QString& path);
-    /// Write the grid; false when a failure was shown or the person stopped it.
-    bool writeCsv(const QString& path);
-    bool writeTxt(const QString& path);
+    /// Writes the grid; false when a failure was shown or the person stopped it. The file that the
+    /// grid was loaded from is refused.
+    bool write(const QString& path, GridWriter::Form form);
     /// Exports a CSV file and opens it with the desktop's program for such files.
     void viewInSpreadsheet();
 
@@ -65,7 +64,6 @@ class FrameExport : public QObject {
 
     std::optional<QString> askForFile(const Question& question);
     std::optional<QString> runDialog(const Question& question);
-    bool finish(const QString& path, const Failure& failure);
 
     ExportContext m_context;
     DesktopOpener m_opener;

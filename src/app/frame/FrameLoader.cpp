@@ -88,17 +88,25 @@ LoadOutcome FrameLoader::onPage(const QString& name, const std::function<LoadOut
 }
 
 LoadOutcome FrameLoader::read(const QString& path, const std::optional<LayoutWishes>& text) {
+    return read(QFile::encodeName(path).toStdString(), false, text);
+}
+
+LoadOutcome FrameLoader::readSession(const std::string& path) {
+    return read(path, true, {});
+}
+
+LoadOutcome FrameLoader::read(const std::string& path, bool session,
+                              const std::optional<LayoutWishes>& text) {
     DialogChooser chooser(m_context.window, progress());
     const auto saveFolder = [this] {
         return QFile::encodeName(m_context.app.storedSaveFolder()).toStdString();
     };
     const LayoutMemory memory(m_context.app.settings());
-    FileLoader loader({m_context.page.data(), m_context.international, m_context.corrections,
-                       m_context.messages, progress(), chooser, false, saveFolder,
-                       m_context.openPreferences, text.value_or(LayoutWishes()),
-                       [&memory](const TextSample& sample) { return memory.recall(sample); },
-                       text.has_value()});
-    return loader.load(QFile::encodeName(path).toStdString());
+    FileLoader loader(
+        {m_context.page.data(), m_context.international, m_context.messages, progress(), chooser,
+         false, saveFolder, m_context.openPreferences, session, text.value_or(LayoutWishes()),
+         [&memory](const TextSample& sample) { return memory.recall(sample); }, text.has_value()});
+    return loader.load(path);
 }
 
 CConnectionStatus& FrameLoader::progress() {

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 class QWidget;
 
@@ -17,7 +18,6 @@ class CGridView;
 class CLumasetApp;
 class MessageSink;
 struct InternationalSettings;
-struct TimeCorrections;
 
 /// Brings files onto the grid page: the open dialog, the load with its progress window, and the
 /// page before and after it. One load at a time.
@@ -30,7 +30,6 @@ class FrameLoader : public QObject {
         CLumasetApp& app;
         CGridView& page;
         const InternationalSettings& international;
-        const TimeCorrections& corrections;
         MessageSink& messages;
         /// Opens the preferences, for a save folder that a conversion needs.
         std::function<void()> openPreferences = {};
@@ -48,9 +47,11 @@ class FrameLoader : public QObject {
     LoadOutcome load(const QString& path, const std::optional<LayoutWishes>& text = {});
 
     /// Runs `work`, which fills the store, with the page stopped before and shown after it; the
-    /// page gets `name`. Refused as load() is. For `work`, read() loads a file.
+    /// page gets `name`. Refused as load() is. For `work`, read() loads a file and readSession()
+    /// the replay text of a database session.
     LoadOutcome onPage(const QString& name, const std::function<LoadOutcome()>& work);
     LoadOutcome read(const QString& path, const std::optional<LayoutWishes>& text = {});
+    LoadOutcome readSession(const std::string& path);
 
     /// The progress window, shared by all long operations of the main window.
     CConnectionStatus& progress();
@@ -60,6 +61,9 @@ class FrameLoader : public QObject {
     void stop();
 
   private:
+    LoadOutcome read(const std::string& path, bool session,
+                     const std::optional<LayoutWishes>& text);
+
     Context m_context;
     CConnectionStatus* m_progress = nullptr;
     bool m_loading = false;

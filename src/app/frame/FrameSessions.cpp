@@ -6,6 +6,7 @@
 #include "database/sessions/CSessionFromDatabase.h"
 #include "database/ui/CSessionNameDlg.h"
 #include "database/ui/LoadCall.h"
+#include "database/ui/LoginDlg.h"
 #include "database/ui/WorkEvent.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/ProfileKeys.h"
@@ -13,6 +14,7 @@
 #include "ui/dialogs/CConnectionStatus.h"
 #include "views/grid/CGridView.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 
 namespace pellam {
@@ -29,7 +31,9 @@ QString fileName(const SessionRequest& request) {
 
 FrameSessions::FrameSessions(const Context& context)
     : QObject(context.window),
-      m_context(context) {}
+      m_context(context),
+      m_login([this](const DataSourceLogin::Question& question) { return askForLogin(question); }) {
+}
 
 std::optional<SessionRequest> FrameSessions::ask() {
     auto& settings = m_context.app.settings();
@@ -38,7 +42,7 @@ std::optional<SessionRequest> FrameSessions::ask() {
          [&settings](const QString& name) {
              settings.WriteProfileString(profile::kSection, profile::kLastDsn, name);
          },
-         m_context.messages, m_context.corrections.standardBias,
+         m_context.messages, m_login, m_context.corrections.standardBias,
          m_context.corrections.daylightBias},
         m_context.window);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
@@ -52,20 +56,27 @@ LoadOutcome FrameSessions::load(const SessionRequest& request) {
     });
 }
 
+std::optional<Login> FrameSessions::askForLogin(const DataSourceLogin::Question& question) {
+    m_context.loader.progress().hide(); // it comes back when the work goes on
+    auto* const above = QApplication::activeModalWidget();
+    LoginDlg dialog(question, above ? above : m_context.window);
+    return dialog.ask();
+}
+
 LoadOutcome FrameSessions::fetch(const SessionRequest& request) {
     auto& progress = m_context.loader.progress();
-    // From here on, so that a connection that takes its time can be seen and stopped.
-    const ProgressScope scope = sessionProgress(progress, request.session);
     LoadCall call(progress);
     const auto tell = [this](bool starts) { WorkEvent::post(m_context.window, starts); };
-    CSessionFromDatabase session({m_context.messages, progress, call, m_context.corrections, tell});
+    CSessionFromDatabase session({m_context.messages, progress, call, m_login, tell});
     const bool written = session.CreateFileFromDatabaseSession(request);
     LoadOutcome outcome;
     if (!written) {
         outcome.aborted = progress.Aborted();
         return outcome;
     }
-    outcome = m_context.loader.read(QString::fromStdString(session.TempFileName()));
+    outcome = m_context.loader.readSession(session.TempFileName());
+    outcome.incomplete = session.LastError().has_value();
+    outcome.passedOver.add(session.passedOver());
     progress.addString("Opened data file...");
     return outcome;
 }

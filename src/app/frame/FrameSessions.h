@@ -2,6 +2,8 @@
 
 #include "replay/load/LoadOutcome.h"
 
+#include "database/odbc/DataSourceLogin.h"
+
 #include <QObject>
 
 #include <optional>
@@ -47,8 +49,10 @@ class FrameSessions : public QObject {
 
   private:
     LoadOutcome fetch(const SessionRequest& request);
+    [[nodiscard]] std::optional<Login> askForLogin(const DataSourceLogin::Question& question);
 
     Context m_context;
+    DataSourceLogin m_login; ///< keeps what was entered while the window lives
 };
 
 } // namespace pellam

@@ -3,14 +3,16 @@
 #include <QObject>
 
 class QLabel;
+class QPushButton;
 class QStatusBar;
 
 namespace pellam {
 
 struct LoadOutcome;
+class PassedOver;
 
-/// The fixed fields of the status bar: figures of the selection, rows, channels, bad lines, file,
-/// and the note that a load was stopped.
+/// The fixed fields of the status bar: figures of the selection, rows, channels, bad lines,
+/// what a load passed over (with a button for more), file, and the note that a load was stopped.
 class FrameStatusBar : public QObject {
     Q_OBJECT
 
@@ -26,8 +28,13 @@ class FrameStatusBar : public QObject {
     /// Texts of the fields that are visible, from left to right.
     [[nodiscard]] QStringList texts() const;
 
+  Q_SIGNALS:
+    /// The person asks what was passed over.
+    void detailsWanted();
+
   private:
     QLabel* addField(const QString& name);
+    void showPassedOver(const PassedOver& passedOver);
     void set(QLabel* field, const QString& text);
 
     QStatusBar* m_bar;
@@ -36,6 +43,8 @@ class FrameStatusBar : public QObject {
     QLabel* m_rows;
     QLabel* m_channels;
     QLabel* m_damaged;
+    QLabel* m_passedOver;
+    QPushButton* m_details;
     QLabel* m_file;
 };
 

@@ -1,11 +1,8 @@
 #include "app/frame/PageLink.h"
 
-#include "grid/GridData.h"
 #include "ui/dialogs/TabPages.h"
 #include "views/chart/CTrendView.h"
 #include "views/grid/CGridView.h"
-#include "views/grid/MyCug.h"
-#include "views/sheet/GridCorner.h"
 
 namespace pellam {
 
@@ -14,10 +11,6 @@ PageLink::PageLink(Context context, QObject* parent)
       m_context(std::move(context)) {
     auto& [pages, chartPage, grid, chart, isLoading] = m_context;
     connect(&pages, &TabPages::pageActivated, this, &PageLink::bringUp);
-    connect(&chart, &CTrendView::rebuilt, this, [this] {
-        auto& page = m_context.grid;
-        page.grid().corner().setMarked(page.data().changed());
-    });
     connect(&chart, &CTrendView::rowChosen, this, &PageLink::goToRow);
     connect(&grid, &CGridView::currentRowChanged, &chart, &CTrendView::setCurrentRow);
     // Channels can be selected while the chart is in front.
@@ -35,9 +28,7 @@ void PageLink::bringUp(int page) {
 }
 
 void PageLink::goToRow(qint64 row) {
-    auto& grid = m_context.grid.grid();
-    const int column = qMax(0, grid.currentIndex().column());
-    grid.selectArea({column, column, row + 1, row + 1});
+    m_context.grid.goToRow(row);
     Q_EMIT notice(tr("Row %L1 on the grid").arg(row + 1));
 }
 

@@ -1,8 +1,8 @@
 #include "app/frame/RecentFiles.h"
 
-#include "app/frame/CommandIds.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SettingsStore.h"
+#include "ui/commands/CommandIds.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -104,6 +104,7 @@ QWidget* LayoutDialog::makeLegend() const {
     for (const LineRole role : {LineRole::Description, LineRole::Headings, LineRole::Units,
                                 LineRole::Data, LineRole::Time}) {
         auto* name = new QLabel(roleName(role));
+        name->setFrameShape(QFrame::StyledPanel);
         name->setAutoFillBackground(true);
         name->setMargin(2);
         name->setAlignment(Qt::AlignCenter);

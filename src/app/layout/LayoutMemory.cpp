@@ -53,8 +53,10 @@ class HeadingSearch {
     // The first line at which they stand; nothing when they don't.
     std::optional<std::int64_t> lineOf(const QString& headings, int count) {
         auto& known = m_known[count];
-        for (auto line = std::ssize(m_lines); known.isEmpty() && line >= 1; --line)
-            known.insert(hashOf(m_lines, line, count), line);
+        if (known.isEmpty()) {
+            for (auto line = std::ssize(m_lines); line >= 1; --line)
+                known.insert(hashOf(m_lines, line, count), line);
+        }
         const auto found = known.constFind(headings);
         return found == known.constEnd() ? std::nullopt : std::optional(found.value());
     }

@@ -4,7 +4,7 @@
 #include "base/SilentSinks.h"
 #include "delimited/layout/LayoutDetector.h"
 #include "grid/TimeColumn.h"
-#include "replay/load/AllChannels.h"
+#include "replay/load/ChannelChooser.h"
 #include "replay/load/DelimitedLoader.h"
 
 #include <QFile>
@@ -37,8 +37,7 @@ void LayoutPreview::follow(const LayoutWishes& wishes) {
     SilentMessages messages;
     SilentProgress progress;
     AllChannels chooser;
-    const TimeCorrections corrections;
-    const LoadContext context{m_table, m_settings, corrections, messages, progress, chooser};
+    const LoadContext context{m_table, m_settings, messages, progress, chooser};
     DelimitedLoader(context, std::move(part))
         .ReadDelimFile(QFile::encodeName(m_part.fileName()).toStdString());
 }

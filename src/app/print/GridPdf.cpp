@@ -12,7 +12,7 @@ namespace pellam {
 
 namespace {
 
-/// Lets Qt write to an AtomicFile and keeps its failure, which Qt passes over.
+/// Lets Qt write to an AtomicFile, which keeps its failure; Qt passes over it.
 class FileDevice : public QIODevice {
   public:
     explicit FileDevice(AtomicFile& file) : m_file(file) {
@@ -21,27 +21,22 @@ class FileDevice : public QIODevice {
 
     [[nodiscard]] bool isSequential() const override { return true; }
 
-    [[nodiscard]] const Failure& failure() const { return m_failure; }
-
   protected:
     qint64 readData(char*, qint64) override { return -1; }
 
     qint64 writeData(const char* data, qint64 size) override {
-        if (!m_failure) m_failure = m_file.write({data, static_cast<std::size_t>(size)});
-        return m_failure ? -1 : size;
+        m_file.append({data, static_cast<std::size_t>(size)});
+        return m_file.failed() ? -1 : size;
     }
 
   private:
     AtomicFile& m_file;
-    Failure m_failure;
 };
 
 /// Stops the printing when the file can not be written, too.
 class PrintProgress : public ProgressSink {
   public:
-    PrintProgress(ProgressSink& shown, const FileDevice& device)
-        : m_shown(shown),
-          m_device(device) {}
+    PrintProgress(ProgressSink& shown, const AtomicFile& file) : m_shown(shown), m_file(file) {}
 
     void start(std::string_view title, std::string_view firstLine, std::int64_t first,
                std::int64_t last) override {
@@ -52,13 +47,13 @@ class PrintProgress : public ProgressSink {
 
     void setPosition(std::int64_t position) override { m_shown.setPosition(position); }
 
-    bool aborted() override { return m_shown.aborted() || m_device.failure(); }
+    bool aborted() override { return m_shown.aborted() || m_file.failed(); }
 
     void finish() override { m_shown.finish(); }
 
   private:
     ProgressSink& m_shown;
-    const FileDevice& m_device;
+    const AtomicFile& m_file;
 };
 
 } // namespace
@@ -66,7 +61,7 @@ class PrintProgress : public ProgressSink {
 Failure printToPdf(const GridData& grid, const std::string& fileName, const std::string& path,
                    ProgressSink& progress) {
     AtomicFile file;
-    if (Failure failure = file.create(path)) return failure;
+    if (Failure failure = file.create(path, &progress)) return failure;
     FileDevice device(file);
     bool printed = false;
     {
@@ -75,12 +70,12 @@ Failure printToPdf(const GridData& grid, const std::string& fileName, const std:
                               QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter});
         writer.setTitle(QString::fromStdString(fileName));
         writer.setCreator(QStringLiteral("Pellam"));
-        PrintProgress watched(progress, device);
+        PrintProgress watched(progress, file);
         printed = GridPrinter(grid, QString::fromStdString(fileName)).print(writer, {}, watched);
     }
-    if (device.failure()) return device.failure();
-    if (progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
-    if (!printed) return {Failure::Kind::Write, path, -1, "there is nothing to print"};
+    if (!file.failed() && progress.aborted()) return {Failure::Kind::Aborted, path, -1, {}};
+    if (!file.failed() && !printed)
+        return {Failure::Kind::Write, path, -1, "there is nothing to print"};
     return file.commit();
 }
 

@@ -10,7 +10,19 @@ CDatabase::~CDatabase() {
     Close();
 }
 
-SqlFailure CDatabase::OpenEx(const std::string& connect, Options) {
+SqlFailure CDatabase::OpenEx(const std::string& text, Options) {
+    return connect(
+        [text](OdbcConnection& connection) { return connection.open(text, kLoginTimeout); });
+}
+
+SqlFailure CDatabase::Open(const std::string& source, const Login& login) {
+    return connect([source, login](OdbcConnection& connection) {
+        return connection.open(source, login, kLoginTimeout);
+    });
+}
+
+template <class Connect>
+SqlFailure CDatabase::connect(Connect how) {
     Close();
 
     struct Attempt {
@@ -22,16 +34,17 @@ SqlFailure CDatabase::OpenEx(const std::string& connect, Options) {
     // The driver's own limit comes first; this one is for drivers that do not know it.
     const auto limit = std::chrono::seconds(kLoginTimeout + 5);
     const auto start = std::chrono::steady_clock::now();
-    const bool ended = m_call.run(
-        [attempt, connect] {
-            attempt->failure = attempt->connection->open(connect, kLoginTimeout);
-        },
-        limit);
+    const bool ended =
+        m_call.run([attempt, how] { attempt->failure = how(*attempt->connection); }, limit);
     if (!ended && std::chrono::steady_clock::now() - start < limit)
-        return SqlError{"HY008", 0, "The connection was stopped."};
+        return SqlError{"HY008", 0, "The connection was stopped.", true};
     if (!ended) return SqlError{"HYT01", 0, "The database did not answer."};
     if (!attempt->failure) m_connection = attempt->connection;
     return attempt->failure;
+}
+
+bool CDatabase::hasBackslashEscapes() const {
+    return m_connection && m_connection->hasBackslashEscapes();
 }
 
 void CDatabase::Close() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/odbc/Login.h"
 #include "database/odbc/LongCall.h"
 #include "database/odbc/SqlError.h"
 
@@ -32,16 +33,25 @@ class CDatabase {
     /// Connects with an ODBC connection string, e.g. "DSN=Site". Nothing on success.
     SqlFailure OpenEx(const std::string& connect, Options options = defaultOptions);
 
+    /// Connects with a data source by its name, with a user and a password.
+    SqlFailure Open(const std::string& source, const Login& login);
+
     /// Seconds that a query may take, for record sets opened from now on; 0: no limit. A server
     /// that has stopped answering is left to itself then.
     void SetQueryTimeout(int seconds) { m_queryTimeout = seconds; }
 
     [[nodiscard]] bool IsOpen() const { return m_connection != nullptr; }
 
+    /// Whether in a quoted text a backslash changes the character behind it; while open.
+    [[nodiscard]] bool hasBackslashEscapes() const;
+
     /// Disconnects; record sets on it that are still open keep the connection until they close.
     void Close();
 
   private:
+    template <class Connect>
+    SqlFailure connect(Connect how);
+
     friend class CRecordset;
 
     LongCall& m_call;

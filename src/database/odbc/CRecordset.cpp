@@ -1,5 +1,6 @@
 #include "database/odbc/CRecordset.h"
 
+#include "database/odbc/BackgroundCall.h"
 #include "database/odbc/OdbcStatement.h"
 #include "database/odbc/SqlText.h"
 
@@ -35,13 +36,20 @@ SqlFailure CRecordset::wait(Work work) {
     const bool ended = m_database.m_call.run(
         [outcome, work, statement = m_statement] { outcome->failure = work(*statement); }, limit);
     if (ended) return outcome->failure;
-    // The driver is still at it: this connection is of no more use.
-    m_statement.reset();
-    m_database.m_connection.reset();
+    abandon();
     if (std::chrono::steady_clock::now() - start < limit)
-        return SqlError{"HY008", 0, "The query was stopped."};
+        return SqlError{"HY008", 0, "The query was stopped.", true};
     return SqlError{"HYT00", 0,
                     "The database did not answer within " + std::to_string(seconds) + " seconds."};
+}
+
+// The driver is still at it: the server is told to stop, and this connection is of no more use.
+void CRecordset::abandon() {
+    constexpr std::chrono::seconds kLimit{1};
+    (void)BackgroundCall().run([statement = std::move(m_statement)] { statement->cancel(); },
+                               kLimit);
+    m_statement = nullptr;
+    m_database.m_connection.reset();
 }
 
 const std::vector<BoundField>& CRecordset::fields() {
@@ -106,6 +114,7 @@ SqlFailure CRecordset::fetchBlock() {
     m_row = m_rows = 0;
     m_atEnd = true;
     SqlFailure failure = wait([](OdbcStatement& statement) { return statement.fetch(); });
+    if (m_statement) m_unread = m_statement->unread();
     if (failure) return failure;
     m_rows = m_statement->rows();
     m_atEnd = m_rows == 0;

@@ -47,6 +47,10 @@ class CRecordset {
 
     [[nodiscard]] bool IsOpen() const { return m_statement != nullptr; }
 
+    /// Rows so far that were passed over because a value does not fit its member: no number, or
+    /// one too large. Stays when it is closed.
+    [[nodiscard]] const UnreadRows& unread() const { return m_unread; }
+
     /// Harmless when not open.
     void Close();
 
@@ -69,11 +73,13 @@ class CRecordset {
     SqlFailure fetchBlock();
     template <class Work>
     SqlFailure wait(Work work);
+    void abandon();
 
     CDatabase& m_database;
     CFieldExchange m_exchange;
     std::shared_ptr<OdbcStatement> m_statement;
     std::size_t m_blockRows = kBlockRows;
+    UnreadRows m_unread;
     std::size_t m_row = 0;  ///< the current row in the block
     std::size_t m_rows = 0; ///< rows in the block
     bool m_empty = true;

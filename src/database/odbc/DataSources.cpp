@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include <odbcinst.h>
+
 namespace pellam {
 
 namespace {
@@ -37,6 +39,20 @@ class Enumeration {
     OdbcHandle m_environment = OdbcHandle::environment();
 };
 
+// An entry of the ODBC settings; empty without one.
+std::string setting(const std::string& section, const char* entry, const char* file) {
+    std::array<char, 512> text{};
+    if (section.empty()) return {};
+    SQLGetPrivateProfileString(section.c_str(), entry, "", text.data(), text.size(), file);
+    return text.data();
+}
+
+bool namesSqlite(std::string driver) {
+    for (char& c : driver)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return driver.find("sqlite") != std::string::npos;
+}
+
 } // namespace
 
 std::vector<DataSource> dataSources() {
@@ -52,6 +68,21 @@ std::string firstDriverText() {
     DataSource source;
     Enumeration().next(source);
     return source.description;
+}
+
+bool isSqliteSource(const std::string& name) {
+    const std::string driver = setting(name, "Driver", "odbc.ini");
+    return namesSqlite(driver) || namesSqlite(setting(driver, "Driver", "odbcinst.ini"));
+}
+
+std::string fileOfSource(const std::string& name) {
+    return setting(name, "Database", "odbc.ini");
+}
+
+std::string userOfSource(const std::string& name) {
+    for (const char* entry : {"UserName", "User", "UID"})
+        if (std::string user = setting(name, entry, "odbc.ini"); !user.empty()) return user;
+    return {};
 }
 
 bool isMySqlDriver(std::string_view driverText) {

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 namespace pellam {
 
 namespace {
 
-constexpr std::size_t kTextBytes = CFieldExchange::kLongestText + 1;
+constexpr std::size_t kTextBytes = 4 * CFieldExchange::kLongestText + 1; // UTF-8 at its longest
 constexpr std::size_t kTimeTextBytes = 64;
 
 bool isBlank(char c) {
@@ -27,12 +28,24 @@ std::string_view withoutHalfCharacter(std::string_view text) {
     return needs > text.size() - lead ? text.substr(0, lead) : text;
 }
 
+// Bytes that are no UTF-8 count as characters too, or stand behind one.
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    if (text.size() <= count) return text;
+    std::size_t end = 0;
+    for (; end < text.size(); ++end) {
+        const bool begins = (text[end] & 0xC0) != 0x80;
+        if (begins && count-- == 0) break;
+    }
+    return text.substr(0, end);
+}
+
 // A length of SQL_NO_TOTAL, or one beyond the buffer, says that the text was cut.
 std::string_view textIn(const char* value, SQLLEN indicator) {
     const bool cut = indicator < 0 || static_cast<std::size_t>(indicator) >= kTextBytes;
     std::string_view text(value, cut ? ::strnlen(value, kTextBytes - 1)
                                      : static_cast<std::size_t>(indicator));
     if (cut) text = withoutHalfCharacter(text);
+    text = firstCharacters(text, CFieldExchange::kLongestText);
     while (!text.empty() && isBlank(text.back()))
         text.remove_suffix(1);
     return text;
@@ -56,6 +69,17 @@ Number numberIn(const std::byte* value) {
     return number;
 }
 
+// What 32 bits hold, with a sign or without.
+bool fitsLong(std::int64_t number) {
+    return number >= std::numeric_limits<std::int32_t>::min() &&
+           number <= std::numeric_limits<std::uint32_t>::max();
+}
+
+// SQLSTATE class 22: the values are at fault, not the query or the connection.
+bool isDataError(const SqlError& error) {
+    return error.state.starts_with("22");
+}
+
 bool isTimeType(SQLSMALLINT type) {
     return type == SQL_TYPE_TIMESTAMP || type == SQL_TYPE_DATE || type == SQL_TIMESTAMP ||
            type == SQL_DATE;
@@ -71,7 +95,7 @@ OdbcStatement::OdbcStatement(std::shared_ptr<OdbcConnection> connection,
 }
 
 OdbcStatement::Kind OdbcStatement::kindOf(const BoundField& field) {
-    constexpr std::array kinds{Kind::Long, Kind::Double, Kind::Text, Kind::Time};
+    constexpr std::array kinds{Kind::Long, Kind::Double, Kind::Text, Kind::Time, Kind::Double};
     return kinds[field.member.index()];
 }
 
@@ -109,8 +133,15 @@ SqlFailure OdbcStatement::execute(const std::string& sql) {
 
 void OdbcStatement::closeCursor() {
     SQLFreeStmt(m_handle.get(), SQL_CLOSE);
-    m_rows = 0;
+    m_good.clear();
+    m_unread = {};
+    m_failure = {};
+    m_seen = 0;
     m_atEnd = false;
+}
+
+void OdbcStatement::cancel() {
+    SQLCancel(m_handle.get());
 }
 
 void OdbcStatement::chooseTimeKinds() {
@@ -156,7 +187,7 @@ SqlFailure OdbcStatement::bind() {
         const bool text = slot.kind == Kind::Text || slot.kind == Kind::TimeText;
         const SQLSMALLINT type = text                      ? SQL_C_CHAR
                                  : slot.kind == Kind::Time ? SQL_C_TYPE_TIMESTAMP
-                                 : slot.kind == Kind::Long ? SQL_C_SLONG
+                                 : slot.kind == Kind::Long ? SQL_C_SBIGINT
                                                            : SQL_C_DOUBLE;
         const std::size_t size = slot.kind == Kind::Text ? kTextBytes : kTimeTextBytes;
         const SQLRETURN result =
@@ -169,49 +200,95 @@ SqlFailure OdbcStatement::bind() {
 }
 
 SqlFailure OdbcStatement::fetch() {
-    m_rows = 0;
-    if (m_atEnd) return {};
-    if (m_driverRows == 1) return fetchOneByOne();
+    m_good.clear();
+    SqlFailure failure = std::exchange(m_failure, {});
+    while (!failure && m_good.empty() && !m_atEnd)
+        failure = m_driverRows == 1 ? fetchOneByOne() : fetchBlock();
+    return failure;
+}
+
+SqlFailure OdbcStatement::fetchBlock() {
     m_fetched = 0;
+    std::fill(m_rowStatus.begin(), m_rowStatus.end(), SQLUSMALLINT{SQL_ROW_NOROW});
     const SQLRETURN result = SQLFetch(m_handle.get());
     if (result == SQL_NO_DATA) {
         m_atEnd = true;
         return {};
     }
-    if (!SQL_SUCCEEDED(result)) return m_handle.error();
-    m_rows = std::min<std::size_t>(m_fetched, m_driverRows);
-    return result == SQL_SUCCESS ? SqlFailure{} : rowError();
-}
-
-SqlFailure OdbcStatement::rowError() const {
-    for (std::size_t row = 0; row < m_rows; ++row)
-        if (m_rowStatus[row] == SQL_ROW_ERROR) return m_handle.error();
+    const SqlError error = result == SQL_SUCCESS ? SqlError{} : m_handle.error();
+    const std::size_t rows = std::min<std::size_t>(m_fetched, m_driverRows);
+    bool failed = !SQL_SUCCEEDED(result) && (rows == 0 || !isDataError(error));
+    for (std::size_t row = 0; row < rows; ++row) {
+        const SQLUSMALLINT status = m_rowStatus[row];
+        const bool sure = status == SQL_ROW_SUCCESS || status == SQL_ROW_SUCCESS_WITH_INFO;
+        const bool good = sure || (SQL_SUCCEEDED(result) && status != SQL_ROW_ERROR);
+        failed = failed || (!good && !isDataError(error));
+        if (failed && !good) break;
+        takeRow(row, good);
+        if (!good) leaveOut(error);
+    }
+    if (!failed) return {};
+    if (m_good.empty()) return error;
+    // What came before it is handed out first.
+    m_failure = error;
     return {};
 }
 
 SqlFailure OdbcStatement::fetchOneByOne() {
-    auto* const first = reinterpret_cast<std::byte*>(m_block.data());
-    // The driver writes every row to the block's first place, from where it is copied away.
-    while (m_rows < m_blockRows) {
+    // The driver writes every row to the block's first place, from where it is copied away: the
+    // block is filled from its end, so that its first place stays free to the last.
+    while (m_good.size() < m_blockRows) {
         const SQLRETURN result = SQLFetch(m_handle.get());
         if (result == SQL_NO_DATA) {
             m_atEnd = true;
             break;
         }
-        if (!SQL_SUCCEEDED(result)) return m_handle.error();
-        std::memmove(first + m_rowSize * placeOf(m_rows++), first, m_rowSize);
+        const bool good = SQL_SUCCEEDED(result);
+        const SqlError error = good ? SqlError{} : m_handle.error();
+        if (!good && !isDataError(error)) {
+            // What came before it is handed out first.
+            if (m_good.empty()) return error;
+            m_failure = error;
+            break;
+        }
+        const std::size_t place = m_blockRows - 1 - m_good.size();
+        auto* const first = reinterpret_cast<std::byte*>(m_block.data());
+        if (good) std::memmove(first + m_rowSize * place, first, m_rowSize);
+        takeRow(place, good);
+        if (!good) leaveOut(error);
     }
     return {};
 }
 
-// One by one the block is filled from its end, so that its first place stays free to the last.
-std::size_t OdbcStatement::placeOf(std::size_t row) const {
-    return m_driverRows == 1 ? m_blockRows - 1 - row : row;
+void OdbcStatement::takeRow(std::size_t place, bool good) {
+    ++m_seen;
+    if (!good) return;
+    if (numbersFit(place))
+        m_good.push_back(place);
+    else
+        leaveOut({"22003", 0, "A number is too large."});
+}
+
+bool OdbcStatement::numbersFit(std::size_t place) const {
+    const std::byte* const row = rowAt(place);
+    return std::all_of(m_slots.begin(), m_slots.end(), [row](const Slot& slot) {
+        return slot.kind != Kind::Long || numberIn<SQLLEN>(row + slot.indicator) == SQL_NULL_DATA ||
+               fitsLong(numberIn<std::int64_t>(row + slot.value));
+    });
+}
+
+void OdbcStatement::leaveOut(const SqlError& why) {
+    if (m_unread.count++ > 0) return;
+    m_unread.first = m_seen;
+    m_unread.why = why;
+}
+
+const std::byte* OdbcStatement::rowAt(std::size_t place) const {
+    return reinterpret_cast<const std::byte*>(m_block.data()) + m_rowSize * place;
 }
 
 void OdbcStatement::read(std::size_t row, const std::vector<BoundField>& fields) const {
-    const auto* const begin =
-        reinterpret_cast<const std::byte*>(m_block.data()) + m_rowSize * placeOf(row);
+    const std::byte* const begin = rowAt(m_good[row]);
     for (std::size_t i = 0; i < m_slots.size(); ++i) {
         const Slot& slot = m_slots[i];
         const std::byte* const value = begin + slot.value;
@@ -221,10 +298,15 @@ void OdbcStatement::read(std::size_t row, const std::vector<BoundField>& fields)
         const BoundField::Member& member = fields[i].member;
         switch (slot.kind) {
         case Kind::Long:
-            *std::get<std::int32_t*>(member) = null ? 0 : numberIn<std::int32_t>(value);
+            *std::get<std::int32_t*>(member) =
+                null ? 0 : static_cast<std::int32_t>(numberIn<std::int64_t>(value));
             break;
         case Kind::Double:
-            *std::get<double*>(member) = null ? 0.0 : numberIn<double>(value);
+            if (double* const* const number = std::get_if<double*>(&member))
+                **number = null ? 0.0 : numberIn<double>(value);
+            else
+                *std::get<std::optional<double>*>(member) =
+                    null ? std::nullopt : std::optional(numberIn<double>(value));
             break;
         case Kind::Text:
             std::get<std::string*>(member)->assign(null ? std::string_view()

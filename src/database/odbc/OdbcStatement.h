@@ -26,12 +26,17 @@ class OdbcStatement {
     SqlFailure prepare(const Settings& settings);
     /// Runs a query; may wait. The block is empty afterwards.
     SqlFailure execute(const std::string& sql);
-    /// Fetches the next block; may wait. No rows: the end.
+    /// Fetches the next block; may wait. No rows: the end. A row whose values do not fit their
+    /// members is left out and counted.
     SqlFailure fetch();
+    /// Asks the server to end a call that another thread waits in; may wait itself.
+    void cancel();
     /// Ends the query; execute() may follow.
     void closeCursor();
 
-    [[nodiscard]] std::size_t rows() const { return m_rows; }
+    [[nodiscard]] std::size_t rows() const { return m_good.size(); }
+
+    [[nodiscard]] const UnreadRows& unread() const { return m_unread; }
 
     /// Copies a row of the block into the members that were bound.
     void read(std::size_t row, const std::vector<BoundField>& fields) const;
@@ -49,9 +54,12 @@ class OdbcStatement {
     void chooseTimeKinds();
     void layOut();
     SqlFailure bind();
+    SqlFailure fetchBlock();
     SqlFailure fetchOneByOne();
-    [[nodiscard]] SqlFailure rowError() const;
-    [[nodiscard]] std::size_t placeOf(std::size_t row) const;
+    void takeRow(std::size_t place, bool good);
+    [[nodiscard]] bool numbersFit(std::size_t place) const;
+    void leaveOut(const SqlError& why);
+    [[nodiscard]] const std::byte* rowAt(std::size_t place) const;
 
     std::shared_ptr<OdbcConnection> m_connection; // before the handle: it goes after it
     OdbcHandle m_handle;
@@ -62,7 +70,10 @@ class OdbcStatement {
     std::size_t m_blockRows = 1;
     std::size_t m_driverRows = 1; ///< rows a call; 1 where the driver refuses more
     SQLULEN m_fetched = 0;
-    std::size_t m_rows = 0;
+    std::vector<std::size_t> m_good; ///< places in the block of the rows to read
+    UnreadRows m_unread;
+    SqlFailure m_failure;    ///< that came behind the rows of the block
+    std::int64_t m_seen = 0; ///< rows of the query so far
     bool m_bound = false;
     bool m_atEnd = false;
 };

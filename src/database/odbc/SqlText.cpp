@@ -50,8 +50,11 @@ std::string withSingleQuotes(std::string_view condition) {
     if (open == std::string_view::npos || close == open) return std::string(condition);
     std::string result(condition.substr(0, open));
     result += '\'';
-    for (const char c : condition.substr(open + 1, close - open - 1))
+    for (std::size_t i = open + 1; i < close; ++i) {
+        const char c = condition[i];
+        if (c == '"' && i + 1 < close && condition[i + 1] == '"') ++i;
         result.append(c == '\'' ? 2 : 1, c);
+    }
     result += '\'';
     return result.append(condition.substr(close + 1));
 }

@@ -10,7 +10,7 @@ namespace pellam {
 [[nodiscard]] std::string withNativeNames(std::string_view text, std::string_view quote);
 
 /// A condition whose text in double quotes stands in single quotes instead: standard SQL takes
-/// double quotes for a name. The text ends at the last double quote, so it may contain others.
+/// double quotes for a name. The text ends at the last double quote; those within it are doubled.
 [[nodiscard]] std::string withSingleQuotes(std::string_view condition);
 
 } // namespace pellam

@@ -1,18 +1,15 @@
 #include "database/sessions/CSessionFromDatabase.h"
 
 #include "database/odbc/DataSources.h"
-#include "database/sessions/CDBDataData3.h"
-#include "database/sessions/CDBDataDetails.h"
 #include "database/sessions/SessionFilter.h"
 #include "database/sessions/SessionLineText.h"
+#include "database/sessions/SessionTables.h"
 
 #include <algorithm>
 
 namespace pellam {
 
-ProgressScope sessionProgress(ProgressSink& sink, const std::string& session) {
-    return {sink, "Loading Session - " + session, "Querying the database. Please wait...", 0, 100};
-}
+using Cause = PassedOver::Cause;
 
 CSessionFromDatabase::CSessionFromDatabase(const SessionContext& context)
     : m_context(context),
@@ -23,6 +20,9 @@ CSessionFromDatabase::~CSessionFromDatabase() = default;
 bool CSessionFromDatabase::CreateFileFromDatabaseSession(const SessionRequest& request) {
     tell(true);
     m_request = withSqlWildcards(request);
+    // Open from here on, so that a connection that takes its time can be seen and stopped.
+    m_progress.emplace(m_context.progress, "Loading Session - " + m_request.session,
+                       "Querying the database. Please wait...", 0, 100);
     const bool written = openDatabase() && writeSession();
     m_database.Close();
     tell(false);
@@ -38,37 +38,45 @@ void CSessionFromDatabase::show(std::string_view text) const {
     if (!UserAborted()) m_context.messages.show(text);
 }
 
+void CSessionFromDatabase::showError() {
+    if (m_error->stopped) return;
+    show(m_error->text);
+    m_errorShown = true;
+}
+
 bool CSessionFromDatabase::openDatabase() {
-    m_error = m_database.OpenEx("DSN=" + m_request.dataSource);
+    m_error = m_context.login.open(m_database, m_request.dataSource);
     if (m_error) {
-        show(m_error->text);
-        m_errorShown = true;
+        showError();
         return false;
     }
     m_database.SetQueryTimeout(kQueryTimeout);
+    m_rules = {isMySqlDriver(firstDriverText()), m_database.hasBackslashEscapes()};
     return true;
 }
 
-bool CSessionFromDatabase::openFile() {
-    const Failure failure = m_file.create();
-    if (failure) m_error = SqlError{"", 0, failure.text()};
-    return !failure;
-}
-
 bool CSessionFromDatabase::writeSession() {
-    const ProgressScope scope = sessionProgress(m_context.progress, m_request.session);
     m_schedules = {};
-    if (!openFile()) return false;
-    const bool header = writeHeader();
+    m_passedOver = {};
+    Failure failure = m_file.create();
+    const bool header = !failure && writeHeader();
     if (header) ConstructData();
     m_file.close();
-    if (m_file.error() && !m_error) m_error = SqlError{"", 0, m_file.error().text()};
-    return header && !UserAborted();
+    if (!failure) failure = m_file.error();
+    if (!failure) return header && !UserAborted() && (m_hasLines || !m_error);
+    m_error = SqlError{"", 0,
+                       "Warning: " + failure.text() +
+                           " Make room there, or name another folder in TMPDIR."};
+    showError();
+    return false;
 }
 
 bool CSessionFromDatabase::writeHeader() {
     m_error = listChannels();
-    if (m_error) return false;
+    if (m_error) {
+        showError();
+        return false;
+    }
     const auto hasChannels = [](const auto& schedule) { return !schedule.channels().empty(); };
     if (std::none_of(m_schedules.begin(), m_schedules.end(), hasChannels)) {
         show("Warning: No records were found matching the supplied criteria");
@@ -78,7 +86,10 @@ bool CSessionFromDatabase::writeHeader() {
                 "\"\nEndDescriptor\n\n");
     std::string status;
     m_error = ConstructStatus10(status);
-    if (m_error) return false;
+    if (m_error) {
+        showError();
+        return false;
+    }
     WriteToFile("<IDATA_MAP>\n");
     WriteToFile(status);
     WriteToFile("\n\n<ALL_DATA>\n");
@@ -99,22 +110,28 @@ int CSessionFromDatabase::GetScheduleID(char character) {
     }
 }
 
+Session_Schedule_Info& CSessionFromDatabase::slotOf(char character) {
+    return m_schedules[static_cast<std::size_t>(GetScheduleID(character))];
+}
+
 SqlFailure CSessionFromDatabase::listChannels() {
     CDBDataDetails details(m_database);
-    details.m_strFilter = channelFilter(m_request);
+    details.m_strFilter = channelFilter(m_request, m_rules);
     details.m_strSort = "schedule ASC,schedule_index ASC";
     SqlFailure failure = details.Open(CRecordset::snapshot);
     while (!failure && !details.IsEOF()) {
         addChannel(details);
         failure = details.MoveNext();
     }
+    const UnreadRows& unread = details.unread();
+    if (unread.count > 0) m_passedOver.add(Cause::UnreadableChannel, unread.first, unread.count);
     return failure;
 }
 
 void CSessionFromDatabase::addChannel(const CDBDataDetails& row) {
     // The last character of a longer name: "AB" counts as B here.
     const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.back();
-    Session_Schedule_Info& schedule = m_schedules[static_cast<std::size_t>(GetScheduleID(letter))];
+    Session_Schedule_Info& schedule = slotOf(letter);
     if (!schedule.find(row.m_schedule_index, row.m_label))
         schedule.add(row.m_schedule_index, row.m_label);
     schedule.rateInSeconds = static_cast<std::uint32_t>(row.m_schedule_rate_in_seconds);
@@ -134,15 +151,14 @@ SqlFailure CSessionFromDatabase::ConstructStatus10(std::string& status) {
 
 SqlFailure CSessionFromDatabase::addSchedule(CDBDataDetails& details, char letter,
                                              std::string& status) {
-    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
-    const Session_Schedule_Info& schedule = m_schedules[slot];
+    Session_Schedule_Info& schedule = slotOf(letter);
     status.append("<").append(1, letter);
     if (!schedule.channels().empty()) {
         // Schedule V has no rate of its own.
         const std::string rate = letter == 'V' ? "1" : std::to_string(schedule.rateInSeconds) + "l";
         status.append(",\"").append(rate).append("S\",G");
-        for (const Session_Channel_Info& channel : schedule.channels()) {
-            SqlFailure failure = AddChannelDetails(details, letter, channel, status);
+        for (std::size_t i = 0; i < schedule.channels().size(); ++i) {
+            SqlFailure failure = AddChannelDetails(details, letter, schedule, i, status);
             if (failure) return failure;
         }
     }
@@ -151,21 +167,22 @@ SqlFailure CSessionFromDatabase::addSchedule(CDBDataDetails& details, char lette
 }
 
 SqlFailure CSessionFromDatabase::AddChannelDetails(CDBDataDetails& details, char letter,
-                                                   const Session_Channel_Info& channel,
-                                                   std::string& text) {
-    details.m_strFilter = channelEntryFilter(m_request, letter, channel);
+                                                   Session_Schedule_Info& schedule,
+                                                   std::size_t channel, std::string& text) {
+    details.m_strFilter =
+        channelEntryFilter(m_request, letter, schedule.channels()[channel], m_rules);
     SqlFailure failure =
         details.IsOpen() ? details.Requery() : details.Open(CRecordset::forwardOnly);
     if (failure || details.IsEOF()) return failure;
-    text.append(",<\"").append(details.m_label).append("\",\"").append(details.m_units);
-    text.append("\",").append(typeCode(details.m_value_type)).append(",0,8,4,1>");
+    schedule.setEntry(channel);
+    appendChannelTexts(details.m_label, details.m_units, text.append(",<"));
+    text.append(",").append(typeCode(details.m_value_type)).append(",0,8,4,1>");
     return {};
 }
 
 void CSessionFromDatabase::ConstructData() {
     CDBDataData3 row(m_database);
-    const bool mySql = isMySqlDriver(firstDriverText());
-    row.m_strFilter = readingFilter(m_request, mySql, m_context.corrections);
+    row.m_strFilter = readingFilter(m_request, m_rules);
     row.m_strSort = "data_time ASC,sub_time ASC,schedule ASC,schedule_index ASC";
     m_linePending = false;
     m_lineTime = CTime::now();
@@ -176,15 +193,17 @@ void CSessionFromDatabase::ConstructData() {
         m_context.progress.addString("Starting data retrieval...");
         m_error = writeReadings(row);
     }
-    if (m_error) show("Warning: Database exception. Load aborted.");
+    const UnreadRows& unread = row.unread();
+    if (unread.count > 0) m_passedOver.add(Cause::UnreadableReading, unread.first, unread.count);
+    if (m_error && !m_error->stopped) show("Warning: Database exception. Load aborted.");
 }
 
 SqlFailure CSessionFromDatabase::writeReadings(CDBDataData3& row) {
     std::uint32_t count = 0;
-    while (!row.IsEOF() && !UserAborted()) {
+    while (!row.IsEOF() && !m_file.error() && !UserAborted()) {
         if (++count % 100 == 0)
             m_context.progress.addString("Retrieved " + std::to_string(count) + " records");
-        if (!row.m_data_time.isNull()) takeReading(row);
+        takeReading(row, count);
         SqlFailure failure = row.MoveNext();
         if (failure) return failure;
     }
@@ -192,7 +211,8 @@ SqlFailure CSessionFromDatabase::writeReadings(CDBDataData3& row) {
     return {};
 }
 
-void CSessionFromDatabase::takeReading(const CDBDataData3& row) {
+void CSessionFromDatabase::takeReading(const CDBDataData3& row, std::int64_t number) {
+    if (row.m_data_time.isNull()) return m_passedOver.add(Cause::ReadingWithoutTime, number);
     if (row.m_data_time != m_lineTime || row.m_sub_time != m_lineSubTime ||
         row.m_schedule != m_lineSchedule) {
         if (m_linePending) BuildActiveLine(m_lineSchedule, m_line);
@@ -200,10 +220,11 @@ void CSessionFromDatabase::takeReading(const CDBDataData3& row) {
     }
     if (!m_linePending) return;
     const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.front();
-    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
-    Session_Channel_Info* channel = m_schedules[slot].find(row.m_schedule_index, row.m_label);
-    if (!channel) return;
-    channel->value = row.m_data_value;
+    Session_Channel_Info* channel = slotOf(letter).find(row.m_schedule_index, row.m_label);
+    if (!channel || !channel->hasEntry)
+        return m_passedOver.add(Cause::ReadingWithoutChannel, number);
+    if (!row.m_data_value) m_passedOver.add(Cause::ReadingWithoutValue, number);
+    channel->value = row.m_data_value.value_or(0);
     channel->status = row.m_data_status;
 }
 
@@ -218,10 +239,10 @@ void CSessionFromDatabase::startLine(const CDBDataData3& row) {
 
 void CSessionFromDatabase::BuildActiveLine(const std::string& schedule, std::string& line) {
     const char letter = schedule.empty() ? '\0' : schedule.front();
-    const auto slot = static_cast<std::size_t>(GetScheduleID(letter));
-    for (const Session_Channel_Info& channel : m_schedules[slot].channels())
-        appendValue(channel, line);
+    for (const Session_Channel_Info& channel : slotOf(letter).channels())
+        if (channel.hasEntry) appendValue(channel, line);
     line += ":\n";
+    m_hasLines = true;
     WriteToFile(line);
 }
 

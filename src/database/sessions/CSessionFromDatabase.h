@@ -2,12 +2,13 @@
 
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
-#include "database/odbc/CDatabase.h"
 #include "database/odbc/CTime.h"
+#include "database/odbc/DataSourceLogin.h"
 #include "database/sessions/SessionRequest.h"
 #include "database/sessions/SessionTempFile.h"
 #include "database/sessions/Session_Schedule_Info.h"
-#include "replay/time/TimeCorrections.h"
+#include "database/sessions/SqlTerm.h"
+#include "replay/load/PassedOver.h"
 
 #include <array>
 #include <functional>
@@ -26,17 +27,14 @@ struct SessionContext {
     MessageSink& messages;
     ProgressSink& progress;
     LongCall& call;
-    const TimeCorrections& corrections;
+    DataSourceLogin& login;
     /// Told true when the work starts and false when it ends; absent where nobody listens.
     std::function<void(bool)> tellMainWindow = {};
 };
 
-/// The progress display of a session's load, as the load opens it and whoever started it may
-/// before.
-[[nodiscard]] ProgressScope sessionProgress(ProgressSink& sink, const std::string& session);
-
 /// Writes one stored session as replay text to a temporary file, which is gone with this object.
-/// One object serves one load. It shows no message once the person has stopped it.
+/// One object serves one load; it holds the progress display open as long as it lives, for the load
+/// of the text too. It shows no message once the person has stopped it.
 class CSessionFromDatabase {
   public:
     static constexpr int kSlots = 17;
@@ -49,8 +47,10 @@ class CSessionFromDatabase {
     CSessionFromDatabase& operator=(const CSessionFromDatabase&) = delete;
 
     /// Writes the session. True when the file is complete, or as far as the database went before
-    /// it failed among the readings; false when it holds nothing, or the person stopped it. The
-    /// request has the person's wildcards, '*' and '?'.
+    /// it failed among the readings, which LastError() tells; false when it failed before the first
+    /// line of them, when nothing fits or the file could not be written, or the person stopped it.
+    /// The request has the person's wildcards, '*' and
+    /// '?'.
     bool CreateFileFromDatabaseSession(const SessionRequest& request);
 
     /// The written file, for opening while this object lives; empty when there is none.
@@ -64,9 +64,12 @@ class CSessionFromDatabase {
     /// The session as asked for, with SQL's wildcards.
     [[nodiscard]] const std::string& SessionName() const { return m_request.session; }
 
-    [[nodiscard]] const CMyTime& SessionStart() const { return m_request.start; }
+    [[nodiscard]] const CTime& SessionStart() const { return m_request.start; }
 
-    [[nodiscard]] const CMyTime& SessionEnd() const { return m_request.end; }
+    [[nodiscard]] const CTime& SessionEnd() const { return m_request.end; }
+
+    /// What of the session stands nowhere in the file.
+    [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
     /// The last failure, of the database or of the temporary file (its state empty), whether or
     /// not a message told of it.
@@ -89,10 +92,11 @@ class CSessionFromDatabase {
     SqlFailure ConstructStatus10(std::string& status);
     SqlFailure addSchedule(CDBDataDetails& details, char letter, std::string& status);
     SqlFailure AddChannelDetails(CDBDataDetails& details, char letter,
-                                 const Session_Channel_Info& channel, std::string& text);
+                                 Session_Schedule_Info& schedule, std::size_t channel,
+                                 std::string& text);
     void ConstructData();
     SqlFailure writeReadings(CDBDataData3& row);
-    void takeReading(const CDBDataData3& row);
+    void takeReading(const CDBDataData3& row, std::int64_t number);
     void startLine(const CDBDataData3& row);
     void BuildActiveLine(const std::string& schedule, std::string& line);
     bool WriteToFile(std::string_view text);
@@ -101,18 +105,24 @@ class CSessionFromDatabase {
 
     void tell(bool working) const;
     void show(std::string_view text) const;
+    void showError();
+    Session_Schedule_Info& slotOf(char character);
 
     SessionContext m_context;
     SessionRequest m_request;
+    SqlRules m_rules;
     CDatabase m_database;
     SessionTempFile m_file;
     std::array<Session_Schedule_Info, kSlots> m_schedules;
+    std::optional<ProgressScope> m_progress;
+    PassedOver m_passedOver;
     SqlFailure m_error;
     bool m_errorShown = false;
 
     // The line that is being made, and the reading that it began with.
     std::string m_line;
     bool m_linePending = false;
+    bool m_hasLines = false; ///< one was written
     CTime m_lineTime;
     std::int32_t m_lineSubTime = 0;
     std::string m_lineSchedule;

@@ -16,6 +16,15 @@ void appendNumber(Number number, std::string& line) {
     line.append(text.data(), end);
 }
 
+// Each character of `unfit` becomes the one at its place in `instead`.
+void appendWithout(std::string_view unfit, std::string_view instead, std::string_view text,
+                   std::string& line) {
+    for (const char c : text) {
+        const std::size_t at = unfit.find(c);
+        line += at == std::string_view::npos ? c : instead[at];
+    }
+}
+
 // Character 254 alone marks a logger without an address, in a single byte or in UTF-8.
 bool isNoAddress(std::string_view address) {
     return address == "\xFE" || address == "\xC3\xBE";
@@ -24,7 +33,11 @@ bool isNoAddress(std::string_view address) {
 } // namespace
 
 void appendLineHead(const LineHead& head, std::string& line) {
-    line.append("D,").append(isNoAddress(head.address) ? "0" : head.address).append(",");
+    constexpr std::string_view kUnfit = ",\r\n";
+    constexpr std::string_view kInstead = ".  ";
+    line.append("D,");
+    appendWithout(kUnfit, kInstead, isNoAddress(head.address) ? "0" : head.address, line);
+    line += ',';
     std::array<char, 48> text;
     char* end = head.time.writeDate(text.data());
     *end++ = ',';
@@ -36,7 +49,19 @@ void appendLineHead(const LineHead& head, std::string& line) {
     } else {
         line.append(",0.000000");
     }
-    line.append(",1:").append(head.schedule).append(",0");
+    line.append(",1:");
+    appendWithout(kUnfit, kInstead, head.schedule, line);
+    line.append(",0");
+}
+
+void appendChannelTexts(std::string_view label, std::string_view units, std::string& line) {
+    constexpr std::string_view kUnfit = "<>\r\n";
+    constexpr std::string_view kInstead = "[]  ";
+    line += '"';
+    appendWithout(kUnfit, kInstead, label, line);
+    line.append("\",\"");
+    appendWithout(kUnfit, kInstead, units, line);
+    line += '"';
 }
 
 void appendValue(const Session_Channel_Info& channel, std::string& line) {

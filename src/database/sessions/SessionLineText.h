@@ -17,8 +17,13 @@ struct LineHead {
     const std::string& schedule;
 };
 
-/// Appends a data line's head: from its tag to the channel offset.
+/// Appends a data line's head: from its tag to the channel offset. Commas in a text of it become
+/// points, since they would end it.
 void appendLineHead(const LineHead& head, std::string& line);
+
+/// Appends a channel's label and units to a status line, in double quotes. Replay text has no
+/// escapes: brackets that would end the channel become square ones, line ends blanks.
+void appendChannelTexts(std::string_view label, std::string_view units, std::string& line);
 
 /// Appends a channel's value and status: whole numbers, or the date or time of day of an automation
 /// date where the label says "Date" or "Time".

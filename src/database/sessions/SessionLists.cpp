@@ -1,11 +1,8 @@
 #include "database/sessions/SessionLists.h"
 
 #include "database/odbc/CDatabase.h"
-#include "database/sessions/CDBDataData1.h"
-#include "database/sessions/CDBDataData2.h"
-#include "database/sessions/CDBDataDetails.h"
-#include "database/sessions/CDBDataHeader.h"
-#include "database/sessions/SessionListFilters.h"
+#include "database/sessions/SessionFilter.h"
+#include "database/sessions/SessionTables.h"
 
 #include <set>
 
@@ -58,12 +55,6 @@ class Beginnings {
     std::set<std::string, std::less<>> m_texts;
 };
 
-SqlFailure open(CDatabase& database, const std::string& dsn,
-                CDatabase::Options options = CDatabase::noOdbcDialog) {
-    database.SetQueryTimeout(kQueryTimeout);
-    return database.OpenEx("DSN=" + dsn, options);
-}
-
 template <class Rows, class Take>
 SqlFailure forEachRow(Rows& rows, const std::string& filter, Take take) {
     rows.m_strFilter = filter;
@@ -84,15 +75,21 @@ SqlFailure readTime(CDatabase& database, const std::string& filter, CTime& time)
 
 } // namespace
 
-SessionLists::SessionLists(std::string dsn, LongCall& call, Fold fold)
+SessionLists::SessionLists(std::string dsn, LongCall& call, DataSourceLogin& login, Fold fold)
     : m_dsn(std::move(dsn)),
       m_call(call),
+      m_login(login),
       m_fold(std::move(fold)) {}
+
+SqlFailure SessionLists::open(CDatabase& database, CDatabase::Options options) const {
+    database.SetQueryTimeout(kQueryTimeout);
+    return m_login.open(database, m_dsn, options);
+}
 
 SessionLists::List SessionLists::sessions() const {
     List list;
     CDatabase database(m_call);
-    list.failure = open(database, m_dsn);
+    list.failure = open(database, CDatabase::noOdbcDialog);
     if (list.failure) return list;
     SessionNames rows(database);
     rows.setBlockRows(kNamesAtOnce);
@@ -101,47 +98,50 @@ SessionLists::List SessionLists::sessions() const {
     return list;
 }
 
-SessionLists::List SessionLists::distinct(std::string_view column,
-                                          const std::string& filter) const {
+SessionLists::List SessionLists::distinct(std::string_view column, const Filter& filter) const {
     List list;
     CDatabase database(m_call);
-    list.failure = open(database, m_dsn);
+    list.failure = open(database, CDatabase::noOdbcDialog);
     if (!list.failure) {
         ChannelTexts rows(database, column);
         Beginnings listed;
         std::string last;
-        list.failure = forEachRow(rows, filter, [&](const ChannelTexts& row) {
-            // Channels of one site follow each other.
-            if (!list.texts.empty() && row.m_text == last) return;
-            last = row.m_text;
-            auto folded = m_fold(row.m_text);
-            if (listed.has(folded)) return;
-            list.texts.add(row.m_text);
-            listed.add(std::move(folded));
-        });
+        list.failure = forEachRow(rows, filter({false, database.hasBackslashEscapes()}),
+                                  [&](const ChannelTexts& row) {
+                                      // Channels of one site follow each other.
+                                      if (!list.texts.empty() && row.m_text == last) return;
+                                      last = row.m_text;
+                                      auto folded = m_fold(row.m_text);
+                                      if (listed.has(folded)) return;
+                                      list.texts.add(row.m_text);
+                                      listed.add(std::move(folded));
+                                  });
     }
     list.texts.add("*");
     return list;
 }
 
 SessionLists::List SessionLists::sites(std::string_view session) const {
-    return distinct("site_id", siteListFilter(session));
+    return distinct("site_id",
+                    [&](const SqlRules& rules) { return siteListFilter(session, rules); });
 }
 
 SessionLists::List SessionLists::jobs(std::string_view session, std::string_view site) const {
-    return distinct("job", jobListFilter(session, site));
+    return distinct("job",
+                    [&](const SqlRules& rules) { return jobListFilter(session, site, rules); });
 }
 
 SessionLists::List SessionLists::schedules(std::string_view session, std::string_view site) const {
     List list;
     list.texts.add("*");
     CDatabase database(m_call);
-    list.failure = open(database, m_dsn);
+    list.failure = open(database, CDatabase::noOdbcDialog);
     if (list.failure) return list;
     ChannelTexts rows(database, "schedule");
     std::set<std::string, std::less<>> listed = {"*"};
+    const SqlRules rules{false, database.hasBackslashEscapes()};
     list.failure =
-        forEachRow(rows, scheduleListFilter(session, site), [&](const ChannelTexts& row) {
+        forEachRow(rows, scheduleListFilter(session, site, rules), [&](const ChannelTexts& row) {
             if (listed.insert(row.m_text).second) list.texts.add(row.m_text);
         });
     return list;
@@ -150,14 +150,15 @@ SessionLists::List SessionLists::schedules(std::string_view session, std::string
 SessionLists::Range SessionLists::range(const SessionRequest& request, bool mySql) const {
     Range range;
     CDatabase database(m_call);
-    range.failure = open(database, m_dsn, CDatabase::defaultOptions);
+    range.failure = open(database, CDatabase::defaultOptions);
+    const SqlRules rules{mySql, database.hasBackslashEscapes()};
     if (!range.failure) {
         range.failure =
-            readTime<CDBDataData1>(database, earliestFilter(request, mySql), range.earliest);
+            readTime<CDBDataData1>(database, earliestFilter(request, rules), range.earliest);
     }
     if (!range.failure)
         range.failure =
-            readTime<CDBDataData2>(database, latestFilter(request, mySql), range.latest);
+            readTime<CDBDataData2>(database, latestFilter(request, rules), range.latest);
     return range;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "database/odbc/CTime.h"
+#include "database/odbc/DataSourceLogin.h"
 #include "database/odbc/LongCall.h"
-#include "database/odbc/SqlError.h"
 #include "database/sessions/SessionRequest.h"
+#include "database/sessions/SqlTerm.h"
 #include "database/sessions/TextList.h"
 
 #include <functional>
@@ -19,8 +20,8 @@ class SessionLists {
     /// Makes texts that differ in capitals only the same.
     using Fold = std::function<std::string(std::string_view)>;
 
-    /// `call` outlives the object. `fold` is needed for sites and jobs.
-    SessionLists(std::string dsn, LongCall& call, Fold fold = {});
+    /// `call` and `login` outlive the object. `fold` is needed for sites and jobs.
+    SessionLists(std::string dsn, LongCall& call, DataSourceLogin& login, Fold fold = {});
 
     /// A list, as far as it was read.
     struct List {
@@ -44,14 +45,19 @@ class SessionLists {
     [[nodiscard]] List jobs(std::string_view session, std::string_view site) const;
     /// "*", then each schedule of a session at a site once.
     [[nodiscard]] List schedules(std::string_view session, std::string_view site) const;
-    /// The range of times; the request has SQL wildcards. See SessionListFilters on `mySql`.
+    /// The range of times; the request has SQL wildcards. `mySql` turns on the
+    /// rule that exact values are compared as beginnings.
     [[nodiscard]] Range range(const SessionRequest& request, bool mySql) const;
 
   private:
-    [[nodiscard]] List distinct(std::string_view column, const std::string& filter) const;
+    using Filter = std::function<std::string(const SqlRules& rules)>;
+
+    [[nodiscard]] List distinct(std::string_view column, const Filter& filter) const;
+    SqlFailure open(CDatabase& database, CDatabase::Options options) const;
 
     std::string m_dsn;
     LongCall& m_call;
+    DataSourceLogin& m_login;
     Fold m_fold;
 };
 

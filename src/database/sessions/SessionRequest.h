@@ -1,6 +1,6 @@
 #pragma once
 
-#include "replay/time/CMyTime.h"
+#include "database/odbc/CTime.h"
 
 #include <string>
 
@@ -15,9 +15,10 @@ struct SessionRequest {
     std::string job = {};
     std::string schedule = {};
     std::string label = {};
-    // Both ends included; a time up to 1989-01-01 sets no bound.
-    CMyTime start = {};
-    CMyTime end = {};
+    // Both ends included, as a person typed them, whatever the time zone; a time up to 1989-01-01
+    // and none at all set no bound.
+    CTime start = {};
+    CTime end = {};
 };
 
 } // namespace pellam

@@ -10,19 +10,12 @@
 
 namespace pellam {
 
-namespace {
-
-constexpr std::size_t kBuffer = 256 * 1024;
-
-} // namespace
-
 SessionTempFile::~SessionTempFile() {
     remove();
 }
 
 Failure SessionTempFile::create() {
     remove();
-    m_error = {};
     std::error_code unknown;
     auto folder = std::filesystem::temp_directory_path(unknown);
     if (unknown) folder = "/tmp";
@@ -31,7 +24,7 @@ Failure SessionTempFile::create() {
     m_file = ::mkostemps(name.data(), static_cast<int>(kSuffix.size()), O_CLOEXEC);
     if (m_file < 0) return Failure::fromErrno(Failure::Kind::Open, name, errno);
     hide(name);
-    m_buffer.reserve(kBuffer);
+    start(m_file, name);
     m_writing = true;
     return {};
 }
@@ -45,32 +38,15 @@ void SessionTempFile::hide(const std::string& name) {
 
 bool SessionTempFile::write(std::string_view bytes) {
     if (!m_writing) return false;
-    m_buffer.append(bytes);
-    return m_buffer.size() < kBuffer || flush();
-}
-
-bool SessionTempFile::flush() {
-    std::string_view rest = m_buffer;
-    while (!rest.empty()) {
-        const ssize_t count = ::write(m_file, rest.data(), rest.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) {
-            if (!m_error) m_error = Failure::fromErrno(Failure::Kind::Write, m_name, errno);
-            break;
-        }
-        rest.remove_prefix(static_cast<std::size_t>(count));
-    }
-    const bool good = rest.empty();
-    m_buffer.clear();
-    return good;
+    append(bytes);
+    return !failed();
 }
 
 bool SessionTempFile::close() {
     if (!m_writing) return false;
     m_writing = false;
-    const bool good = flush();
-    m_buffer = {};
-    return good;
+    flush();
+    return !failed();
 }
 
 void SessionTempFile::remove() {
@@ -81,7 +57,6 @@ void SessionTempFile::remove() {
     if (!m_hidden) ::unlink(m_name.c_str());
     m_path.clear();
     m_name.clear();
-    m_buffer = {};
 }
 
 } // namespace pellam

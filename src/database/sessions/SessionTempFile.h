@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Failure.h"
+#include "base/BlockWriter.h"
 
 #include <string>
 #include <string_view>
@@ -10,7 +10,7 @@ namespace pellam {
 /// A temporary file for this user alone, mode 0600. Its name is taken from the folder as soon as
 /// it is open, so that nothing of it stays however the program ends, a kill included; it is read
 /// through path().
-class SessionTempFile {
+class SessionTempFile : private BlockWriter {
   public:
     SessionTempFile() = default;
     ~SessionTempFile();
@@ -20,7 +20,7 @@ class SessionTempFile {
     /// Creates the file, empty, in the system's temporary folder. An earlier one is removed.
     [[nodiscard]] Failure create();
 
-    /// Keeps the bytes for the file; false, and they are lost, when it cannot take them.
+    /// Keeps the bytes for the file; false, and they are lost, once it could not take some.
     bool write(std::string_view bytes);
     /// Writes what is kept; false when the file cannot take it. write() is refused afterwards.
     bool close();
@@ -30,19 +30,16 @@ class SessionTempFile {
     [[nodiscard]] const std::string& path() const { return m_path; }
 
     /// The first failure of a write.
-    [[nodiscard]] const Failure& error() const { return m_error; }
+    [[nodiscard]] const Failure& error() const { return failure(); }
 
     /// Removes the file; harmless when there is none.
     void remove();
 
   private:
     void hide(const std::string& name);
-    bool flush();
 
     std::string m_path;
     std::string m_name; ///< its name in the folder
-    std::string m_buffer;
-    Failure m_error;
     int m_file = -1;
     bool m_hidden = false; ///< the name is taken from the folder
     bool m_writing = false;

@@ -15,6 +15,7 @@ struct Session_Channel_Info {
     std::string label;
     double value = 0.0;
     std::int32_t status = 4;
+    bool hasEntry = false; ///< stands in the status line; without, it takes no value of a data line
 };
 
 /// One schedule: its channels in order.
@@ -24,6 +25,10 @@ class Session_Schedule_Info {
 
     /// The first channel that a row belongs to; null when there is none. Good until add().
     Session_Channel_Info* find(std::int32_t scheduleIndex, const std::string& label);
+
+    /// Marks a channel, by its place in the order, as one of the status line.
+    void setEntry(std::size_t channel) { m_channels[channel].hasEntry = true; }
+
     void add(std::int32_t scheduleIndex, const std::string& label);
 
     std::uint32_t rateInSeconds = 0;

@@ -4,8 +4,7 @@
 #include "base/Utf8.h"
 #include "database/odbc/DataSources.h"
 #include "database/sessions/SessionFilter.h"
-#include "database/sessions/SessionTime.h"
-#include "database/sessions/Wildcards.h"
+#include "database/sessions/SqlTerm.h"
 #include "database/ui/PickBox.h"
 #include "database/ui/WorkEvent.h"
 
@@ -31,10 +30,12 @@ std::string foldCase(std::string_view text) {
     return shown(text).toCaseFolded().toStdString();
 }
 
-CMyTime moment(const QDateEdit* date, const QTimeEdit* time) {
-    const QString text = date->date().toString(QStringLiteral("yyyy/MM/dd")) + u',' +
-                         time->time().toString(QStringLiteral("HH:mm:ss"));
-    return sessionTime(text.toStdString()).value_or(CMyTime());
+CTime moment(const QDateEdit* dateEdit, const QTimeEdit* timeEdit) {
+    const auto byte = [](int number) { return static_cast<std::uint8_t>(number); };
+    const QDate date = dateEdit->date();
+    const QTime time = timeEdit->time();
+    return {date.year(),       byte(date.month()),  byte(date.day()),
+            byte(time.hour()), byte(time.minute()), byte(time.second())};
 }
 
 } // namespace
@@ -54,6 +55,7 @@ void CSessionNameDlg::connectFields() {
     connect(m_dsn, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeDatabase);
     connect(m_session, &PickBox::typed, this, &CSessionNameDlg::OnEditSession);
     connect(m_session, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSession);
+    connect(m_site, &PickBox::typed, this, &CSessionNameDlg::OnEditSite);
     connect(m_site, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSite);
     connect(m_job, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeJob);
     connect(m_schedule, &PickBox::picked, this, &CSessionNameDlg::OnSelchangeSchedule);
@@ -86,7 +88,7 @@ void CSessionNameDlg::OnInitDialog() {
     m_label->setTexts(std::move(all));
     m_label->selectFirst();
     OnFillDSN1();
-    m_dsn->setEditText(m_context.lastDsn());
+    m_dsn->setEditText(lastDsn());
     m_request.dataSource = m_dsn->bytes();
     (m_dsn->currentText().isEmpty() ? m_dsn : m_session)->setFocus();
     showReady();
@@ -98,6 +100,14 @@ void CSessionNameDlg::OnFillDSN1() {
         names.add(source.name);
     if (names.empty()) m_status->setText(tr("No ODBC data sources are set up."));
     m_dsn->setTexts(std::move(names));
+}
+
+// A name with ';' was typed before such were refused, and may hold a password.
+QString CSessionNameDlg::lastDsn() const {
+    const auto stored = m_context.lastDsn();
+    const auto name = stored.section(u';', 0, 0);
+    if (name != stored) m_context.saveDsn(name);
+    return name;
 }
 
 // --- The lists
@@ -115,7 +125,7 @@ void CSessionNameDlg::endQuestion() {
 }
 
 SessionLists CSessionNameDlg::lists() {
-    return {m_request.dataSource, m_call, foldCase};
+    return {m_request.dataSource, m_call, m_context.login, foldCase};
 }
 
 template <class Question>
@@ -125,7 +135,7 @@ bool CSessionNameDlg::fill(PickBox* box, const QString& what, Question question)
     endQuestion();
     box->setTexts(std::move(list.texts));
     if (!list.failure) return true;
-    if (!m_call.stopped()) m_context.messages.show(list.failure->text);
+    if (!m_call.stopped() && !list.failure->stopped) m_context.messages.show(list.failure->text);
     return false;
 }
 
@@ -175,7 +185,7 @@ bool CSessionNameDlg::OnDropdownSchedule() {
 
 void CSessionNameDlg::rememberDsn() {
     m_request.dataSource = m_dsn->bytes();
-    m_context.saveDsn(m_dsn->currentText());
+    if (DataSourceLogin::isName(m_request.dataSource)) m_context.saveDsn(m_dsn->currentText());
 }
 
 void CSessionNameDlg::OnSelchangeDatabase() {
@@ -185,6 +195,17 @@ void CSessionNameDlg::OnSelchangeDatabase() {
 
 void CSessionNameDlg::OnEditSession() {
     m_request.session = toSqlWildcards(m_session->bytes());
+    for (auto* box : {m_site, m_job, m_schedule})
+        box->forget(QStringLiteral("*"));
+    m_request.site = m_site->bytes();
+    m_request.job = m_job->bytes();
+}
+
+void CSessionNameDlg::OnEditSite() {
+    m_request.site = m_site->bytes();
+    for (auto* box : {m_job, m_schedule})
+        box->forget(QStringLiteral("*"));
+    m_request.job = m_job->bytes();
 }
 
 void CSessionNameDlg::OnSelchangeSession() {
@@ -226,7 +247,9 @@ void CSessionNameDlg::OnCheck1() {
     setPickers(m_endDate, m_endTime, range.latest);
     const bool found = !range.earliest.isNull() && !range.latest.isNull();
     m_fromData->setChecked(found);
-    if (!found && !range.failure) m_status->setText(tr("No reading fits this choice."));
+    if (!found && !m_call.stopped())
+        m_status->setText(range.failure ? tr("The first and the last reading could not be found.")
+                                        : tr("No reading fits this choice."));
     WorkEvent::post(parentWidget(), false);
 }
 
@@ -245,6 +268,8 @@ void CSessionNameDlg::showReady() {
 void CSessionNameDlg::OnOK() {
     if (m_call.isRunning() || !m_ok->isEnabled()) return;
     if (m_dsn->bytes() != m_request.dataSource) rememberDsn();
+    if (!DataSourceLogin::isName(m_request.dataSource))
+        return m_context.messages.show(DataSourceLogin::notAName().text);
     takeFields();
     m_request.start = moment(m_startDate, m_startTime);
     m_request.end = moment(m_endDate, m_endTime);

@@ -35,6 +35,7 @@ class CSessionNameDlg : public QDialog {
         std::function<QString()> lastDsn;                 ///< the data source used last
         std::function<void(const QString& name)> saveDsn; ///< called as soon as one is picked
         MessageSink& messages;
+        DataSourceLogin& login;
         int standardBias = 0; ///< seconds, see TimeCorrections
         int daylightBias = 0;
     };
@@ -51,9 +52,12 @@ class CSessionNameDlg : public QDialog {
     /// Lists the data sources.
     void OnFillDSN1();
     void OnSelchangeDatabase();
+    /// Takes the typed session. What was picked for another one gives way to "*".
     void OnEditSession();
     void OnSelchangeSession();
     void OnSelchangeSite();
+    /// Takes the typed site, for the lists of jobs and schedules.
+    void OnEditSite();
     void OnSelchangeJob();
     void OnSelchangeSchedule();
     /// List sessions, sites, jobs and schedules, each followed by the lists that depend on it. A
@@ -89,6 +93,7 @@ class CSessionNameDlg : public QDialog {
     void endQuestion();
     void setPickers(QDateEdit* date, QTimeEdit* time, const CTime& moment);
     void rememberDsn();
+    [[nodiscard]] QString lastDsn() const;
     void takeFields();
     void showReady();
 

@@ -1,6 +1,6 @@
 #include "database/ui/PickBox.h"
 
-#include "database/sessions/Wildcards.h"
+#include "database/sessions/SqlTerm.h"
 #include "database/ui/TextListModel.h"
 
 #include <QAbstractItemView>
@@ -58,6 +58,12 @@ void PickBox::setTexts(TextList texts) {
 
 void PickBox::selectFirst() {
     if (count() > 0) setCurrentIndex(0);
+}
+
+void PickBox::forget(const QString& text) {
+    const bool chosen = currentIndex() >= 0 && itemText(currentIndex()) == currentText();
+    setTexts({});
+    if (chosen) setEditText(text);
 }
 
 std::string PickBox::bytes() const {

@@ -35,6 +35,9 @@ class PickBox : public QComboBox {
     /// Chooses the first text of the list for the field; an empty list leaves the field alone.
     void selectFirst();
 
+    /// Empties the list; a field whose text was chosen from it takes `text` instead.
+    void forget(const QString& text);
+
     /// The field's bytes: those of the list's text when one is chosen, else UTF-8.
     [[nodiscard]] std::string bytes() const;
 

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTimeEdit>
+#include <QTimeZone>
 #include <QVBoxLayout>
 
 namespace pellam {
@@ -19,7 +20,11 @@ template <class Picker>
 Picker* addPicker(QHBoxLayout* row, const QString& format, const QString& name) {
     auto* picker = new Picker;
     // Fields of the calendar, not moments: no zone may skip one of them.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
+    picker->setTimeZone(QTimeZone::utc());
+#else
     picker->setTimeSpec(Qt::UTC);
+#endif
     picker->setDisplayFormat(format);
     picker->setAccessibleName(name);
     row->addWidget(picker, 1);

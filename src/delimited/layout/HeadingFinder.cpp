@@ -1,6 +1,6 @@
 #include "delimited/layout/HeadingFinder.h"
 
-#include "delimited/layout/UnitWords.h"
+#include "base/UnitWords.h"
 #include "delimited/sample/FieldSplitter.h"
 #include "delimited/sample/SampleRecords.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "replay/checks/CCrc16.h"
+#include "replay/checks/CCrc.h"
 
 #include <string_view>
 
@@ -10,9 +10,13 @@ namespace pellam {
 /// including that ';', in hexadecimal.
 class LineCheck {
   public:
-    /// True when the suffix is right and when there is none: no ';', nothing behind it, or a ','
-    /// behind it. A suffix that is no hexadecimal number is wrong. `line` has no line end.
+    /// True when the suffix is right and when there is none: no ';', nothing behind it, a ','
+    /// behind it, or the last ';' stands in a quoted text. A suffix that is no hexadecimal number
+    /// is wrong. `line` has no line end.
     [[nodiscard]] bool isGood(std::string_view line) const;
+
+    /// Whether a suffix, with blanks around it, is a hexadecimal number.
+    [[nodiscard]] static bool isChecksum(std::string_view suffix);
 
   private:
     CCrc16 m_crc;

@@ -2,14 +2,14 @@
 
 #include "base/LeadingNumber.h"
 #include "base/LineReader.h"
-#include "replay/checks/CCrc32.h"
+#include "base/RegularFile.h"
+#include "replay/checks/CCrc.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <filesystem>
-#include <fstream>
 #include <optional>
+#include <system_error>
 
 namespace pellam {
 
@@ -52,19 +52,26 @@ std::optional<Lines> readLines(const std::string& path) {
 }
 
 std::optional<std::uint32_t> checksumOf(const std::string& path) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
+    RegularFile file;
+    if (file.open(path)) return std::nullopt;
     const CCrc32 crc;
     std::uint32_t sum = 0;
     std::array<char, 65536> block;
-    do {
-        file.read(block.data(), block.size());
-        sum = crc.CalculateBlock(block.data(), static_cast<std::size_t>(file.gcount()), sum);
-    } while (file);
-    if (file.bad()) return std::nullopt;
+    std::int64_t offset = 0;
+    while (const std::size_t got = file.read(block.data(), block.size(), offset)) {
+        sum = crc.CalculateBlock(block.data(), got, sum);
+        offset += static_cast<std::int64_t>(got);
+    }
+    if (file.error()) return std::nullopt;
     return sum;
+}
+
+// The path from the root, with nothing in it that leads nowhere: only its length can be compared
+// with that of the recorded one.
+std::string wholePath(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(path, error);
+    return error ? path : whole.lexically_normal().string();
 }
 
 // This program's rule: the location's tail is as long as the name in a folder of equal length.
@@ -87,7 +94,7 @@ SignatureResult checkSignature(const std::string& path, MessageSink& messages) {
     if (!nameContains(path, ".sig")) return {path, false};
     const std::optional<Lines> lines = readLines(path);
     if (!lines) {
-        messages.show("Warning: Can not open replay file");
+        messages.showAbout(path, "Warning: Can not open replay file");
         return {};
     }
     const std::string checksum = withoutTags((*lines)[3], "CRC32");
@@ -98,7 +105,7 @@ SignatureResult checkSignature(const std::string& path, MessageSink& messages) {
         return {};
     }
     if (path.find_last_of(kSeparators) != std::string::npos) {
-        std::string candidate = besideSignature(path, location);
+        std::string candidate = besideSignature(wholePath(path), location);
         if (candidate != location) {
             location = std::move(candidate);
             messages.show("Warning: Signature or Replay file has been moved from original "
@@ -107,7 +114,7 @@ SignatureResult checkSignature(const std::string& path, MessageSink& messages) {
     }
     const std::optional<std::uint32_t> found = checksumOf(location);
     if (!found) {
-        messages.show("Warning: Can not open replay file");
+        messages.showAbout(location, "Warning: Can not open replay file");
         return {};
     }
     if (*found != leadingHexadecimal(checksum)) {

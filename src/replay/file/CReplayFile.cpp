@@ -30,12 +30,16 @@ std::string typeAttribute(std::string_view line) {
     return std::string(withoutLineEnd(value.substr(0, value.find_first_of("\">"))));
 }
 
+CMyTime timeFromNumber(std::string_view field, const TimeCorrections& corrections) {
+    CMyTime time(leadingDouble(field) + TimeCorrections::dtOffset);
+    time += corrections.standardBias;
+    if (corrections.daylightBias != 0 && time.IsDaylightTime()) time += corrections.daylightBias;
+    return time;
+}
+
 } // namespace
 
-CReplayFile::CReplayFile(const std::string& path, MessageSink& messages,
-                         const TimeCorrections& corrections)
-    : m_messages(messages),
-      m_corrections(corrections) {
+CReplayFile::CReplayFile(const std::string& path, MessageSink& messages) : m_messages(messages) {
     CheckSignature(path);
     if (m_fileName.empty()) return;
     open();
@@ -46,7 +50,6 @@ CReplayFile::CReplayFile(const std::string& path, MessageSink& messages,
     ReadLineCount();
     ReadProgramName();
     ReadContentsType();
-    ReadDataRange();
     ReadDataMap();
     SeekToStartOfData();
     m_currentLine = 0;
@@ -62,7 +65,7 @@ void CReplayFile::open() {
     std::erase(m_fileName, '"');
     auto reader = std::make_unique<LineReader>();
     if (nameContains(m_fileName, ".dlx") || reader->open(m_fileName)) {
-        m_messages.show("Warning: Can not open replay file");
+        m_messages.showAbout(m_fileName, "Warning: Can not open replay file");
         return;
     }
     m_reader = std::move(reader);
@@ -116,8 +119,6 @@ void CReplayFile::scanSmallFile() {
     m_cryptState = crypt.state();
     m_lineCount = facts.lines;
     m_schedules = facts.schedules;
-    m_firstTime = ExtractTime(facts.firstReading);
-    m_lastTime = ExtractTime(facts.lastReading);
 }
 
 int CReplayFile::ReadCryptState() {
@@ -138,12 +139,6 @@ std::int32_t CReplayFile::ReadLineCount() {
     if (isLarge()) return m_lineCount = kLargeFileLineCount;
     scanSmallFile();
     return m_lineCount;
-}
-
-int CReplayFile::ReadDataRange() {
-    if (isLarge()) return 0;
-    scanSmallFile();
-    return 1;
 }
 
 bool CReplayFile::nextHeaderLine(std::int32_t& left, std::string_view& line) {
@@ -205,30 +200,22 @@ int CReplayFile::ReadDataMap() {
     return found;
 }
 
-CMyTime CReplayFile::ExtractTime(std::string_view line) {
-    m_extractedTime = CMyTime();
+CMyTime CReplayFile::ExtractTime(std::string_view line, const TimeCorrections& corrections) {
+    CMyTime time;
     if (line.starts_with('[')) {
         const std::size_t bracket = line.rfind(']');
         if (bracket != std::string_view::npos) line.remove_prefix(bracket + 1);
     }
-    if (!skipField(line) || !skipField(line)) return m_extractedTime;
-    if (line.starts_with('"') && !skipField(line)) return m_extractedTime;
-    if (!contains(line, "/")) return m_extractedTime = timeFromNumber(line);
+    if (!skipField(line) || !skipField(line)) return time;
+    if (line.starts_with('"') && !skipField(line)) return time;
+    if (!contains(line, "/")) return timeFromNumber(line, corrections);
     // Each parser is handed the rest of the line.
-    m_extractedTime.ParseDate(line);
+    time.ParseDate(line);
     if (skipField(line)) {
-        m_extractedTime.ParseTime(line);
-        if (skipField(line)) m_extractedTime.SetDateTimeOffset(line);
+        time.ParseTime(line);
+        if (skipField(line)) time.SetDateTimeOffset(line);
     }
-    return m_extractedTime += m_corrections.daylightBias;
-}
-
-CMyTime CReplayFile::timeFromNumber(std::string_view field) const {
-    CMyTime time(leadingDouble(field) + TimeCorrections::dtOffset);
-    time += m_corrections.standardBias;
-    if (m_corrections.daylightBias != 0 && time.IsDaylightTime())
-        time += m_corrections.daylightBias;
-    return time;
+    return time += corrections.daylightBias;
 }
 
 } // namespace pellam

@@ -13,18 +13,18 @@
 
 namespace pellam {
 
-/// One opened replay file: what its header says, its lines, its data range. Construction scans the
-/// file and ends on the first data line, so that reader().next() serves the data.
+/// One opened replay file: what its header says and its lines. Construction scans the file and ends
+/// on the first data line, so that reader().next() serves the data.
 class CReplayFile {
   public:
-    /// Above this many bytes a file is large: its lines are not counted, its data range not read.
+    /// Above this many bytes a file is large: its lines are not counted.
     static constexpr std::int64_t kLargeFile = 16'384'000;
     static constexpr std::int32_t kLargeFileLineCount = 999'999;
 
     /// Opens a replay file, or the one that a signature file (".sig" in its name) names. A name
     /// with ".dlx" is an enciphered file and cannot be read. What goes wrong is shown as a message;
     /// isOpen() tells.
-    CReplayFile(const std::string& path, MessageSink& messages, const TimeCorrections& corrections);
+    CReplayFile(const std::string& path, MessageSink& messages);
 
     [[nodiscard]] bool isOpen() const { return m_reader != nullptr; }
 
@@ -33,9 +33,6 @@ class CReplayFile {
 
     [[nodiscard]] bool isLarge() const { return m_fileSize > kLargeFile; }
 
-    /// Reads one line, keeping its line end, into a buffer of `max` + 1 characters: at most `max`
-    /// characters and a 0; the rest of a longer line comes next. The buffer, or null at the end.
-    char* ReadString(char* buffer, std::size_t max);
     void SeekToBegin();
     /// Positions the file on the first data line. The number of lines before it; 0 without a mark.
     std::int32_t SeekToStartOfData();
@@ -47,13 +44,8 @@ class CReplayFile {
     std::int32_t ReadLineCount();
     const std::string& ReadProgramName();
     int ReadContentsType();
-    /// The times of the first and last "D," line of the data. 1, or 0 for a large file.
-    int ReadDataRange();
     /// The data map and the originator type. 1 when a map was found.
     int ReadDataMap();
-
-    /// The time stamp of a reading line; 0 when it has none.
-    CMyTime ExtractTime(std::string_view line);
 
     /// Reduces a data map to the schedules that occur in the data. 1, or 0 and no change for a map
     /// without a schedule section.
@@ -81,9 +73,15 @@ class CReplayFile {
     /// -1 unknown, 0 data, 1 alarm.
     [[nodiscard]] int ContentsType() const { return m_contentsType; }
 
-    [[nodiscard]] const CMyTime& FirstTime() const { return m_firstTime; }
+    // The three below belong to a replay file's reader; this program's loaders need none of them.
 
-    [[nodiscard]] const CMyTime& LastTime() const { return m_lastTime; }
+    /// Reads one line, keeping its line end, into a buffer of `max` + 1 characters: at most `max`
+    /// characters and a 0; the rest of a longer line comes next. The buffer, or null at the end.
+    char* ReadString(char* buffer, std::size_t max);
+
+    /// The time stamp of a reading line; 0 when it has none.
+    [[nodiscard]] static CMyTime ExtractTime(std::string_view line,
+                                             const TimeCorrections& corrections);
 
     [[nodiscard]] std::int32_t CurrentLine() const { return m_currentLine; }
 
@@ -94,10 +92,8 @@ class CReplayFile {
     void open();
     void scanSmallFile();
     bool nextHeaderLine(std::int32_t& left, std::string_view& line);
-    CMyTime timeFromNumber(std::string_view field) const;
 
     MessageSink& m_messages;
-    TimeCorrections m_corrections;
     std::string m_fileName;
     std::string m_programName;
     std::unique_ptr<LineReader> m_reader;
@@ -106,10 +102,7 @@ class CReplayFile {
     std::int32_t m_currentLine = 0;
     std::int32_t m_headerLineCount = 0;
     std::int64_t m_fileSize = 0;
-    CMyTime m_extractedTime;
     ScheduleFlags m_schedules;
-    CMyTime m_firstTime;
-    CMyTime m_lastTime;
     std::string m_dataMap;
     int m_cryptState = 0;
     std::string m_originatorType = "Unknown";

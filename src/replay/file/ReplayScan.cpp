@@ -30,9 +30,6 @@ bool CryptSearch::addLine(std::string_view line) {
 void DataFacts::addLine(std::string_view line) {
     ++lines;
     schedules.addLine(line);
-    if (!contains(line, "D,")) return;
-    if (firstReading.empty()) firstReading = line;
-    lastReading = line;
 }
 
 } // namespace pellam

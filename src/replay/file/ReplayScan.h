@@ -3,7 +3,6 @@
 #include "replay/file/ScheduleFlags.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace pellam {
@@ -38,12 +37,10 @@ class CryptSearch {
     bool m_settled = false;
 };
 
-/// Counts the data lines and notes their schedules and the first and last "D," line.
+/// Counts the data lines and notes their schedules.
 struct DataFacts {
     std::int32_t lines = 0;
     ScheduleFlags schedules;
-    std::string firstReading;
-    std::string lastReading;
 
     void addLine(std::string_view line);
 };

@@ -27,6 +27,18 @@ std::size_t sectionEnd(std::string_view map, std::size_t from) {
     return map.size();
 }
 
+// Adds a schedule's section; false when the map has none.
+bool appendSection(const std::string& map, char letter, std::string& output) {
+    const std::string opening{'<', letter, ','};
+    const std::size_t found = map.find(opening);
+    if (found == std::string::npos) return false;
+    // This program's rule: the character right after the comma is dropped.
+    const std::size_t from = std::min(found + opening.size() + 1, map.size());
+    output += opening;
+    output += map.substr(from, sectionEnd(map, from) - from);
+    return true;
+}
+
 } // namespace
 
 void ScheduleFlags::addLine(std::string_view line) {
@@ -34,7 +46,9 @@ void ScheduleFlags::addLine(std::string_view line) {
         const std::size_t found = line.find(mark);
         if (found == std::string_view::npos) continue;
         if (found + 3 >= line.size()) return;
-        if (const auto index = indexOf(line[found + 3])) m_flags[*index] = true;
+        const char letter = line[found + 3];
+        if (const auto index = indexOf(letter)) m_flags[*index] = true;
+        if (letter == 'S') m_scheduleS = true;
         return;
     }
 }
@@ -47,24 +61,17 @@ char ScheduleFlags::letterOf(std::size_t index) {
 
 bool stripDataMap(std::string& map, const ScheduleFlags& flags) {
     const bool format14 = map.find(",14;") != std::string::npos;
-    const std::size_t start = map.find(format14 ? "<X" : "<A");
-    if (start == std::string::npos) return false;
-    std::string output = map.substr(0, start);
+    if (map.find(format14 ? "<X" : "<A") == std::string::npos) return false;
+    // The first section, whichever schedule's it is, ends the header.
+    std::string output = map.substr(0, map.find('<'));
     for (std::size_t index = 0; index < ScheduleFlags::kCount; ++index) {
         if (!flags.at(index)) continue;
-        const std::string opening{'<', ScheduleFlags::letterOf(index), ','};
-        const std::size_t found = map.find(opening);
-        if (found != std::string::npos) {
-            // This program's rule: the character right after the comma is dropped.
-            const std::size_t from = std::min(found + opening.size() + 1, map.size());
-            output += opening;
-            output += map.substr(from, sectionEnd(map, from) - from);
-        } else if (index <= kX) {
-            output += opening.substr(0, 2) + '>';
-        } else {
-            break;
-        }
+        const char letter = ScheduleFlags::letterOf(index);
+        if (appendSection(map, letter, output)) continue;
+        if (index > kX) break;
+        output += {'<', letter, '>'};
     }
+    if (format14 && flags.hasScheduleS()) appendSection(map, 'S', output);
     map = output + ':';
     return true;
 }

@@ -18,14 +18,19 @@ class ScheduleFlags {
 
     [[nodiscard]] bool at(std::size_t index) const { return m_flags[index]; }
 
+    /// Whether a data line names the schedule 'S', which only maps of format 14 have.
+    [[nodiscard]] bool hasScheduleS() const { return m_scheduleS; }
+
     /// The schedule letter of an entry.
     static char letterOf(std::size_t index);
 
   private:
     std::array<bool, kCount> m_flags{};
+    bool m_scheduleS = false;
 };
 
-/// Reduces a data map to the schedules that are set. False when the map has no schedule section:
+/// Reduces a data map to the schedules that are set, each once, in whatever order the map has them.
+/// False when the map has no schedule section:
 /// it is then unchanged. A section whose '<' is never closed ends with the text.
 bool stripDataMap(std::string& map, const ScheduleFlags& flags);
 

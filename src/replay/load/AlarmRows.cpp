@@ -1,10 +1,11 @@
 #include "replay/load/AlarmRows.h"
 
 #include "grid/TimeCell.h"
+#include "replay/checks/LineCheck.h"
+#include "replay/load/FieldParts.h"
 #include "replay/load/ValueText.h"
 
 #include <array>
-#include <cstring>
 
 namespace pellam {
 
@@ -13,10 +14,11 @@ constexpr std::array<std::string_view, 7> kHeadings = {
     "Time", "Job", "Schedule", "Real Time", "Alarm Number", "Alarm Type", "Alarm Message"};
 }
 
-AlarmRows::AlarmRows(const LoadContext& context)
+AlarmRows::AlarmRows(const LoadContext& context, PassedOver& passedOver)
     : m_context(context),
+      m_passedOver(passedOver),
       m_filler(context.grid),
-      m_timeHead(context.corrections, '.'),
+      m_timeHead('.'),
       m_colour(context.greyRows ? CellColour::Grey : CellColour::Black) {}
 
 void AlarmRows::DisplayAlarmLabels(GridData& grid) {
@@ -28,8 +30,8 @@ void AlarmRows::DisplayAlarmLabels(GridData& grid) {
     }
 }
 
-void AlarmRows::DisplayAlarmDetails(std::string_view line) {
-    if (line.empty() || line[0] != 'A' || line == m_previousLine) return;
+void AlarmRows::DisplayAlarmDetails(std::string_view line, std::int64_t number) {
+    if (line == m_previousLine) return m_passedOver.add(PassedOver::Cause::RepeatedLine, number);
     const bool quotes = line.find('"') != std::string_view::npos;
     FieldScanner fields(line, ',',
                         quotes ? FieldScanner::Quotes::Group : FieldScanner::Quotes::Plain);
@@ -37,30 +39,39 @@ void AlarmRows::DisplayAlarmDetails(std::string_view line) {
     std::string_view job;
     std::string_view time;
     std::string_view status;
-    if (!fields.next(field) || !fields.next(field) || !m_timeHead.read(fields, job, time)) return;
-    if (!fields.next(status)) return;
-    if (status.empty() || status[0] == '3' || status[0] == '4') return;
+    if (!fields.next(field) || !fields.next(field) || !m_timeHead.read(fields, job, time) ||
+        !fields.next(status) || status.empty()) {
+        return m_passedOver.add(PassedOver::Cause::IncompleteLine, number);
+    }
+    if (status[0] == '3' || status[0] == '4')
+        return m_passedOver.add(PassedOver::Cause::StatusLine, number);
 
     // Alarms of one second each keep a row of their own: none may overwrite another.
     m_filler.startRow(m_rows++);
     set(0, time);
-    setWithoutQuotes(1, job);
+    set(1, job);
     set(2, status.size() > 2 ? status.substr(2, 1) : std::string_view());
     set(3, status.substr(0, 1));
-    for (int column = 4; column <= 5 && fields.next(field); ++column)
-        set(column, field.substr(0, 1));
-    if (fields.next(field)) {
-        const bool quoted = !field.empty() && field[0] == '"';
-        setWithoutQuotes(6, field.substr(0, field.find(';', quoted ? field.rfind('"') : 0)));
-    }
+    placeFields(fields, 4, number);
     m_previousLine.assign(line);
 }
 
-void AlarmRows::set(int column, std::string_view text) {
-    m_filler.set(column, m_context.grid.column(column).pack(text).withColour(m_colour));
+void AlarmRows::placeFields(FieldScanner& fields, int column, std::int64_t number) {
+    std::string_view field;
+    while (fields.next(field)) {
+        const FieldParts parts = FieldParts::of(field);
+        if (column < static_cast<int>(kHeadings.size())) {
+            set(column++, parts.value);
+        } else if (!parts.value.empty()) {
+            m_passedOver.add(PassedOver::Cause::ValueWithoutChannel, number);
+        }
+        const bool checksum = fields.atEnd() && LineCheck::isChecksum(parts.suffix);
+        if (!parts.suffix.empty() && !checksum)
+            m_passedOver.add(PassedOver::Cause::UnreadableValue, number);
+    }
 }
 
-void AlarmRows::setWithoutQuotes(int column, std::string_view text) {
+void AlarmRows::set(int column, std::string_view text) {
     Column& target = m_context.grid.column(column);
     m_filler.set(column, ValueText::fromQuoted(text, target).withColour(m_colour));
 }

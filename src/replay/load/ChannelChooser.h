@@ -17,4 +17,12 @@ class ChannelChooser {
     virtual std::vector<std::string> choose(const std::vector<std::string>& offered) = 0;
 };
 
+/// Takes every channel that a large file offers.
+class AllChannels : public ChannelChooser {
+  public:
+    std::vector<std::string> choose(const std::vector<std::string>& offered) override {
+        return offered;
+    }
+};
+
 } // namespace pellam

@@ -1,31 +1,9 @@
 #include "replay/load/ChannelList.h"
 
+#include "grid/ChannelLabel.h"
 #include "logger/DataMapLabels.h"
 
-#include <charconv>
-
 namespace pellam {
-
-namespace {
-
-struct Suffix {
-    std::size_t begin = std::string_view::npos;
-    int number = -1;
-};
-
-// Names may hold braces of their own, so only the last one counts.
-Suffix suffixOf(std::string_view channel) {
-    const std::size_t brace = channel.rfind('{');
-    if (brace == std::string_view::npos || !channel.ends_with('}')) return {};
-    const char* const begin = channel.data() + brace + 1;
-    const char* const end = channel.data() + channel.size() - 1;
-    int number = -1;
-    const auto [stop, error] = std::from_chars(begin, end, number);
-    if (error != std::errc() || stop != end || number < 0) return {};
-    return {brace, number};
-}
-
-} // namespace
 
 std::vector<std::string> offeredChannels(std::string_view originatorType,
                                          std::string_view dataMap) {
@@ -42,19 +20,10 @@ std::vector<std::string> offeredChannels(std::string_view originatorType,
     return offered;
 }
 
-std::string_view withoutChannelNumber(std::string_view channel) {
-    return channel.substr(0, suffixOf(channel).begin);
-}
-
-int channelNumber(std::string_view channel) {
-    return suffixOf(channel).number;
-}
-
 int FindColumnFromArray(const std::vector<std::string>& channels, char letter, int number) {
     for (std::size_t i = 0; i < channels.size(); ++i) {
-        const std::string& channel = channels[i];
-        if (channel.starts_with(letter) && channelNumber(channel) == number)
-            return static_cast<int>(i) + 1;
+        const auto label = ChannelLabel::numbered(channels[i]);
+        if (label.letter == letter && label.number == number) return static_cast<int>(i) + 1;
     }
     return -1;
 }

@@ -12,12 +12,6 @@ namespace pellam {
 [[nodiscard]] std::vector<std::string> offeredChannels(std::string_view originatorType,
                                                        std::string_view dataMap);
 
-/// The label without the "{number}" at its end; a text without one as it stands.
-[[nodiscard]] std::string_view withoutChannelNumber(std::string_view channel);
-
-/// The number in the "{number}" at the channel's end; -1 when there is none.
-[[nodiscard]] int channelNumber(std::string_view channel);
-
 /// The grid column (1 for the first entry) of the chosen channel of a schedule letter with a number
 /// within its schedule; -1 when it is not among them.
 [[nodiscard]] int FindColumnFromArray(const std::vector<std::string>& channels, char letter,

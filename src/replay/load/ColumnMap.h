@@ -32,19 +32,26 @@ class ColumnMap {
     /// Columns known, the time column included.
     [[nodiscard]] int columnCount() const { return static_cast<int>(m_kinds.size()); }
 
-    /// Forgets the channels that a schedule has had so far.
-    void restart(char letter) {
-        if (auto* columns = slot(letter)) columns->clear();
+    /// Whether a channel of the schedule has a column.
+    [[nodiscard]] bool isLoaded(char letter) const {
+        for (const int column : columnsOf(letter)) {
+            if (column != kNotLoaded) return true;
+        }
+        return false;
+    }
+
+    /// Notes that a schedule has a channel of a number, which need not be loaded.
+    void mention(char letter, std::size_t number) {
+        auto* const columns = slot(letter);
+        if (columns && columns->size() <= number) columns->resize(number + 1, kNotLoaded);
     }
 
     /// Adds the next column of the grid as a schedule's channel of a number, counted from 0.
     void add(char letter, std::size_t number, ColumnKind kind) {
         const int column = columnCount();
         m_kinds.push_back(kind);
-        auto* const columns = slot(letter);
-        if (!columns) return;
-        if (columns->size() <= number) columns->resize(number + 1, kNotLoaded);
-        (*columns)[number] = column;
+        mention(letter, number);
+        if (auto* const columns = slot(letter)) (*columns)[number] = column;
     }
 
   private:

@@ -101,19 +101,21 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
         // Parsers of fields read a little past the record, which therefore needs room around it.
         std::string padded(LineReader::kSlack, '\0');
         padded.append(first).append(LineReader::kSlack, '\0');
-        rows.DisplayDelimDetails(std::string_view(padded).substr(LineReader::kSlack, first.size()));
+        rows.DisplayDelimDetails(std::string_view(padded).substr(LineReader::kSlack, first.size()),
+                                 m_line);
     }
     RecordReader records(reader, m_layout.dialect, m_line + 1);
     for (std::string_view record; records.next(record);) {
         if (m_layout.lastDataLine > 0 && records.line() > m_layout.lastDataLine) break;
         if (m_layout.dataEnd >= 0 && records.offset() >= m_layout.dataEnd) break;
-        rows.DisplayDelimDetails(record);
+        rows.DisplayDelimDetails(record, records.line());
         if (!counter.line(rows.rows(), reader.bytesRead() / 500)) break;
     }
     m_context.grid.setRowCount(rows.rows());
     outcome.aborted = counter.aborted();
     outcome.passedOver = rows.passedOver();
-    outcome.passedOver.footer = m_layout.footerLines;
+    if (m_layout.footerLines > 0 && !outcome.aborted)
+        outcome.passedOver.add(PassedOver::Cause::FooterLine, records.line(), m_layout.footerLines);
 }
 
 DelimitedColumns DelimitedLoader::plainColumns(std::string_view line) const {

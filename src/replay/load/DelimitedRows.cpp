@@ -56,20 +56,21 @@ bool DelimitedRows::isBlank(std::string_view record) const {
                        [separator](char c) { return c == separator || c == ' ' || c == '\t'; });
 }
 
-bool DelimitedRows::isPassedOver(std::string_view record) {
-    if (isBlank(record)) return ++m_passedOver.blank, true;
-    if (record == m_previous) return ++m_passedOver.repeated, true;
-    if (isDiscontinuity(record)) return ++m_passedOver.discontinuity, true;
+std::optional<PassedOver::Cause> DelimitedRows::passedOverFor(std::string_view record) const {
+    using Cause = PassedOver::Cause;
+    if (isBlank(record)) return Cause::BlankLine;
+    if (record == m_previous) return Cause::RepeatedLine;
+    if (isDiscontinuity(record)) return Cause::DiscontinuityLine;
     for (const std::string& heading : m_layout.headings) {
-        if (record == heading) return ++m_passedOver.headings, true;
+        if (record == heading) return Cause::RepeatedHeadings;
     }
     if (!m_layout.comment.empty() && record.starts_with(m_layout.comment))
-        return ++m_passedOver.comments, true;
-    return false;
+        return Cause::CommentLine;
+    return std::nullopt;
 }
 
-void DelimitedRows::DisplayDelimDetails(std::string_view record) {
-    if (isPassedOver(record)) return;
+void DelimitedRows::DisplayDelimDetails(std::string_view record, std::int64_t line) {
+    if (const auto cause = passedOverFor(record)) return m_passedOver.add(*cause, line);
     m_previous.assign(record);
     m_filler.startRow(m_rows++);
     if (m_simple && m_columns.isPlain()) {

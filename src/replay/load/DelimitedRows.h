@@ -7,6 +7,7 @@
 #include "replay/load/PassedOver.h"
 #include "times/TimeReader.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,17 +19,18 @@ class DelimitedRows {
   public:
     DelimitedRows(const LoadContext& context, const TextLayout& layout, DelimitedColumns& columns);
 
-    /// Takes a record without its line end; LineReader::kSlack bytes around it are readable.
+    /// Takes a record without its line end, and its first line; LineReader::kSlack bytes around the
+    /// record are readable.
     /// Records that repeat the one before or the headings, blank ones, comments and notes of a
     /// discontinuity make no row.
-    void DisplayDelimDetails(std::string_view record);
+    void DisplayDelimDetails(std::string_view record, std::int64_t line);
 
     [[nodiscard]] Row rows() const { return m_rows; }
 
     [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
   private:
-    bool isPassedOver(std::string_view record);
+    [[nodiscard]] std::optional<PassedOver::Cause> passedOverFor(std::string_view record) const;
     [[nodiscard]] bool isBlank(std::string_view record) const;
     void placePlain(std::string_view record);
     void placeAny(std::string_view record);

@@ -1,9 +1,11 @@
 #include "replay/load/FileLoader.h"
 
+#include "base/FileName.h"
 #include "delimited/layout/LayoutDetector.h"
 #include "grid/TimeColumn.h"
+#include "logger/TaggedDownload.h"
 #include "replay/load/AxisGrouping.h"
-#include "replay/load/BinaryLoader.h"
+#include "replay/load/ConversionLoader.h"
 #include "replay/load/DelimitedLoader.h"
 #include "replay/load/ReplayLoader.h"
 
@@ -12,6 +14,10 @@
 namespace pellam {
 
 namespace {
+
+bool isReplay(LoadOutcome::Kind kind) {
+    return kind == LoadOutcome::Kind::Data || kind == LoadOutcome::Kind::Alarm;
+}
 
 // Year/month/day texts stand as they are, with all their digits, and so do years with decimals,
 // which are no exacter than those.
@@ -42,9 +48,8 @@ LoadOutcome FileLoader::load(const std::string& path) {
                                 ". Close other programs or load fewer channels.");
     }
     if (outcome.loaded) {
-        const bool replay =
-            outcome.kind == LoadOutcome::Kind::Data || outcome.kind == LoadOutcome::Kind::Alarm;
-        grid.setFractionUnit(replay ? FractionUnit::Microseconds : FractionUnit::DecimalPlaces);
+        grid.setFractionUnit(isReplay(outcome.kind) ? FractionUnit::Microseconds
+                                                    : FractionUnit::DecimalPlaces);
         outcome.rows = grid.rowCount();
         outcome.channels = grid.channelCount();
         TimeColumn times(grid, m_context.international);
@@ -63,8 +68,10 @@ LoadOutcome FileLoader::route(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
     if (extension == "dbr") return outcome;
-    if (extension == "csv" || extension == "txt" || m_context.asText) return loadText(path);
-    if (extension == "dbd") return BinaryLoader(m_context).load(path);
+    if (m_context.asText) return loadText(path);
+    if (extension == "dbd") return ConversionLoader(m_context).loadBinary(path);
+    if (isTaggedDownload(path)) return ConversionLoader(m_context).loadTagged(path);
+    if (extension == "csv" || extension == "txt") return loadText(path);
     return ReplayLoader(m_context).ReadReplayFile(path);
 }
 
@@ -83,17 +90,6 @@ LoadOutcome FileLoader::loadText(const std::string& path) {
 
 char FileLoader::separatorFor(const std::string& path, const InternationalSettings& international) {
     return extensionOf(path) == "txt" ? '\t' : international.listSeparator;
-}
-
-std::string FileLoader::extensionOf(const std::string& path) {
-    const std::size_t name = path.find_last_of("/\\") + 1;
-    const std::size_t point = path.rfind('.');
-    if (point == std::string::npos || point < name) return {};
-    std::string extension = path.substr(point + 1);
-    for (char& c : extension) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return extension;
 }
 
 } // namespace pellam

@@ -8,7 +8,6 @@
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
 #include "replay/load/LoadOutcome.h"
-#include "replay/time/TimeCorrections.h"
 
 #include <functional>
 #include <string>
@@ -19,7 +18,6 @@ namespace pellam {
 struct LoadContext {
     GridData& grid;
     const InternationalSettings& international;
-    const TimeCorrections& corrections;
     MessageSink& messages;
     ProgressSink& progress;
     ChannelChooser& chooser;
@@ -28,7 +26,8 @@ struct LoadContext {
     std::function<std::string()> saveFolder = {};
     /// Lets the person set that folder; absent where nobody can be asked.
     std::function<void()> askSaveFolder = {};
-    LayoutWishes wishes = {}; ///< of the layout of delimited text
+    bool storedSession = false; ///< the file is a database session's: messages call it so
+    LayoutWishes wishes = {};   ///< of the layout of delimited text
     /// What was asked for earlier of files such as this one; absent where nothing is remembered.
     /// Counts where `wishes` are none.
     std::function<LayoutWishes(const TextSample&)> recallWishes = {};
@@ -44,10 +43,6 @@ class FileLoader {
     /// Empties the grid, loads the file and sorts the chart axes by units. Messages go to the
     /// context's sink. A refused or failed load leaves the grid empty.
     LoadOutcome load(const std::string& path);
-
-    /// The extension after the last '.', in lower case, of the name after the last folder
-    /// separator; empty when there is none.
-    static std::string extensionOf(const std::string& path);
 
     /// The separator that a text file of this name has, if nothing tells another.
     static char separatorFor(const std::string& path, const InternationalSettings& international);

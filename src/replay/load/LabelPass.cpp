@@ -1,7 +1,7 @@
 #include "replay/load/LabelPass.h"
 
+#include "grid/ChannelLabel.h"
 #include "logger/DataMapLabels.h"
-#include "replay/load/ChannelList.h"
 
 #include <algorithm>
 
@@ -37,7 +37,6 @@ ColumnMap LabelPass::DisplayLabels(const std::vector<std::string>& labels) {
         if (label[0] != previous) {
             previous = label[0];
             number = 0;
-            columns.restart(previous);
         }
         columns.add(previous, number++, kindOf(label, false));
         addHeading(label);
@@ -50,12 +49,11 @@ ColumnMap LabelPass::DisplayChosenLabels(const std::vector<std::string>& chosen)
     ColumnMap columns;
     m_grid.setColumnCount(static_cast<int>(chosen.size()) + 1);
     addHeading("Time");
-    for (const std::string& label : chosen) {
-        const std::string_view text = withoutChannelNumber(label);
-        const int number = channelNumber(label);
-        const char letter = label.empty() ? '\0' : label[0];
-        columns.add(letter, static_cast<std::size_t>(std::max(0, number)), kindOf(text, true));
-        addHeading(text);
+    for (const std::string& channel : chosen) {
+        const auto label = ChannelLabel::numbered(channel);
+        columns.add(label.letter, static_cast<std::size_t>(std::max(0, label.number)),
+                    kindOf(label.text, true));
+        addHeading(label.text);
     }
     finish();
     return columns;

@@ -3,6 +3,7 @@
 #include "grid/DecimalCell.h"
 #include "grid/DecimalText.h"
 #include "grid/TimeCell.h"
+#include "replay/load/FieldParts.h"
 #include "replay/load/ValueText.h"
 
 #include <algorithm>
@@ -34,63 +35,114 @@ bool isTimeOfDay(std::string_view text) {
     return colons == 1 || colons == 2;
 }
 
-std::size_t leadingNumber(std::string_view text) {
-    std::size_t number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
+// Takes the next field that may be a value: fields without characters and statuses are none. What a
+// '<' cuts off behind a status is a value again.
+bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
+    while (fields.next(begin, end)) {
+        if (begin == end) continue;
+        if (*begin != '$') return true;
+        begin = static_cast<const char*>(
+            std::memchr(begin, '<', static_cast<std::size_t>(end - begin)));
+        if (begin && ++begin < end) return true;
+    }
+    return false;
+}
+
+// Whether a field's value takes a channel.
+bool isValue(std::string_view value) {
+    return ValueText::startsNumber(value) || value.find('"') != std::string_view::npos;
 }
 
 } // namespace
 
-ReadingRows::ReadingRows(const LoadContext& context, const ColumnMap& columns, Mode mode)
+ReadingRows::ReadingRows(const LoadContext& context, const ColumnMap& columns, Mode mode,
+                         PassedOver& passedOver)
     : m_context(context),
       m_columns(columns),
       m_mode(mode),
+      m_passedOver(passedOver),
       m_filler(context.grid),
-      m_timeHead(context.corrections, context.grid.decimalSeparator()) {}
+      m_timeHead(context.grid.decimalSeparator()) {}
 
-void ReadingRows::DisplayDetails(std::string_view line, bool ok) {
-    if (line.empty()) return;
-    if (line[0] != 'D' && (line[0] != '<' || m_mode == Mode::ChosenChannels)) return;
-    if (line == m_previousLine) return;
+bool ReadingRows::isReading(std::string_view line) const {
+    if (line.starts_with('D')) return true;
+    // A bare tag is no line of values.
+    return line.starts_with('<') && m_mode == Mode::WholeFile && line.find('>') != line.size() - 1;
+}
+
+void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, bool ok) {
+    m_line = number;
+    if (line == m_previousLine) return passOver(PassedOver::Cause::RepeatedLine);
     // The record tag may also end at '>'.
     std::size_t tag = line.find_first_of(",>");
-    if (tag == std::string_view::npos) return;
+    if (tag == std::string_view::npos) return passOver(PassedOver::Cause::IncompleteLine);
     if (line[tag] == '>' && tag + 1 < line.size() && line[tag + 1] == ',') ++tag;
     const bool quotes = std::memchr(line.data(), '"', line.size()) != nullptr;
     FieldScanner fields(line.substr(tag + 1), ',',
                         quotes ? FieldScanner::Quotes::Group : FieldScanner::Quotes::Plain);
     std::string_view field;
     std::string_view time;
-    if (!fields.next(field) || !m_timeHead.read(fields, field, time)) return;
-
     std::string_view status;
-    if (!fields.next(status) || status.empty() || status[0] == '3' || status[0] == '4') return;
-    const char letter = status.size() > 2 ? status[2] : '\0';
-    const std::span<const int> columns = m_columns.columnsOf(letter);
-    if (m_mode == Mode::ChosenChannels && columns.empty()) return;
+    if (!fields.next(field) || !m_timeHead.read(fields, field, time) || !fields.next(status) ||
+        status.empty()) {
+        return passOver(PassedOver::Cause::IncompleteLine);
+    }
+    if (status[0] == '3' || status[0] == '4') return passOver(PassedOver::Cause::StatusLine);
 
+    const char letter = status.size() > 2 ? status[2] : '\0';
+    Columns columns = m_columns.columnsOf(letter);
+    const bool chosen = m_mode == Mode::WholeFile || m_columns.isLoaded(letter);
+    // Channels that the file has and nobody chose are no loss; a schedule without any is.
+    if (!chosen && !columns.empty()) return;
     std::string_view offset;
-    const bool hasOffset = fields.next(offset);
-    const std::size_t number = hasOffset ? leadingNumber(offset) : 0;
-    enterRow(time, columns.subspan(std::min(number, columns.size())), ok);
-    if (hasOffset) placeValues(fields, columns, number);
+    if (fields.next(offset)) {
+        // The line may end here with its checksum.
+        if (fields.atEnd()) offset = FieldParts::of(offset).value;
+        columns = columnsFrom(columns, offset);
+    }
+    if (chosen) enterRow(time, !sharesRow(time, columns, fields), ok);
+    placeValues(fields, columns);
     m_previousLine.assign(line);
 }
 
-// Lines of one time share a row, but a second reading of a channel at that time never overwrites
-// the first: it starts a row of its own.
-bool ReadingRows::sharesRow(std::string_view time, std::span<const int> columns) {
-    if (m_rows == 0 || time != m_previousTime) return false;
-    const auto loaded = std::find_if(columns.begin(), columns.end(),
-                                     [](int column) { return column != ColumnMap::kNotLoaded; });
-    return loaded == columns.end() || m_filler.slot(*loaded).isEmpty();
+// The columns behind those that an offset passes over.
+ReadingRows::Columns ReadingRows::columnsFrom(Columns columns, std::string_view offset) {
+    std::size_t number = 0;
+    offset.remove_prefix(std::min(offset.find_first_not_of(' '), offset.size()));
+    const char* const end = offset.data() + offset.size();
+    const auto [stop, error] = std::from_chars(offset.data(), end, number);
+    if (error == std::errc::result_out_of_range) return {};
+    if (error != std::errc() || stop != end) passOver(PassedOver::Cause::UnreadableValue);
+    return columns.subspan(std::min(number, columns.size()));
 }
 
-void ReadingRows::enterRow(std::string_view time, std::span<const int> columns, bool ok) {
-    const bool newRow = !sharesRow(time, columns);
+bool ReadingRows::isFree(int column) const {
+    return column == ColumnMap::kNotLoaded ||
+           (m_filler.isEmpty(column) &&
+            std::find(m_emptyTexts.begin(), m_emptyTexts.end(), column) == m_emptyTexts.end());
+}
+
+// Lines of one time share a row unless a cell that the line fills holds a value already: a second
+// reading of a channel starts a row of its own.
+bool ReadingRows::sharesRow(std::string_view time, Columns columns, FieldScanner fields) const {
+    if (m_rows == 0 || time != m_previousTime) return false;
+    const auto isFreeColumn = [this](int column) { return isFree(column); };
+    if (std::all_of(columns.begin(), columns.end(), isFreeColumn)) return true;
+    const char* begin;
+    const char* end;
+    while (!columns.empty() && nextValue(fields, begin, end)) {
+        const std::string_view field(begin, static_cast<std::size_t>(end - begin));
+        if (!isValue(FieldParts::of(field).value)) continue;
+        if (!isFree(columns.front())) return false;
+        columns = columns.subspan(1);
+    }
+    return true;
+}
+
+void ReadingRows::enterRow(std::string_view time, bool newRow, bool ok) {
     if (newRow) {
         m_previousTime.assign(time);
+        m_emptyTexts.clear();
         ++m_rows;
     }
     const Row row = m_rows - 1;
@@ -111,33 +163,31 @@ void ReadingRows::enterRow(std::string_view time, std::span<const int> columns, 
     }
 }
 
-void ReadingRows::placeValues(FieldScanner& fields, std::span<const int> columns,
-                              std::size_t number) {
+void ReadingRows::placeValues(FieldScanner& fields, Columns columns) {
     const char* begin;
     const char* end;
-    while (number < columns.size() && fields.next(begin, end)) {
-        const auto length = static_cast<std::size_t>(end - begin);
-        if (length == 0) continue;
-        if (*begin == '$') {
-            // A status; what a '<' cuts off behind it is the next value.
-            begin = static_cast<const char*>(std::memchr(begin, '<', length));
-            if (!begin || ++begin == end) continue;
+    while (nextValue(fields, begin, end)) {
+        if (!columns.empty() && placeNumber(begin, end, columns.front())) {
+            columns = columns.subspan(1);
+        } else {
+            placeOther({begin, static_cast<std::size_t>(end - begin)}, fields.atEnd(), columns);
         }
-        const int column = columns[number];
-        if (placeNumber(begin, end, column)) {
-            ++number;
-            continue;
-        }
-        // Behind a value's ';' stand lengths and checksums, no more values.
-        const void* const stop =
-            std::memchr(begin + 1, ';', static_cast<std::size_t>(end - begin) - 1);
-        if (stop) end = static_cast<const char*>(stop);
-        if ((stop && placeNumber(begin, end, column)) ||
-            placeValue({begin, static_cast<std::size_t>(end - begin)}, column)) {
-            ++number;
-        }
-        if (stop) return;
     }
+}
+
+// A field that is not just a number for its column, with what stands behind its value.
+void ReadingRows::placeOther(std::string_view field, bool last, Columns& columns) {
+    const FieldParts parts = FieldParts::of(field);
+    // What stands behind the line's last ';' is its checksum.
+    const bool checksum = last && parts.suffix.find(';') == std::string_view::npos;
+    if (!parts.suffix.empty() && !checksum) passOver(PassedOver::Cause::UnreadableValue);
+    if (parts.value.empty()) return;
+    if (!isValue(parts.value)) return passOver(PassedOver::Cause::UnreadableValue);
+    if (columns.empty()) return passOver(PassedOver::Cause::ValueWithoutChannel);
+    const char* const begin = parts.value.data();
+    if (!placeNumber(begin, begin + parts.value.size(), columns.front()))
+        placeValue(parts.value, columns.front());
+    columns = columns.subspan(1);
 }
 
 bool ReadingRows::placeNumber(const char* begin, const char* end, int column) {
@@ -150,46 +200,47 @@ bool ReadingRows::placeNumber(const char* begin, const char* end, int column) {
     return true;
 }
 
-bool ReadingRows::placeValue(std::string_view value, int column) {
-    const bool quoted = value.find('"') != std::string_view::npos;
-    if (!ValueText::startsNumber(value) && !quoted) return false;
-    if (column == ColumnMap::kNotLoaded) return true;
+void ReadingRows::placeValue(std::string_view value, int column) {
+    if (column == ColumnMap::kNotLoaded) return;
     if (!ValueText::startsNumber(value)) {
-        m_filler.set(column, ValueText::fromQuoted(value, m_context.grid.column(column)));
+        const Cell cell = ValueText::fromQuoted(value, m_context.grid.column(column));
+        m_filler.set(column, cell);
+        if (cell.isEmpty()) m_emptyTexts.push_back(column);
         // The line's colour goes to the cell behind a text.
         if (column + 1 < m_context.grid.columnCount()) {
             Cell& behind = m_filler.slot(column + 1);
             behind = behind.withColour(m_colour);
         }
-        return true;
+        return;
     }
     const std::size_t colon = value.find(':');
-    if (colon != std::string_view::npos && !isTimeOfDay(value)) value = value.substr(0, colon);
+    if (colon != std::string_view::npos && !isTimeOfDay(value)) {
+        if (colon + 1 < value.size()) passOver(PassedOver::Cause::UnreadableValue);
+        value = value.substr(0, colon);
+    }
     m_filler.set(column, numberCell(value, column).withColour(m_colour));
-    return true;
 }
 
 Cell ReadingRows::numberCell(std::string_view value, int index) {
     Column& column = m_context.grid.column(index);
     LoggerClock::Buffer buffer;
+    std::string_view text;
     switch (m_columns.kind(index)) {
     case ColumnKind::Date:
         if (value.find('/') != std::string_view::npos) break;
-        if (const auto days = parseDecimal(value, '.'))
-            return column.pack(m_timeHead.clock().date(*days, buffer));
+        if (const auto days = parseDecimal(value, '.')) text = LoggerClock::date(*days, buffer);
         break;
     case ColumnKind::Time:
         if (value.find(':') != std::string_view::npos) break;
-        if (const auto seconds = parseDecimal(value, '.')) {
-            return column.pack(m_timeHead.clock().timeOfDay(*seconds, buffer));
-        }
+        if (const auto seconds = parseDecimal(value, '.'))
+            text = LoggerClock::timeOfDay(*seconds, buffer);
         break;
     case ColumnKind::Numeric:
         return ValueText::fromPoint(value, column);
     case ColumnKind::Text:
         break;
     }
-    return column.pack(value);
+    return column.pack(text.empty() ? value : text);
 }
 
 } // namespace pellam

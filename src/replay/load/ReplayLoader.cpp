@@ -37,12 +37,23 @@ class Bar {
     std::int64_t m_last;
 };
 
+// Notes a line that makes no row. `other`: the cause where it begins as the file's lines do not but
+// those of the other kind of file do. A bare tag holds nothing that could be missed.
+void passOver(std::string_view line, PassedOver::Cause other, std::int64_t number,
+              PassedOver& passedOver) {
+    const bool tag = line.starts_with('<') && line.find('>') == line.size() - 1;
+    if (line.empty() || tag) return;
+    const char letter = other == PassedOver::Cause::AlarmLine ? 'A' : 'D';
+    const bool known = line.size() > 1 && line[0] == letter && line[1] == ',';
+    passedOver.add(known ? other : PassedOver::Cause::UnknownLine, number);
+}
+
 } // namespace
 
 LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
     LoadOutcome outcome;
     outcome.path = path;
-    CReplayFile file(path, m_context.messages, m_context.corrections);
+    CReplayFile file(path, m_context.messages);
     if (!file.isOpen()) return outcome;
     readFacts(file, outcome);
     if (file.ContentsType() == 1) {
@@ -55,7 +66,9 @@ LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
         readReadings(file, *columns, outcome);
     }
     if (m_context.grid.rowCount() == 0 && !outcome.aborted) {
-        m_context.messages.show("Attention: There are no readings in the replay file");
+        m_context.messages.show(m_context.storedSession
+                                    ? "Attention: There are no readings in the session"
+                                    : "Attention: There are no readings in the replay file");
         return outcome;
     }
     outcome.loaded = true;
@@ -87,13 +100,17 @@ std::optional<ColumnMap> ReplayLoader::readLabels(CReplayFile& file, LoadOutcome
 }
 
 std::optional<ColumnMap> ReplayLoader::chooseLabels(const CReplayFile& file) const {
-    const std::vector<std::string> chosen =
-        m_context.chooser.choose(offeredChannels(file.GetOriginatorType(), file.GetDataMap()));
+    const std::vector<std::string> offered =
+        offeredChannels(file.GetOriginatorType(), file.GetDataMap());
+    const std::vector<std::string> chosen = m_context.chooser.choose(offered);
     if (chosen.empty()) {
         m_context.messages.show("Attention: No channels selected");
         return {};
     }
-    return LabelPass(m_context.grid).DisplayChosenLabels(chosen);
+    ColumnMap columns = LabelPass(m_context.grid).DisplayChosenLabels(chosen);
+    for (const std::string& label : offered)
+        columns.mention(label[0], static_cast<std::size_t>(channelNumber(label)));
+    return columns;
 }
 
 void ReplayLoader::readReadings(CReplayFile& file, const ColumnMap& columns,
@@ -103,15 +120,18 @@ void ReplayLoader::readReadings(CReplayFile& file, const ColumnMap& columns,
     RowCounter counter(m_context.progress, outcome.largeFile ? 500 : 50);
     ReadingRows rows(m_context, columns,
                      outcome.largeFile ? ReadingRows::Mode::ChosenChannels
-                                       : ReadingRows::Mode::WholeFile);
+                                       : ReadingRows::Mode::WholeFile,
+                     outcome.passedOver);
     const LineCheck check;
     LineReader& reader = file.reader();
     std::string_view line;
-    while (reader.next(line)) {
+    for (std::int64_t number = file.HeaderLineCount() + 1; reader.next(line); ++number) {
         line = trimmed(line);
         const std::string_view content = withoutPrefix(line);
-        if (!content.empty() && (content[0] == 'D' || content[0] == '<')) {
-            rows.DisplayDetails(content, check.isGood(line));
+        if (rows.isReading(content)) {
+            rows.DisplayDetails(content, number, check.isGood(line));
+        } else {
+            passOver(content, PassedOver::Cause::AlarmLine, number, outcome.passedOver);
         }
         if (!counter.line(rows.rows(), bar.at(rows.rows(), reader.bytesRead()))) break;
     }
@@ -125,11 +145,16 @@ void ReplayLoader::readAlarms(CReplayFile& file, LoadOutcome& outcome) const {
     const ProgressScope scope(m_context.progress, "Loading Pellam", "Loading...", 1, bar.last());
     RowCounter counter(m_context.progress, 10);
     AlarmRows::DisplayAlarmLabels(m_context.grid);
-    AlarmRows rows(m_context);
+    AlarmRows rows(m_context, outcome.passedOver);
     LineReader& reader = file.reader();
     std::string_view line;
-    while (reader.next(line)) {
-        rows.DisplayAlarmDetails(withoutPrefix(withoutBlanks(line)));
+    for (std::int64_t number = file.HeaderLineCount() + 1; reader.next(line); ++number) {
+        line = withoutPrefix(withoutBlanks(line));
+        if (line.starts_with('A')) {
+            rows.DisplayAlarmDetails(line, number);
+        } else {
+            passOver(line, PassedOver::Cause::ReadingLine, number, outcome.passedOver);
+        }
         if (!counter.line(rows.rows(), bar.at(rows.rows(), reader.bytesRead()))) break;
     }
     m_context.grid.setRowCount(rows.rows());

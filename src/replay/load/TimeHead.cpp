@@ -1,20 +1,8 @@
 #include "replay/load/TimeHead.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace pellam {
-
-namespace {
-
-char* append(char* out, const char* limit, std::string_view text) {
-    const auto room = static_cast<std::size_t>(limit - out);
-    const std::size_t count = std::min(room, text.size());
-    if (count > 0) std::memcpy(out, text.data(), count);
-    return out + count;
-}
-
-} // namespace
 
 bool TimeHead::read(FieldScanner& fields, std::string_view& job, std::string_view& time) {
     job = {};
@@ -25,7 +13,8 @@ bool TimeHead::read(FieldScanner& fields, std::string_view& job, std::string_vie
         if (!fields.next(field)) return false;
     }
     if (field.find('/') == std::string_view::npos) {
-        time = m_clock.dateTime(field, m_separator, m_buffer);
+        const std::string_view text = LoggerClock::dateTime(field, m_separator, m_buffer);
+        time = text.empty() ? field : text;
         return true;
     }
     std::string_view clock;
@@ -37,21 +26,24 @@ bool TimeHead::read(FieldScanner& fields, std::string_view& job, std::string_vie
 
 std::string_view TimeHead::dateForm(std::string_view date, std::string_view time,
                                     std::string_view fraction) {
-    const char* const limit = m_buffer.data() + m_buffer.size();
-    char* out = append(m_buffer.data(), limit, date);
-    out = append(out, limit, " ");
-    out = append(out, limit, time);
+    const std::size_t longest = date.size() + time.size() + fraction.size() + 2;
+    if (m_dateForm.size() < longest) m_dateForm.resize(longest);
+    char* out = m_dateForm.data();
+    const auto append = [&out](std::string_view text) {
+        out = std::copy(text.begin(), text.end(), out);
+    };
+    append(date);
+    *out++ = ' ';
+    append(time);
     if (fraction.find('.') != std::string_view::npos) {
         const std::size_t zero = fraction.find("0.");
-        if (zero == std::string_view::npos) {
-            out = append(out, limit, fraction);
-        } else {
-            out = append(out, limit, fraction.substr(0, zero));
-            out = append(out, limit, {&m_separator, 1});
-            out = append(out, limit, fraction.substr(zero + 2));
+        append(fraction.substr(0, zero));
+        if (zero != std::string_view::npos) {
+            *out++ = m_separator;
+            append(fraction.substr(zero + 2));
         }
     }
-    return {m_buffer.data(), static_cast<std::size_t>(out - m_buffer.data())};
+    return {m_dateForm.data(), static_cast<std::size_t>(out - m_dateForm.data())};
 }
 
 } // namespace pellam

@@ -3,6 +3,7 @@
 #include "base/FieldScanner.h"
 #include "replay/time/LoggerClock.h"
 
+#include <string>
 #include <string_view>
 
 namespace pellam {
@@ -12,23 +13,19 @@ namespace pellam {
 class TimeHead {
   public:
     /// `separator` stands before the fraction of a second in the texts that read() gives.
-    TimeHead(const TimeCorrections& corrections, char separator)
-        : m_clock(corrections),
-          m_separator(separator) {}
+    explicit TimeHead(char separator) : m_separator(separator) {}
 
-    /// Takes the fields off; false when one is missing. `time` is valid until the next call, `job`
-    /// has its quotes or is empty.
+    /// Takes the fields off; false when one is missing. `time` is valid until the next call; a
+    /// field that is neither number nor date is the time as it stands. `job` has its quotes or is
+    /// empty.
     bool read(FieldScanner& fields, std::string_view& job, std::string_view& time);
-
-    /// Turns further numeric times of the line into texts.
-    LoggerClock& clock() { return m_clock; }
 
   private:
     std::string_view dateForm(std::string_view date, std::string_view time,
                               std::string_view fraction);
 
-    LoggerClock m_clock;
     LoggerClock::Buffer m_buffer{};
+    std::string m_dateForm; ///< the text that dateForm() gave, no smaller than the longest one
     char m_separator;
 };
 

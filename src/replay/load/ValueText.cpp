@@ -18,6 +18,16 @@ bool isPlainDecimal(std::string_view text, char separator) {
     return digits > 0 && points <= 1 && digits + points == static_cast<std::ptrdiff_t>(text.size());
 }
 
+// A plain decimal and a power of ten; its zeros say how exact it is and stay.
+bool hasExponent(std::string_view text, char separator) {
+    const std::size_t letter = text.find_first_of("eE");
+    if (letter == std::string_view::npos || !isPlainDecimal(text.substr(0, letter), separator))
+        return false;
+    std::string_view power = text.substr(letter + 1);
+    if (power.starts_with('-') || power.starts_with('+')) power.remove_prefix(1);
+    return !power.empty() && std::all_of(power.begin(), power.end(), isDigit);
+}
+
 void trimZeros(std::string& text, char separator) {
     if (text.find(separator) == std::string::npos) return;
     while (text.back() == '0')
@@ -61,8 +71,11 @@ Cell ValueText::fromPoint(std::string_view text, Column& column) {
 Cell ValueText::fromSeparator(std::string_view text, char separator, Column& column) {
     std::string value(text);
     if (separator != '.') removeGrouping(value, '.', separator);
-    if (!isPlainDecimal(value, separator)) return column.pack(text);
-    trimZeros(value, separator);
+    if (isPlainDecimal(value, separator)) {
+        trimZeros(value, separator);
+    } else if (!hasExponent(value, separator)) {
+        return column.pack(text);
+    }
     std::replace(value.begin(), value.end(), separator, column.decimalSeparator());
     return column.pack(value);
 }

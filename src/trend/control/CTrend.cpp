@@ -1,11 +1,12 @@
 #include "trend/control/CTrend.h"
 
 #include "trend/control/TrendAccessible.h"
+#include "trend/control/TrendActions.h"
 #include "trend/control/TrendCommands.h"
 #include "trend/control/TrendInteraction.h"
 #include "trend/control/TrendKeys.h"
-#include "trend/control/TrendMenu.h"
 #include "trend/control/TrendScene.h"
+#include "ui/commands/CommandSet.h"
 
 #include <QContextMenuEvent>
 #include <QFontInfo>
@@ -17,10 +18,12 @@ namespace pellam {
 
 CTrend::CTrend(QWidget* parent, const QTimeZone& zone)
     : QWidget(parent),
-      m_scene(std::make_unique<TrendScene>(chart(), zone)) {
+      m_scene(std::make_unique<TrendScene>(chart(), zone)),
+      m_actions(new CommandSet(this)) {
     m_commands = std::make_unique<TrendCommands>(*this);
     m_interaction = std::make_unique<TrendInteraction>(*this);
     m_keys = std::make_unique<TrendKeys>(*this, *m_interaction);
+    addTrendCommands(*m_actions, *this);
     TrendAccessible::install();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -171,7 +174,7 @@ void CTrend::changeEvent(QEvent* event) {
 
 bool CTrend::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
-        if (!TrendKeys::handles(*static_cast<QKeyEvent*>(event))) return QWidget::event(event);
+        if (!m_keys->handles(*static_cast<QKeyEvent*>(event))) return QWidget::event(event);
         event->accept();
         return true;
     }
@@ -281,10 +284,12 @@ void CTrend::focusOutEvent(QFocusEvent* event) {
 void CTrend::contextMenuEvent(QContextMenuEvent* event) {
     const TrendHit hit = m_scene->layout().hit(event->pos());
     m_interaction->cancel();
-    auto* menu = new TrendMenu(*this, m_scene->marks.crosshair,
-                               hit.part == TrendPart::Scale ? hit.index : 0);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
+    m_actions->refresh();
+    m_menu = new QMenu(this);
+    m_menuTime = m_scene->marks.crosshair;
+    fillTrendMenu(*m_menu, *m_actions, hit.part == TrendPart::Scale ? hit.index : 0);
+    m_menu->setAttribute(Qt::WA_DeleteOnClose);
+    m_menu->popup(event->globalPos());
 }
 
 } // namespace pellam

@@ -2,6 +2,8 @@
 
 #include "trend/control/TrendOperations.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QTimeZone>
 #include <QWidget>
 #include <memory>
@@ -9,6 +11,7 @@
 
 namespace pellam {
 
+class CommandSet;
 class TrendCommands;
 class TrendInteraction;
 class TrendKeys;
@@ -55,6 +58,12 @@ class CTrend : public QWidget, public TrendOperations {
 
     TrendCommands& commands() { return *m_commands; }
 
+    /// The actions of what a person can do with the control.
+    CommandSet& actions() { return *m_actions; }
+
+    /// The crosshair's time when the pop-up menu was opened, as long as that is there.
+    std::optional<double> menuTime() const { return m_menu ? m_menuTime : std::nullopt; }
+
   public Q_SLOTS:
     void zoomBack();
     void zoomForward();
@@ -71,7 +80,7 @@ class CTrend : public QWidget, public TrendOperations {
     void zoomChanged();
     /// Pointed at a text for which there was too little room; its tool tip says it in full.
     void textCutShort();
-    // Commands of the pop-up menu that belong to the owner.
+    // Commands that belong to the owner.
     void stripChartRequested();
     void autoScaleRequested();
     void editAxisRequested();
@@ -108,6 +117,9 @@ class CTrend : public QWidget, public TrendOperations {
     std::unique_ptr<TrendCommands> m_commands;
     std::unique_ptr<TrendInteraction> m_interaction;
     std::unique_ptr<TrendKeys> m_keys;
+    CommandSet* m_actions;
+    QPointer<QMenu> m_menu;
+    std::optional<double> m_menuTime;
     double m_pixelRatio = 0;
 };
 

@@ -4,7 +4,7 @@
 #include "trend/control/TrendCommands.h"
 #include "trend/control/TrendInteraction.h"
 #include "trend/control/TrendScene.h"
-#include "trend/control/TrendZoom.h"
+#include "ui/commands/CommandSet.h"
 
 #include <QKeyEvent>
 
@@ -28,7 +28,7 @@ TrendKeys::TrendKeys(CTrend& trend, TrendInteraction& interaction)
       m_commands(trend.commands()),
       m_interaction(interaction) {}
 
-bool TrendKeys::handles(const QKeyEvent& event) {
+bool TrendKeys::handles(const QKeyEvent& event) const {
     const auto held = modifiers(event);
     switch (event.key()) {
     case Qt::Key_Left:
@@ -37,48 +37,25 @@ bool TrendKeys::handles(const QKeyEvent& event) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
-        return !(held & Qt::ControlModifier);
-    case Qt::Key_Backspace:
-        return held == Qt::NoModifier || held == Qt::ShiftModifier;
-    case Qt::Key_C:
-        return held == Qt::NoModifier || held == Qt::ControlModifier;
-    case Qt::Key_X:
-        return held == (Qt::ControlModifier | Qt::ShiftModifier);
-    case Qt::Key_Delete:
-        return held == Qt::NoModifier || held == Qt::ShiftModifier;
-    case Qt::Key_1:
-    case Qt::Key_2:
-    case Qt::Key_3:
-    case Qt::Key_4:
-    case Qt::Key_5:
-    case Qt::Key_6:
-    case Qt::Key_F5:
-    case Qt::Key_F6:
-    case Qt::Key_F7:
-    case Qt::Key_G:
-    case Qt::Key_I:
+        return !(held & Qt::ControlModifier) || m_trend.actions().handles(event);
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_A:
-    case Qt::Key_B:
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Escape:
         return held == Qt::NoModifier;
     default:
-        return false;
+        return m_trend.actions().handles(event);
     }
 }
 
 bool TrendKeys::press(const QKeyEvent& event) {
     if (m_trend.locked() || !handles(event)) return false;
     if (m_scene.marks.legendFocus >= 0 && pressInLegend(event)) return true;
-    return move(event) || zoom(event) || cursor(event) || mark(event) || display(event) ||
-           request(event);
+    return move(event) || mark(event) || m_trend.actions().press(event);
 }
 
 bool TrendKeys::release(const QKeyEvent& event) {
@@ -131,83 +108,13 @@ bool TrendKeys::move(const QKeyEvent& event) {
     case Qt::Key_PageDown:
         m_commands.panTime(kPage);
         return true;
-    default:
-        return false;
-    }
-}
-
-bool TrendKeys::zoom(const QKeyEvent& event) {
-    switch (event.key()) {
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
+        // Those with Ctrl are commands.
+        if (event.modifiers() & Qt::ControlModifier) return false;
         m_commands.zoomIn(event.key() == Qt::Key_Minus ? 1 / kCloser : kCloser,
                           event.modifiers() & Qt::AltModifier);
-        return true;
-    case Qt::Key_Home:
-        m_commands.zoomAll();
-        return true;
-    case Qt::Key_Backspace:
-        if (event.modifiers() & Qt::ShiftModifier) {
-            m_commands.zoomForward();
-        } else {
-            m_commands.zoomBack();
-        }
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool TrendKeys::cursor(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_A:
-        m_commands.setCursor(0);
-        return true;
-    case Qt::Key_B:
-        m_commands.setCursor(1);
-        return true;
-    case Qt::Key_Delete:
-        modifiers(event) == Qt::ShiftModifier ? m_commands.removeCursors()
-                                              : m_commands.removeCursor();
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool TrendKeys::display(const QKeyEvent& event) {
-    const int key = event.key();
-    if (key == Qt::Key_F6)
-        m_trend.SetLassoZoom(m_trend.GetLassoZoom() == 0 ? 1 : 0);
-    else if (key == Qt::Key_G)
-        m_trend.setBreakGaps(!m_scene.chart().state.breakGaps);
-    else if (key == Qt::Key_C && modifiers(event) == Qt::NoModifier)
-        m_commands.setCrosshairFollows(!m_commands.crosshairFollows());
-    else if (key >= Qt::Key_1 && key <= Qt::Key_6)
-        m_commands.editScale(key - Qt::Key_0);
-    else
-        return false;
-    return true;
-}
-
-// What the owner does.
-bool TrendKeys::request(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_C:
-        Q_EMIT m_trend.copyRequested();
-        return true;
-    case Qt::Key_I:
-        Q_EMIT m_trend.exportImageRequested();
-        return true;
-    case Qt::Key_X:
-        Q_EMIT m_trend.editAxisRequested();
-        return true;
-    case Qt::Key_F5:
-        Q_EMIT m_trend.autoScaleRequested();
-        return true;
-    case Qt::Key_F7:
-        if (m_scene.chart().enabledScales() > 1) Q_EMIT m_trend.stripChartRequested();
         return true;
     default:
         return false;

@@ -1,6 +1,7 @@
 #include "trend/ticks/ZoneOffsets.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 #include <algorithm>
 #include <cmath>
 
@@ -13,7 +14,8 @@ constexpr double earliest = -62e9;
 constexpr double latest = 253e9;
 
 QDateTime dateTime(double seconds) {
-    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(std::floor(seconds)), Qt::UTC);
+    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(std::floor(seconds)),
+                                         QTimeZone::utc());
 }
 
 // Many zones have no letters, and their abbreviation is a bare "+1030".

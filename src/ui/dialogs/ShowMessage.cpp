@@ -1,5 +1,7 @@
 #include "ui/dialogs/ShowMessage.h"
 
+#include <QCoreApplication>
+
 namespace pellam {
 
 QMessageBox::Icon messageIcon(const QString& text) {

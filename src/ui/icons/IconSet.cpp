@@ -39,7 +39,8 @@ QIcon IconSet::icon(IconName name) {
 QIcon IconSet::applicationIcon() {
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        const auto file = side < 32 ? u"application-small"_qs : u"application"_qs;
+        const auto file =
+            side < 32 ? QStringLiteral("application-small") : QStringLiteral("application");
         icon.addPixmap(QIcon(new LineIconEngine(file)).pixmap(QSize(side, side), 1.0));
     }
     return icon;

@@ -8,6 +8,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include <algorithm>
+
 // The library is static: without this reference the linker would leave the pictures out. The macro
 // must stand outside any namespace.
 static void loadPictures() {

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include <algorithm>
+
 namespace pellam {
 
 namespace {
@@ -70,13 +72,13 @@ QIcon ToolkitStyle::standardIcon(StandardPixmap icon, const QStyleOption* option
     const auto own = [](const QString& file) { return QIcon(new LineIconEngine(file)); };
     switch (icon) {
     case SP_MessageBoxInformation:
-        return own(u"message-information"_qs);
+        return own(QStringLiteral("message-information"));
     case SP_MessageBoxQuestion:
-        return own(u"message-question"_qs);
+        return own(QStringLiteral("message-question"));
     case SP_MessageBoxWarning:
-        return own(u"message-warning"_qs);
+        return own(QStringLiteral("message-warning"));
     case SP_MessageBoxCritical:
-        return own(u"message-critical"_qs);
+        return own(QStringLiteral("message-critical"));
     default:
         return QProxyStyle::standardIcon(icon, option, widget);
     }

@@ -6,14 +6,15 @@
 #include "drop/CMyDropTarget.h"
 #include "replay/time/CMyTime.h"
 #include "trend/control/CTrend.h"
+#include "ui/commands/CommandSet.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/ChartClipboard.h"
 #include "views/chart/ChartFile.h"
+#include "views/chart/LeftOutNotes.h"
+#include "views/chart/ShowTable.h"
 #include "views/chart/StripLayout.h"
-#include "views/chart/TrendSetUp.h"
-#include "views/series/TrendBuilder.h"
-#include "views/sheet/GridModel.h"
+#include "views/series/TrendTableReader.h"
 #include "views/text/ScreenText.h"
 
 #include <QFileDialog>
@@ -53,6 +54,7 @@ CTrendView::CTrendView(const Context& context, QWidget* parent)
       m_dropTarget(new CMyDropTarget(this)) {
     OnInitialUpdate();
     connectTrend();
+    addFontCommands();
 }
 
 CTrendView::~CTrendView() = default;
@@ -101,7 +103,7 @@ void CTrendView::ResetView() {
 void CTrendView::rebuild() {
     if (m_rebuilding) return;
     const QScopedValueRollback busy(m_rebuilding, true);
-    m_context.grid.setChanged(false);
+    m_context.clearMark();
     m_message->clear();
     ResetView();
     const UpdateLock lock(*m_trend);
@@ -110,7 +112,8 @@ void CTrendView::rebuild() {
         const ProgressScope scope(progress, "Loading Trend Chart", "Loading...", 1,
                                   std::max<Row>(1, m_context.grid.rowCount()));
         progress.setWindowText("Loading Pellam");
-        TrendTable table = TrendBuilder(m_context.grid, m_context.international, progress).build();
+        TrendTable table =
+            TrendTableReader(m_context.grid, m_context.international, progress).read();
         progress.addString("Auto scaling, please wait...");
         showChart(table);
     } catch (const std::exception&) {
@@ -159,12 +162,8 @@ QString CTrendView::message() const {
     return hasChart() ? QString() : m_message->text();
 }
 
-bool CTrendView::selectionZoom() const {
-    return m_trend->GetLassoZoom() != 0;
-}
-
 void CTrendView::OnViewZoom() {
-    m_trend->SetLassoZoom(selectionZoom() ? 0 : 1);
+    m_trend->SetLassoZoom(m_trend->GetLassoZoom() != 0 ? 0 : 1);
     Q_EMIT stateChanged();
 }
 
@@ -174,6 +173,21 @@ bool CTrendView::canIncreaseFont() const {
 
 bool CTrendView::canDecreaseFont() const {
     return m_trend->GetFontScaleFactor() > 0.1;
+}
+
+CommandSet& CTrendView::commands() const {
+    return m_trend->actions();
+}
+
+void CTrendView::addFontCommands() {
+    commands().add(
+        {Command::IncreaseFont, "&Increase Font Size",
+         "Ctrl++; Ctrl+=", "Make the chart's texts larger", IconName::IncreaseFont},
+        [this] { OnViewIncreasefontsize(); }, [this] { return canIncreaseFont(); });
+    commands().add(
+        {Command::DecreaseFont, "&Decrease Font Size", "Ctrl+-", "Make the chart's texts smaller",
+         IconName::DecreaseFont},
+        [this] { OnViewDecreasefontsize(); }, [this] { return canDecreaseFont(); });
 }
 
 void CTrendView::changeFont(double step) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/GridData.h"
-#include "views/chart/TrendRows.h"
+#include "views/chart/RowsByTime.h"
 
 #include <QWidget>
 
@@ -17,6 +17,7 @@ QT_END_NAMESPACE
 namespace pellam {
 
 class CMyDropTarget;
+class CommandSet;
 class CTrend;
 class MessageSink;
 class ProgressSink;
@@ -31,6 +32,8 @@ class CTrendView : public QWidget {
     struct Context {
         GridData& grid;
         const InternationalSettings& international;
+        /// Takes the grid's mark away, when a rebuild starts.
+        std::function<void()> clearMark;
         MessageSink& messages;
         std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
         /// Where saving an image starts.
@@ -41,6 +44,9 @@ class CTrendView : public QWidget {
     ~CTrendView() override;
 
     [[nodiscard]] CTrend& trend() const { return *m_trend; }
+
+    /// The commands of the chart and of the page.
+    [[nodiscard]] CommandSet& commands() const;
 
     /// Takes files that are dropped on the page.
     [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
@@ -56,11 +62,7 @@ class CTrendView : public QWidget {
 
     [[nodiscard]] const QString& fileName() const { return m_fileName; }
 
-    [[nodiscard]] bool selectionZoom() const;
     [[nodiscard]] bool canStack() const;
-
-    /// Whether the Y scales are stacked.
-    [[nodiscard]] bool isStacked() const { return m_stacked; }
 
     [[nodiscard]] bool canIncreaseFont() const;
     [[nodiscard]] bool canDecreaseFont() const;
@@ -125,6 +127,7 @@ class CTrendView : public QWidget {
     void rebuild();
     void showChart(TrendTable& table);
     void setUnits(const TrendTable& table);
+    void addFontCommands();
     void changeFont(double step);
     bool OnPreparePrinting(QPrinter& printer);
     void PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
@@ -133,7 +136,7 @@ class CTrendView : public QWidget {
     CTrend* m_trend;
     QLabel* m_message;
     CMyDropTarget* m_dropTarget;
-    TrendRows m_rows;
+    RowsByTime m_rows;
     QString m_fileName;
     qint64 m_currentRow = 0;
     bool m_stacked = false;

@@ -2,7 +2,7 @@
 
 #include "base/MessageSink.h"
 #include "trend/control/CTrend.h"
-#include "views/chart/PaperLayout.h"
+#include "views/chart/PaperGuard.h"
 
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -68,7 +68,7 @@ void CTrendView::OnEndPrinting(bool preview) {
 
 void CTrendView::OnPrint(QPainter& painter, const QRectF& area, double unitsPerInch) {
     const double unit = unitsPerInch / kUnitsPerInch;
-    const PaperLayout paper(*m_trend);
+    const PaperGuard paper(*m_trend);
     painter.save();
     painter.fillRect(area, Qt::white);
     m_trend->PrintTrend(painter, area.adjusted(kMargin * unit, kChartTop * unit, 0, 0),

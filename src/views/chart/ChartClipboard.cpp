@@ -2,7 +2,7 @@
 
 #include "trend/control/TrendOperations.h"
 #include "trend/paint/TrendExport.h"
-#include "views/chart/PaperLayout.h"
+#include "views/chart/PaperGuard.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -16,7 +16,7 @@ namespace pellam {
 bool copyChart(TrendOperations& trend, bool minimised) {
     constexpr QSize kSize(800, 600);
     const TrendTheme theme = TrendTheme::paper();
-    const PaperLayout paper(trend, !minimised);
+    const PaperGuard paper(trend, !minimised);
     const QImage image = chartImage(trend.chart(), kSize, theme);
     if (image.isNull()) return false;
     QByteArray svg;

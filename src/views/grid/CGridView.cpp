@@ -5,6 +5,7 @@
 #include "views/grid/FindBar.h"
 #include "views/grid/GoToDialog.h"
 #include "views/grid/GridClipboard.h"
+#include "views/grid/GridCommands.h"
 #include "views/grid/GridFinder.h"
 #include "views/grid/MyCug.h"
 #include "views/grid/SelectionStatistics.h"
@@ -46,6 +47,7 @@ CGridView::CGridView(GridData& grid, const InternationalSettings& settings, QWid
     setFocusProxy(m_cug);
     connect(m_note, &NoticeBar::chosen, this, &CGridView::noteChosen);
     connect(m_note, &NoticeBar::dismissed, m_cug, [this] { m_cug->setFocus(); });
+    addPageCommands(commands(), *this);
     connectGrid();
     connectSearch();
 }
@@ -62,8 +64,6 @@ void CGridView::connectGrid() {
     connect(m_model, &GridModel::changedMark, this, &CGridView::changedMark);
     connect(m_cug, &MyCug::currentCellChanged, this,
             [this](int, qint64 row) { Q_EMIT currentRowChanged(row); });
-    connect(m_cug, &MyCug::findRequested, this, &CGridView::find);
-    connect(m_cug, &MyCug::goToRequested, this, &CGridView::goTo);
     GridClipboard& clipboard = m_cug->clipboard();
     connect(&clipboard, &GridClipboard::notice, this, &CGridView::notice);
     connect(&clipboard, &GridClipboard::refused, this,
@@ -86,7 +86,7 @@ void CGridView::connectSearch() {
         m_cug->setFocus();
     });
     connect(m_finder, &GridFinder::found, this, [this](int column, qint64 row, bool wrapped) {
-        m_cug->selectArea({column, column, row + 1, row + 1});
+        goToCell(column, row);
         const QString remark = wrapped ? tr("Went on from the other end of the data") : QString();
         m_findBar->showRemark(remark);
         if (wrapped) Q_EMIT notice(remark);
@@ -147,44 +147,8 @@ int CGridView::pageCount(const QPrinter& printer) const {
     return sheets.pageCount();
 }
 
-bool CGridView::canCopy() const {
-    return m_cug->selectionModel()->hasSelection();
-}
-
-bool CGridView::canEdit() const {
-    return m_cug->enableProtection() != 1;
-}
-
-bool CGridView::canGoToDamaged() const {
-    return !m_grid.damagedRows().empty();
-}
-
-void CGridView::setAllCharted(int columns, bool charted) {
-    m_model->setCharted(0, std::min(columns, m_grid.columnCount()) - 1, charted);
-}
-
-void CGridView::selectAllChannels() {
-    setAllCharted(m_grid.channelCount(), true);
-}
-
-void CGridView::deselectAllChannels() {
-    setAllCharted(m_grid.columnCount(), false);
-}
-
-void CGridView::cut() {
-    m_cug->clipboard().cut();
-}
-
-void CGridView::copy() {
-    m_cug->clipboard().copy();
-}
-
-void CGridView::copyWithHeadings() {
-    m_cug->clipboard().copy(true);
-}
-
-void CGridView::paste() {
-    m_cug->clipboard().paste();
+CommandSet& CGridView::commands() const {
+    return m_cug->commands();
 }
 
 void CGridView::find() {
@@ -216,13 +180,17 @@ void CGridView::search(bool forward) {
 
 void CGridView::goTo() {
     GoToDialog dialog(m_grid, m_settings, m_cug->currentIndex().row() - 1, this);
-    if (dialog.exec() == QDialog::Accepted) goToRow(dialog.row());
+    if (dialog.exec() != QDialog::Accepted) return;
+    goToRow(dialog.row());
+    m_cug->setFocus();
+}
+
+void CGridView::goToCell(int column, Row row) {
+    m_cug->selectArea({column, column, row + 1, row + 1});
 }
 
 void CGridView::goToRow(Row row) {
-    const int column = std::max(0, m_cug->currentIndex().column());
-    m_cug->selectArea({column, column, row + 1, row + 1});
-    m_cug->setFocus();
+    goToCell(std::max(0, m_cug->currentIndex().column()), row);
 }
 
 void CGridView::nextDamagedLine() {
@@ -246,6 +214,7 @@ void CGridView::goToDamaged(bool forward) {
     std::size_t place = forward ? 0 : rows.size() - 1;
     if (!wrapped) place = static_cast<std::size_t>(at - rows.begin()) - (forward ? 0 : 1);
     goToRow(rows[place]);
+    m_cug->setFocus();
     const QString remark = tr("Damaged line %L1 of %L2").arg(place + 1).arg(rows.size());
     Q_EMIT notice(wrapped ? remark + tr(", went on from the other end of the data") : remark);
 }

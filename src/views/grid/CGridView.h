@@ -13,6 +13,7 @@ QT_END_NAMESPACE
 namespace pellam {
 
 class CMyDropTarget;
+class CommandSet;
 class FindBar;
 class GridFinder;
 class GridModel;
@@ -63,20 +64,13 @@ class CGridView : public QWidget {
     /// Pages on this printer's paper; 0 when no row is loaded.
     [[nodiscard]] int pageCount(const QPrinter& printer) const;
 
-    /// Whether the commands of the same names would do something now.
-    [[nodiscard]] bool canCopy() const;
-    [[nodiscard]] bool canEdit() const;
-    [[nodiscard]] bool canGoToDamaged() const;
+    /// The commands on cells and those of the page.
+    [[nodiscard]] CommandSet& commands() const;
+
+    /// Makes a data row the current one, in the current column, and shows it.
+    void goToRow(Row row);
 
   public Q_SLOTS:
-    /// Sets the check boxes of columns 0 to channelCount() - 1.
-    void selectAllChannels();
-    /// Clears the check boxes of all columns.
-    void deselectAllChannels();
-    void cut();
-    void copy();
-    void copyWithHeadings();
-    void paste();
     /// Opens the find bar.
     void find();
     void findNext();
@@ -103,9 +97,8 @@ class CGridView : public QWidget {
     void connectGrid();
     void connectSearch();
     void search(bool forward);
-    void goToRow(Row row);
+    void goToCell(int column, Row row);
     void goToDamaged(bool forward);
-    void setAllCharted(int columns, bool charted);
 
     GridData& m_grid;
     const InternationalSettings& m_settings;

@@ -12,10 +12,21 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace pellam {
 
 GridClipboard::GridClipboard(MyCug& cug) : QObject(&cug), m_cug(cug) {}
+
+void GridClipboard::watch() {
+    if (std::exchange(m_watches, true)) return;
+    const auto look = [this] {
+        const auto* content = QApplication::clipboard()->mimeData();
+        m_hasText = content && content->hasText();
+    };
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, look);
+    look();
+}
 
 void GridClipboard::setQuestion(std::function<bool(const QString&)> question) {
     m_question = std::move(question);

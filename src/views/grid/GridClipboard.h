@@ -17,6 +17,13 @@ class GridClipboard : public QObject {
   public:
     explicit GridClipboard(MyCug& cug);
 
+    /// Follows the clipboard, for hasText(). Asking what it holds goes to another program, so that
+    /// is done only when it changes.
+    void watch();
+
+    /// Whether there is a text to paste; not before watch().
+    [[nodiscard]] bool hasText() const { return m_hasText; }
+
     /// Asked before something that cannot be undone; without it such things are not done.
     void setQuestion(std::function<bool(const QString&)> question);
 
@@ -46,6 +53,8 @@ class GridClipboard : public QObject {
 
     MyCug& m_cug;
     std::function<bool(const QString&)> m_question;
+    bool m_watches = false;
+    bool m_hasText = false;
 };
 
 } // namespace pellam

@@ -1,6 +1,6 @@
 #include "views/grid/GridKeys.h"
 
-#include "views/grid/GridClipboard.h"
+#include "ui/commands/CommandSet.h"
 #include "views/grid/MyCug.h"
 #include "views/sheet/GridModel.h"
 
@@ -9,34 +9,13 @@
 namespace pellam {
 
 bool GridKeys::handle(QKeyEvent& event) {
-    if (editCells(event)) return true;
+    if (m_cug.commands().press(event)) return true;
     if (event.keyCombination() == QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key_A)) {
         m_cug.selectAll();
         return true;
     }
     if (event.matches(QKeySequence::SelectAll)) return true; // it is the channels' shortcut
     return m_cug.currentIndex().isValid() && (select(event) || jumpToEdge(event));
-}
-
-bool GridKeys::editCells(const QKeyEvent& event) {
-    QUndoStack& steps = m_cug.gridModel().undoStack();
-    const bool loaded = m_cug.gridModel().grid().rowCount() > 0;
-    if (event.matches(QKeySequence::Copy)) {
-        if (loaded) m_cug.clipboard().copy();
-    } else if (event.matches(QKeySequence::Cut)) {
-        if (loaded) m_cug.clipboard().cut();
-    } else if (event.matches(QKeySequence::Paste)) {
-        m_cug.clipboard().paste();
-    } else if (event.matches(QKeySequence::Delete)) {
-        if (loaded) m_cug.clipboard().clear();
-    } else if (event.matches(QKeySequence::Undo)) {
-        steps.undo();
-    } else if (event.matches(QKeySequence::Redo)) {
-        steps.redo();
-    } else {
-        return false;
-    }
-    return true;
 }
 
 bool GridKeys::select(const QKeyEvent& event) {

@@ -6,8 +6,8 @@ namespace pellam {
 
 class MyCug;
 
-/// What the keys do on the grid beyond the table's own: clipboard, undo, selection, check boxes,
-/// and jumps to the edges of the data.
+/// What the keys do on the grid beyond the table's own: its commands, selection, check boxes, and
+/// jumps to the edges of the data.
 class GridKeys {
   public:
     /// `cug` must outlive it.
@@ -17,7 +17,6 @@ class GridKeys {
     bool handle(QKeyEvent& event);
 
   private:
-    bool editCells(const QKeyEvent& event);
     bool select(const QKeyEvent& event);
     bool jumpToEdge(const QKeyEvent& event);
 

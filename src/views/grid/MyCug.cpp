@@ -1,8 +1,9 @@
 #include "views/grid/MyCug.h"
 
+#include "ui/commands/CommandSet.h"
 #include "views/grid/GridClipboard.h"
+#include "views/grid/GridCommands.h"
 #include "views/grid/GridKeys.h"
-#include "views/grid/GridMenu.h"
 #include "views/grid/LockedColumn.h"
 #include "views/scan/CompareCells.h"
 #include "views/sheet/AxisNumber.h"
@@ -14,7 +15,9 @@
 #include "views/sheet/MoveColumnCommand.h"
 #include "views/text/SampledWidth.h"
 
+#include <QAction>
 #include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -37,8 +40,10 @@ MyCug::MyCug(GridModel& model, QWidget* parent)
       m_corner(new GridCorner(this)),
       m_delegate(new GridDelegate(this)),
       m_clipboard(new GridClipboard(*this)),
+      m_commands(new CommandSet(this)),
       m_keys(std::make_unique<GridKeys>(*this)) {
     OnSetup();
+    addCellCommands(*m_commands, *this);
 }
 
 MyCug::~MyCug() = default;
@@ -161,34 +166,24 @@ bool MyCug::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
 }
 
 void MyCug::OnMenuCommand(int command) {
-    switch (command) {
-    case kCutCommand:
-        return m_clipboard->cut();
-    case kCopyCommand:
-        m_clipboard->copy();
-        break;
-    case kPasteCommand:
-        return m_clipboard->paste();
-    case kCopyWithHeadingsCommand:
-        m_clipboard->copy(true);
-        break;
-    case kFindCommand:
-        Q_EMIT findRequested();
-        break;
-    case kGoToCommand:
-        Q_EMIT goToRequested();
-        break;
-    default:
-        break;
-    }
+    m_commands->refresh();
+    if (command == kCutCommand) m_commands->action(Command::Cut)->trigger();
+    if (command == kCopyCommand) m_commands->action(Command::Copy)->trigger();
+    if (command == kPasteCommand) m_commands->action(Command::Paste)->trigger();
 }
 
 void MyCug::contextMenuEvent(QContextMenuEvent* event) {
-    GridMenu menu(*this);
+    using enum Command;
+    m_clipboard->watch();
+    m_commands->refresh();
+    auto* menu = new QMenu(this);
+    m_commands->addTo(*menu, {Cut, Copy, CopyWithHeadings, Paste});
+    if (m_commands->action(Find)) m_commands->addTo(*menu, {kSeparator, Find, GoTo});
     const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint place = keyboard ? viewport()->mapToGlobal(visualRect(currentIndex()).center())
                                   : event->globalPos();
-    if (const QAction* chosen = menu.exec(place)) OnMenuCommand(chosen->data().toInt());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(place);
 }
 
 void MyCug::ensureCurrentCell() {

@@ -9,6 +9,7 @@
 
 namespace pellam {
 
+class CommandSet;
 class GridClipboard;
 class GridCorner;
 class GridDelegate;
@@ -30,9 +31,6 @@ class MyCug : public QTableView {
     static constexpr int kCutCommand = 1000;
     static constexpr int kCopyCommand = 1001;
     static constexpr int kPasteCommand = 1002;
-    static constexpr int kCopyWithHeadingsCommand = 1003;
-    static constexpr int kFindCommand = 1004;
-    static constexpr int kGoToCommand = 1005;
 
     /// `model` must outlive the control.
     explicit MyCug(GridModel& model, QWidget* parent = nullptr);
@@ -63,11 +61,15 @@ class MyCug : public QTableView {
                                             unsigned flags);
     /// Sets the mark and edits, on data cells alone.
     void OnDClicked(int column, GridRow row);
+    /// Gives one of the three numbered commands above.
     void OnMenuCommand(int command);
 
     [[nodiscard]] GridModel& gridModel() const { return m_grid; }
 
     [[nodiscard]] GridClipboard& clipboard() const { return *m_clipboard; }
+
+    /// The commands of the pop-up menu and the keys; the page around adds its own.
+    [[nodiscard]] CommandSet& commands() const { return *m_commands; }
 
     [[nodiscard]] GridCorner& corner() const { return *m_corner; }
 
@@ -94,8 +96,6 @@ class MyCug : public QTableView {
   Q_SIGNALS:
     void selectionMade();
     void currentCellChanged(int column, qint64 row);
-    void findRequested();
-    void goToRequested();
 
   protected:
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
@@ -130,6 +130,7 @@ class MyCug : public QTableView {
     GridCorner* m_corner;
     GridDelegate* m_delegate;
     GridClipboard* m_clipboard;
+    CommandSet* m_commands;
     std::unique_ptr<GridKeys> m_keys;
     GridSelection m_selection{*this};
     int m_enableProtection = 0;

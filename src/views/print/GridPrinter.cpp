@@ -73,7 +73,7 @@ class PagePainter {
 
     void paintHeading(int column, double left) {
         const double room = m_layout.columnWidth(column) - 2 * kMargin;
-        const HeadingText heading(screenText(m_grid.column(column).label()));
+        const HeadingText heading(m_grid.column(column).label());
         const QFontMetricsF metrics(m_layout.headingFont());
         m_painter.setPen(Qt::black);
         m_painter.drawText(QRectF(left + kMargin, 0, room, m_layout.headingHeight()),

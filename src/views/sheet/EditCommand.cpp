@@ -4,6 +4,7 @@
 #include "views/sheet/AxisNumber.h"
 #include "views/sheet/GridModel.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 

@@ -141,7 +141,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     painter->setFont(bold);
     const QRect room = rect.adjusted(decorationWidth() - kMargin, 0, -kMargin, 0);
     const HeadingText heading(
-        model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().toStdString());
     painter->setPen(palette().color(QPalette::ButtonText));
     painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter,
                       heading.lines(room.width(), QFontMetricsF(bold)).join(u'\n'));

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "views/sheet/EditCommand.h"
+#include "views/text/HeadingText.h"
 #include "views/text/ScreenText.h"
 
 #include <QBrush>
@@ -67,6 +68,11 @@ void GridModel::setCharted(int firstColumn, int lastColumn, bool charted) {
     if (firstColumn <= lastColumn) {
         Q_EMIT headerDataChanged(Qt::Horizontal, firstColumn, lastColumn);
     }
+}
+
+void GridModel::setAllCharted(bool charted) {
+    const int columns = m_grid.columnCount();
+    setCharted(0, (charted ? std::min(m_grid.channelCount(), columns) : columns) - 1, charted);
 }
 
 bool GridModel::moveColumn(int from, int to) {
@@ -169,7 +175,7 @@ QVariant GridModel::textColour(CellColour colour) const {
 }
 
 QString GridModel::accessibleCell(int column, int row) const {
-    QString heading = spacedLabel(screenText(m_grid.column(column).label()));
+    QString heading = HeadingText(m_grid.column(column).label()).inOneLine();
     if (heading.isEmpty()) heading = tr("Column %1").arg(column);
     if (row == kAxisRow) {
         return column == 0 ? tr("%1, axis row").arg(heading)
@@ -212,7 +218,7 @@ QVariant GridModel::columnHeading(int column, int role) const {
     case ChartedRole:
         return data.charted();
     case Qt::AccessibleTextRole: {
-        const QString label = spacedLabel(screenText(data.label()));
+        const QString label = HeadingText(data.label()).inOneLine();
         return tr("%1, %2").arg(label.isEmpty() ? tr("Column %1").arg(column) : label,
                                 data.charted() ? tr("charted") : tr("not charted"));
     }

@@ -43,6 +43,8 @@ class GridModel : public QAbstractTableModel {
 
     void setAxis(int column, int axis);
     void setCharted(int firstColumn, int lastColumn, bool charted);
+    /// Sets the check boxes of columns 0 to channelCount() - 1, or clears those of all columns.
+    void setAllCharted(bool charted);
     /// Moves a column in the store; false when it or its target must not move. Not undoable.
     bool moveColumn(int from, int to);
     /// Sets or takes away the mark in the corner.

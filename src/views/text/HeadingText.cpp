@@ -1,15 +1,21 @@
 #include "views/text/HeadingText.h"
 
+#include "grid/ChannelLabel.h"
+#include "views/text/ScreenText.h"
+
 #include <QFontMetricsF>
 
 namespace pellam {
 
-HeadingText::HeadingText(const QString& label) : m_name(label.simplified()) {
-    const qsizetype bracket = m_name.lastIndexOf(u'(');
-    if (bracket < 1 || !m_name.endsWith(u')')) return;
-    m_units = m_name.mid(bracket);
-    m_name = m_name.left(bracket).trimmed();
-    if (m_units == QStringLiteral("()")) m_units.clear();
+HeadingText::HeadingText(std::string_view label) {
+    const ChannelLabel parts(label);
+    m_name = screenText(parts.name).simplified();
+    if (parts.units.empty() || parts.name == parts.text) return;
+    m_units = u'(' + screenText(parts.units).simplified() + u')';
+}
+
+QString HeadingText::inOneLine() const {
+    return m_units.isEmpty() ? m_name : m_name + u' ' + m_units;
 }
 
 namespace {

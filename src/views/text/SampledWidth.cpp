@@ -26,7 +26,7 @@ double sampledTextWidth(const GridData& grid, int column, const QFontMetricsF& m
 }
 
 double headingTextWidth(const GridData& grid, int column, const QFontMetricsF& metrics) {
-    const HeadingText heading(screenText(grid.column(column).label()));
+    const HeadingText heading(grid.column(column).label());
     return std::max(metrics.horizontalAdvance(heading.name()),
                     metrics.horizontalAdvance(heading.units()));
 }

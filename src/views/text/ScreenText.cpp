@@ -9,10 +9,4 @@ QString screenText(std::string_view stored) {
     return QString::fromUtf8(stored.data(), static_cast<qsizetype>(stored.size()));
 }
 
-QString spacedLabel(const QString& label) {
-    const qsizetype bracket = label.lastIndexOf(u'(');
-    if (bracket < 1 || !label.endsWith(u')')) return label;
-    return label.left(bracket).trimmed() + u' ' + label.mid(bracket);
-}
-
 } // namespace pellam

@@ -8,7 +8,5 @@ namespace pellam {
 
 /// A text of the store for the screen: UTF-8, or Windows-1252 where it is not well-formed.
 QString screenText(std::string_view stored);
-/// A heading for people: "Temp(degC)" as "Temp (degC)".
-QString spacedLabel(const QString& label);
 
 } // namespace pellam

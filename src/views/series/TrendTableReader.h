@@ -1,0 +1,67 @@
+#pragma once
+
+#include "views/series/ChartValue.h"
+#include "views/series/RowTimes.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace pellam {
+
+class ProgressSink;
+
+/// What the chart shows: the values of the selected channels over times that all of them share.
+struct TrendTable {
+    struct Curve {
+        int column = 0; ///< of the grid
+        int axis = 1;   ///< Y scale, 1 to 6
+        std::string text;
+        std::string units;          ///< empty when the label has none
+        std::vector<double> values; ///< one a time; NaN where the channel has none
+        LeftOut leftOut;
+    };
+
+    std::vector<double> times; ///< seconds since 1970 UTC, strictly increasing
+    /// First row of each time; empty when time i stands in row i.
+    std::vector<std::uint32_t> rows;
+    std::vector<Curve> curves;
+    std::int64_t emptyTimes = 0;      ///< rows without a time
+    std::int64_t unreadableTimes = 0; ///< rows whose time text can't be read
+    std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
+    bool aborted = false;             ///< stopped by the person: later rows are missing
+};
+
+/// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
+/// a sentinel or no number, or when its time is not later than that of the curve's value before.
+class TrendTableReader {
+  public:
+    /// All of them must outlive the reader.
+    TrendTableReader(const GridData& grid, const InternationalSettings& settings,
+                     ProgressSink& progress);
+
+    /// The whole table, or what was read of it until the person stopped it.
+    [[nodiscard]] TrendTable read();
+
+  private:
+    void chooseCurves();
+    void readTimes();
+    void orderTimes();
+    void giveSlots();
+    void readValues();
+    void readInOrder(TrendTable::Curve& curve, Row first, Row count) const;
+    void readIntoSlots(std::size_t index, Row first, Row count);
+    bool reportAndGoOn(Row row);
+
+    static constexpr std::uint32_t kNoSlot = UINT32_MAX;
+
+    const GridData& m_grid;
+    ProgressSink& m_progress;
+    RowTimes m_rowTimes;
+    TrendTable m_table;
+    std::vector<std::uint32_t> m_slots;     ///< time index of each row; empty when it is the row
+    std::vector<std::uint32_t> m_firstFree; ///< by curve: first time index later than its last
+    Row m_rows = 0;
+};
+
+} // namespace pellam
