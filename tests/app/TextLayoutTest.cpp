@@ -103,7 +103,7 @@ TEST_F(TextLayoutTest, AChangedLineOfHeadingsIsPreviewedThenLoadedAndRememberedU
 TEST_F(TextLayoutTest, EveryFieldChangesTheTableAndWrongTextsChangeNothing) {
     // column, row: of the cell of the table that tells; -1: its heading
     const Table<const char*, const char*, int, int, const char*> cases = {
-        {"separator", "comma", 1, -1, "Date;Speed;Peak"},
+        {"separator", "comma", 1, -1, "Column 1"},
         {"separator", "", 1, 0, "3.5"},
         {"decimal", "point", 1, 0, "3,5"},
         {"data-line", "6", 1, 0, "4.5"},
@@ -140,12 +140,12 @@ TEST_F(TextLayoutTest, ItIsAllDoneByKeyboard) {
     auto& frame = start(preamble());
     DialogScript dialogs;
     dialogs.then<LayoutDialog>([](LayoutDialog& dialog) {
-        QTest::keyClick(&dialog, Qt::Key_H, Qt::AltModifier);
+        QTest::keyClick(dialog.windowHandle(), Qt::Key_H, Qt::AltModifier);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     });
-    QTest::keyClick(&frame, Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(label(1), "Wind");
+    QTest::keyClick(frame.windowHandle(), Qt::Key_G, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return label(1) == "Wind"; }));
 }
 
 TEST_F(TextLayoutTest, AFileOfAnyNameIsOpenedWithALayout) {
@@ -199,9 +199,10 @@ TEST_F(TextLayoutTest, TheMemoryHoldsFiftyAndWhatIsDamagedInItIsPassedOver) {
     EXPECT_FALSE(memory.recall(sampleOf(1)).any());
 
     const auto known = m_settings->GetProfileString("Text Layouts", "Known");
-    m_settings->WriteProfileString("Text Layouts", "Known",
-                                   u"line=1 %%& headings=x&line=-1&lines=9999999999 "_qs + known +
-                                       u" headings=y&line=1&lines=1&quote=zzz"_qs);
+    m_settings->WriteProfileString(
+        "Text Layouts", "Known",
+        QStringLiteral("line=1 %%& headings=x&line=-1&lines=9999999999 ") + known +
+            QStringLiteral(" headings=y&line=1&lines=1&quote=zzz"));
     EXPECT_EQ(memory.recall(sampleOf(2)), wishes);
     layout.headingsLine = 0;
     EXPECT_FALSE(memory.remember(sampleOf(2), layout, wishes)) << "no headings to know it by";

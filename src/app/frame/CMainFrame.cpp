@@ -232,7 +232,7 @@ void CMainFrame::OnLoadSessionFromFile(const QString& path) {
 void CMainFrame::OnOpenWithLayout() {
     if (m_loader->isBusy()) return;
     OnViewDatagrid();
-    const auto file = m_loader->askForFile();
+    const auto file = m_loader->askForFile(true);
     if (!file.isEmpty()) m_layouts->openWith(file);
 }
 

@@ -54,7 +54,7 @@ QStringList openFilters() {
 
 FrameLoader::FrameLoader(const Context& context) : QObject(context.window), m_context(context) {}
 
-QString FrameLoader::askForFile() {
+QString FrameLoader::askForFile(bool anyName) {
     auto& settings = m_context.app.settings();
     auto start = settings.GetProfileString(profile::kSection, profile::kLastReplay);
     if (start.isEmpty())
@@ -63,7 +63,9 @@ QString FrameLoader::askForFile() {
 
     QFileDialog dialog(m_context.window, tr("Select Replay File"), start);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilters(openFilters());
+    const QStringList filters = openFilters();
+    dialog.setNameFilters(filters);
+    if (anyName) dialog.selectNameFilter(filters.last());
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setDefaultSuffix(QStringLiteral("dlr"));
     if (dialog.exec() != QDialog::Accepted) return {};

@@ -38,8 +38,8 @@ class FrameLoader : public QObject {
     explicit FrameLoader(const Context& context);
 
     /// Shows the open dialog in the folder of the last choice and remembers the new one; empty when
-    /// it was cancelled.
-    [[nodiscard]] QString askForFile();
+    /// it was cancelled. With `anyName` files of all names are listed.
+    [[nodiscard]] QString askForFile(bool anyName = false);
 
     /// Loads a file into the grid by its extension. While a load or an export runs nothing happens
     /// and the outcome is an empty one. With `text`, even one without wishes, it is delimited text

@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -86,7 +87,8 @@ LayoutDialog::LayoutDialog(LayoutPreview& preview, const QString& fileName,
 
     connect(m_fields, &LayoutFields::changed, this, &LayoutDialog::follow);
     m_fields->setWishes(wishes);
-    m_lines->showLine(m_preview.layout().headingsLine);
+    // Once the view has its size.
+    QTimer::singleShot(0, m_lines, [this] { m_lines->showLine(m_preview.layout().headingsLine); });
     const QSize room = screen()->availableSize();
     resize(QSize(1000, 700).boundedTo(room - QSize(20, 60)));
 }

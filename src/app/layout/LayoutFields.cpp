@@ -130,6 +130,12 @@ void LayoutFields::addTimes(QFormLayout& form, const TextLayout& detected) {
     m_timeFormat->addItems(forms);
     m_missing = new QLineEdit;
     m_missing->setPlaceholderText(tr("none"));
+    // Some desktops' dark colours leave this one black.
+    QPalette colours = m_missing->palette();
+    QColor faint = colours.color(QPalette::Text);
+    faint.setAlpha(128);
+    colours.setColor(QPalette::PlaceholderText, faint);
+    m_missing->setPalette(colours);
     addRow(form, tr("&Time columns:"), m_timeColumns, "time-columns");
     addRow(form, tr("Time &format:"), m_timeFormat, "time-format");
     m_sample->setWordWrap(true);

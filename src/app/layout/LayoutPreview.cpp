@@ -46,7 +46,9 @@ std::string LayoutPreview::firstTime() const {
     if (m_table.rowCount() == 0 || m_layout.timeColumns.empty()) return {};
     TimeColumn times(m_table, m_settings);
     const auto moment = times.moment(Row{0});
-    return moment ? momentText(*moment, times.form()) : std::string();
+    if (!moment) return {};
+    const bool elapsed = times.form().kind() == TimeForm::Kind::Elapsed;
+    return momentText(*moment, times.form()) + (elapsed ? " s" : "");
 }
 
 } // namespace pellam
