@@ -1,7 +1,5 @@
 #pragma once
 
-#include "replay/load/LoadOutcome.h"
-
 #include <QObject>
 
 #include <functional>
@@ -16,6 +14,7 @@ class CGridView;
 class CLumasetApp;
 class MessageSink;
 struct InternationalSettings;
+struct LoadOutcome;
 
 /// Brings files onto the grid page: the open dialog, the load with its progress window, and the
 /// page before and after it. One load at a time.
