@@ -3,7 +3,7 @@
 #include "app/dialogs/COptionTreeDlg.h"
 #include "app/frame/CLumasetApp.h"
 #include "replay/load/FileLoader.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SettingsStore.h"
 #include "ui/dialogs/CConnectionStatus.h"

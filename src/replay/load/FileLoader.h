@@ -6,7 +6,7 @@
 #include "delimited/layout/LayoutWishes.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "delimited/layout/TextLayout.h"
-#include "replay/load/PassedOver.h"
+#include "replay/outcome/PassedOver.h"
 
 #include <cstdint>
 #include <string>
