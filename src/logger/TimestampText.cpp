@@ -1,7 +1,7 @@
 #include "logger/TimestampText.h"
 
+#include "base/CalendarText.h"
 #include "base/LoggerEpoch.h"
-#include "base/TwoDigits.h"
 
 #include <algorithm>
 #include <charconv>

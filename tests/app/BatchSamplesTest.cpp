@@ -40,7 +40,7 @@ TEST_F(BatchFixture, EverySampleIsLoadedAndExported) {
          "2008/02/25 06:00:00.000000,63,44,30,"},
         {"pump-station.csv", "delimited 576 5 0", "",
          "Time,Sump (m),Pump 1 (A),Pump 2 (A),Flow (l/s),Mode,",
-         "2008/05/12 00:00:00,1.243,0,0,0,auto, night,"},
+         "2008/05/12 00:00:00,1.243,0,0,0,\"auto, night\","},
         {"greenhouse-decimal-comma.csv", "delimited 432 4 0", "",
          "Time,Air (°C),Humidity (%),Light (klx),CO2 (ppm),",
          "2008/04/01 00:00:00,18.3,80.9,0,688.9,"},

@@ -3,6 +3,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 /// Answers the export's dialogs.
@@ -64,7 +66,7 @@ class FrameExportTest : public FrameFixture {
     const std::string kTxt = "Time\tLevel (m)\tFlow (l/s)\t\r\n"
                              "2024/03/01 10:00:00\t4.25\t17\t\r\n"
                              "2024/03/01 10:15:00\t4.31\t18.5\t\r\n";
-    const QString kOverwrite = u"The file already exists, Do you want to overwrite it ?"_qs;
+    const QString kOverwrite = u"The file already exists, Do you want to overwrite it ?"_s;
 };
 
 TEST_F(FrameExportTest, TheEndingDecidesTheKind) {
@@ -171,7 +173,7 @@ TEST_F(FrameExportTest, AFolderThatIsNotThereIsReported) {
 class Desktop {
   public:
     explicit Desktop(int status = 0) {
-        QFile script(m_folder.filePath(u"xdg-open"_qs));
+        QFile script(m_folder.filePath(u"xdg-open"_s));
         EXPECT_TRUE(script.open(QIODevice::WriteOnly));
         script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"$0.log\"\nexit " +
                      QByteArray::number(status) + "\n");
@@ -183,7 +185,7 @@ class Desktop {
 
     /// The files opened so far, a line each, once there are `count`.
     std::string opened(int count) {
-        QFile log(m_folder.filePath(u"xdg-open.log"_qs));
+        QFile log(m_folder.filePath(u"xdg-open.log"_s));
         QByteArray lines;
         (void)QTest::qWaitFor([&] {
             lines = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();

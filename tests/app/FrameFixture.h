@@ -16,7 +16,7 @@ class FrameFixture : public testing::Test {
   protected:
     void SetUp() override {
         qputenv("HOME", m_home.path().toUtf8());
-        m_settings = std::make_unique<SettingsStore>(m_home.filePath(u"p.ini"_qs));
+        m_settings = std::make_unique<SettingsStore>(m_home.filePath(QStringLiteral("p.ini")));
         m_app = std::make_unique<CLumasetApp>(*m_settings);
     }
 
@@ -55,7 +55,9 @@ class FrameFixture : public testing::Test {
     void give(Command command) { frame().actions().action(command)->trigger(); }
 
     /// What the status bar's fields say, in one line.
-    std::string status() { return frame().statusFields().texts().join(u" | "_qs).toStdString(); }
+    std::string status() {
+        return frame().statusFields().texts().join(QStringLiteral(" | ")).toStdString();
+    }
 
     std::string setting(const char* key) {
         return m_settings->GetProfileString("Default", key).toStdString();

@@ -8,6 +8,8 @@
 #include "views/chart/CTrendView.h"
 #include "views/grid/CGridView.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 using FrameLoadTest = FrameFixture;
@@ -137,9 +139,9 @@ TEST_F(FrameLoadTest, OfSeveralFilesDroppedAnywhereTheFirstIsOpened) {
 TEST_F(FrameLoadTest, ADroppedVirtualFileIsKeptInTheSaveFolderOrThatOfAFirstStart) {
     auto& frame = start();
     QMimeData file;
-    file.setData(u"FileGroupDescriptor"_qs, QByteArray("\1\0\0\0", 4) + QByteArray(72, '\0') +
-                                                QByteArray("tank.dbd").leftJustified(260, '\0'));
-    file.setData(u"FileContents"_qs, read(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd")));
+    file.setData(u"FileGroupDescriptor"_s, QByteArray("\1\0\0\0", 4) + QByteArray(72, '\0') +
+                                               QByteArray("tank.dbd").leftJustified(260, '\0'));
+    file.setData(u"FileContents"_s, read(QStringLiteral(PELLAM_SAMPLES "/tank-gauge.dbd")));
     m_settings->WriteProfileString("Default", "SaveDir", "");
     {
         // Its conversion asks for the folder that is not set.
@@ -168,7 +170,7 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     QMenu again;
     const RecentFiles kept(*m_settings, &again);
     for (const auto* action : again.actions())
-        texts += u"%1 %2"_qs.arg(action->text()).arg(action->data().toInt());
+        texts += u"%1 %2"_s.arg(action->text()).arg(action->data().toInt());
     EXPECT_EQ(texts.join(u',').toStdString(), "&1 c.csv 57616,&2 e.csv 57617,&3 b.csv 57618")
         << "d, which is gone, was taken off; a had fallen off before";
     frame.actions().recentMenu()->actions().at(1)->trigger();
@@ -183,9 +185,9 @@ TEST_F(FrameLoadTest, WindowsOnOneSettingsFileKeepEachOthersRecentFiles) {
     RecentFiles second(other, &menus[1]);
     for (const auto* name : {"/a", "/b", "/c"})
         first.add(QString::fromLatin1(name));
-    second.add(u"/d"_qs);
-    first.add(u"/b"_qs);
-    second.remove(u"/a"_qs);
+    second.add(u"/d"_s);
+    first.add(u"/b"_s);
+    second.remove(u"/a"_s);
     EXPECT_EQ(second.paths().join(u' '), u"/b /d /c");
     EXPECT_EQ(menus[1].actions().size(), 3);
 }

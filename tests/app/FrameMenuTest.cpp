@@ -7,6 +7,8 @@
 #include "views/grid/MyCug.h"
 #include "views/sheet/GridModel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 using FrameMenuTest = FrameFixture;
@@ -15,21 +17,21 @@ using FrameMenuTest = FrameFixture;
 static QStringList keysOf(const QAction* action) {
     const QString shown = action->text().section(u'\t', 1);
     if (!shown.isEmpty()) return {shown};
-    return QKeySequence::listToString(action->shortcuts()).split(u"; "_qs, Qt::SkipEmptyParts);
+    return QKeySequence::listToString(action->shortcuts()).split(u"; "_s, Qt::SkipEmptyParts);
 }
 
 /// The keys in the first column of the help page of keys: "1 to 3" stands for 1, 2 and 3.
 static QStringList keysOnHelpPage() {
-    QFile page(u":/help/keyboard.html"_qs);
+    QFile page(u":/help/keyboard.html"_s);
     EXPECT_TRUE(page.open(QIODevice::ReadOnly));
-    static const QRegularExpression row(u"<tr><td>(.*?)</td>"_qs);
+    static const QRegularExpression row(u"<tr><td>(.*?)</td>"_s);
     QStringList keys;
     for (auto rows = row.globalMatch(QString::fromUtf8(page.readAll())); rows.hasNext();) {
-        QString cell = rows.next().captured(1).replace(u"Delete"_qs, u"Del"_qs);
-        const qsizetype range = cell.indexOf(u" to "_qs);
+        QString cell = rows.next().captured(1).replace(u"Delete"_s, u"Del"_s);
+        const qsizetype range = cell.indexOf(u" to "_s);
         for (int i = cell.left(range).toInt(); range > 0 && i <= cell.mid(range + 4).toInt(); ++i)
             keys += QString::number(i);
-        keys += cell.split(u", "_qs);
+        keys += cell.split(u", "_s);
     }
     return keys;
 }
@@ -78,7 +80,7 @@ TEST_F(FrameMenuTest, UndoAndRedoBelongToTheGrid) {
     };
     EXPECT_EQ(state(), "&Undo Red&o 4.25");
     auto& model = frame.Grid()->gridModel();
-    model.setData(model.index(1, 1), u"7"_qs);
+    model.setData(model.index(1, 1), u"7"_s);
     EXPECT_EQ(state(), "&Undo Typing! Red&o 7");
     QTest::keyClick(frame.Grid(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(state(), "&Undo Red&o Typing! 4.25");
@@ -144,7 +146,7 @@ TEST_F(FrameMenuTest, CommandsAreGreyWhereTheyWouldDoNothing) {
     EXPECT_EQ(enabled(frame), "OdfCstxaz+-") << "no chart to print, no scales to stack";
     frame.OnLoadSessionFromFile(csv());
     EXPECT_EQ(enabled(frame), "OdESPvfXCHAFDNGst") << "grid with data";
-    QApplication::clipboard()->setText(u"1"_qs);
+    QApplication::clipboard()->setText(u"1"_s);
     untilIdle();
     EXPECT_EQ(enabled(frame), "OdESPvfXCHVAFDNGst") << "text on the clipboard";
     give(Command::TrendChart);

@@ -8,6 +8,8 @@
 #include "database/ui/WorkEvent.h"
 #include "ui/dialogs/TabPages.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 class FrameSessionsTest : public FrameFixture {
@@ -24,13 +26,13 @@ class FrameSessionsTest : public FrameFixture {
 
     /// Chooses all of a session and gives OK.
     static std::function<void(CSessionNameDlg&)> choose(const QString& session,
-                                                        const QString& dsn = u"Site"_qs) {
+                                                        const QString& dsn = u"Site"_s) {
         return [=](CSessionNameDlg& dialog) {
             for (auto* box : dialog.findChildren<PickBox*>()) {
                 const auto name = box->accessibleName();
                 box->setEditText(name == u"Data source" ? dsn
                                  : name == u"Session"   ? session
-                                                        : u"*"_qs);
+                                                        : u"*"_s);
             }
             dialog.accept();
         };
@@ -43,7 +45,7 @@ TEST_F(FrameSessionsTest, ASessionIsLoadedAndGoesByItsName) {
     auto& frame = start();
     frame.OnViewTrendchart();
     DialogScript dialogs;
-    dialogs.then<CSessionNameDlg>(choose(u"Site 7/2008.5"_qs))
+    dialogs.then<CSessionNameDlg>(choose(u"Site 7/2008.5"_s))
         .then<QFileDialog>([](QFileDialog& dialog) {
             EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"Site 7_2008.5");
             dialog.reject();
@@ -67,7 +69,7 @@ TEST_F(FrameSessionsTest, CancellingKeepsTheDataAndOkEmptiesTheGrid) {
     DialogScript dialogs;
     std::string message;
     dialogs.then<CSessionNameDlg>([](CSessionNameDlg& dialog) { dialog.reject(); })
-        .then<CSessionNameDlg>(choose(u"None"_qs))
+        .then<CSessionNameDlg>(choose(u"None"_s))
         .thenMessage(&message);
     give(Command::OpenDatabase);
     EXPECT_EQ(gridText(frame.data()), before);
@@ -89,7 +91,7 @@ TEST_F(FrameSessionsTest, RowsBeforeAFailureCarryARemark) {
     auto& frame = start();
     DialogScript dialogs;
     std::string message;
-    dialogs.then<CSessionNameDlg>(choose(u"Run"_qs, u"Torn"_qs)).thenMessage(&message);
+    dialogs.then<CSessionNameDlg>(choose(u"Run"_s, u"Torn"_s)).thenMessage(&message);
     give(Command::OpenDatabase);
     EXPECT_EQ(message, "Warning: Database exception. Load aborted.");
     EXPECT_TRUE(status().starts_with("Load aborted: the session goes on | Rows: 1 ")) << status();
@@ -105,7 +107,7 @@ TEST_F(FrameSessionsTest, ClosingTheWindowStopsASlowLoad) {
                          "20000000) SELECT * FROM stored WHERE (SELECT max(x) FROM c) > 0;");
     auto& frame = start(csv());
     DialogScript dialogs;
-    dialogs.then<CSessionNameDlg>(choose(u"late"_qs, u"Slow"_qs));
+    dialogs.then<CSessionNameDlg>(choose(u"late"_s, u"Slow"_s));
     QTimer closing;
     QObject::connect(&closing, &QTimer::timeout, [&] {
         if (QApplication::activeModalWidget()) return;

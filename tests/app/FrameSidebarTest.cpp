@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 using FrameSidebarTest = FrameFixture;
@@ -16,7 +18,7 @@ static std::string groups(CMainFrame& frame) {
     for (const auto& id : tasks.groupIds()) {
         lines += id;
         for (const auto& text : tasks.taskTexts(id))
-            lines += u"  "_qs + text;
+            lines += u"  "_s + text;
     }
     return lines.join(u'\n').toStdString();
 }

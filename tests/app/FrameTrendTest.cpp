@@ -7,6 +7,8 @@
 #include "views/chart/ChartAxisSheet.h"
 #include "views/grid/MyCug.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 namespace {
@@ -42,15 +44,15 @@ class FrameTrendTest : public FrameFixture {
 TEST_F(FrameTrendTest, TheChartIsBuiltWhenItsPageComesToTheFront) {
     CTrendView& chart = startOnChart();
     EXPECT_TRUE(chart.hasChart());
-    EXPECT_EQ(chart.trend().GetCurveText(1), u"Flow "_qs);
+    EXPECT_EQ(chart.trend().GetCurveText(1), u"Flow "_s);
     EXPECT_FALSE(frame().data().changed());
-    EXPECT_EQ(chart.fileName(), u"store.csv"_qs);
+    EXPECT_EQ(chart.fileName(), u"store.csv"_s);
 
     give(Command::DataGrid);
     frame().Grid()->toggleCharted(1);
     give(Command::TrendChart);
     EXPECT_FALSE(frame().data().changed());
-    EXPECT_EQ(chart.trend().GetCurveText(0), u"Flow "_qs);
+    EXPECT_EQ(chart.trend().GetCurveText(0), u"Flow "_s);
 }
 
 TEST_F(FrameTrendTest, ChannelsSelectedWhileTheChartIsInFrontShowAtOnce) {
@@ -88,7 +90,7 @@ TEST_F(FrameTrendTest, CommandsDoTheirWork) {
 TEST_F(FrameTrendTest, TheAxisDialogIsTakenOverWithOkAndForgottenWithCancel) {
     CTrendView& chart = startOnChart();
     const auto type = [](ChartAxisSheet& sheet, const char* text) {
-        sheet.findChild<QLineEdit*>(u"Maximum1"_qs)->setText(QString::fromLatin1(text));
+        sheet.findChild<QLineEdit*>(u"Maximum1"_s)->setText(QString::fromLatin1(text));
     };
     DialogScript script;
     script.then<ChartAxisSheet>([&](ChartAxisSheet& sheet) {

@@ -1,5 +1,7 @@
 #include "app/dialogs/HelpWindow.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 static QStringList shownTitles(const HelpWindow& help) {
@@ -12,19 +14,19 @@ static QStringList shownTitles(const HelpWindow& help) {
 
 TEST(HelpWindowTest, EveryPageIsInTheContentsAndEveryLinkLeadsToOne) {
     HelpWindow help(nullptr);
-    auto compiled = QDir(u":/help"_qs).entryList({u"*.html"_qs});
+    auto compiled = QDir(u":/help"_s).entryList({u"*.html"_s});
     auto listed = HelpWindow::pages();
     listed.sort();
     EXPECT_EQ(listed, compiled);
 
-    static const QRegularExpression link(u"href=\"([^\"]+)\""_qs);
+    static const QRegularExpression link(u"href=\"([^\"]+)\""_s);
     for (const auto& page : compiled) {
-        QFile file(u":/help/"_qs + page);
+        QFile file(u":/help/"_s + page);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         auto links = link.globalMatch(QString::fromUtf8(file.readAll()));
         while (links.hasNext()) {
             const auto target = links.next().captured(1);
-            EXPECT_TRUE(QFile::exists(u":/help/"_qs + target))
+            EXPECT_TRUE(QFile::exists(u":/help/"_s + target))
                 << page.toStdString() << " -> " << target.toStdString();
         }
     }
@@ -33,10 +35,10 @@ TEST(HelpWindowTest, EveryPageIsInTheContentsAndEveryLinkLeadsToOne) {
 TEST(HelpWindowTest, SearchLeavesThePagesThatHaveAllWords) {
     HelpWindow help(nullptr);
     auto* search = help.findChild<QLineEdit*>();
-    search->setText(u"CRC-16"_qs);
-    EXPECT_EQ(shownTitles(help), QStringList{u"Damaged lines"_qs});
+    search->setText(u"CRC-16"_s);
+    EXPECT_EQ(shownTitles(help), QStringList{u"Damaged lines"_s});
     EXPECT_EQ(help.findChild<QTextBrowser*>()->source().fileName(), u"damaged.html");
-    search->setText(u"zebra"_qs);
+    search->setText(u"zebra"_s);
     EXPECT_TRUE(shownTitles(help).isEmpty());
     search->clear();
     EXPECT_EQ(shownTitles(help).size(), HelpWindow::pages().size());

@@ -2,6 +2,8 @@
 
 #include "ui/dialogs/OptionTree.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -70,12 +72,12 @@ TEST_F(OptionTreeDlgTest, LabelsComeBackByteForByte) {
 
 TEST_F(OptionTreeDlgTest, SelectAllAndNoneWorkOnWhatTheFilterShows) {
     auto* filter = m_dialog.findChild<QLineEdit*>();
-    filter->setText(u"b."_qs);
+    filter->setText(u"b."_s);
     button("Select all")->click();
     EXPECT_EQ(chosen(), "B.Temp(degC){0} B.Wind{1} ");
     filter->clear();
     button("Select all")->click();
-    filter->setText(u"rain"_qs);
+    filter->setText(u"rain"_s);
     button("Select none")->click();
     EXPECT_EQ(chosen(), "B.Temp(degC){0} B.Wind{1} ");
 }
@@ -84,7 +86,7 @@ TEST_F(OptionTreeDlgTest, KeysInTheFilterStayInTheDialog) {
     std::string trace;
     QTimer::singleShot(0, &m_dialog, [&] {
         auto* filter = m_dialog.findChild<QLineEdit*>();
-        QTest::keyClicks(filter, u"wind"_qs);
+        QTest::keyClicks(filter, u"wind"_s);
         QTest::keyClick(filter, Qt::Key_Return);
         trace += m_dialog.isVisible() ? "open " : "closed ";
         trace += m_dialog.focusWidget() == m_dialog.tree() ? "tree " : "elsewhere ";

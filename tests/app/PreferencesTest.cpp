@@ -3,6 +3,8 @@
 #include "DialogScript.h"
 #include "ui/dialogs/FolderEdit.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -38,12 +40,12 @@ TEST_F(PreferencesTest, OkWritesAndCancelDoesNot) {
 }
 
 TEST_F(PreferencesTest, OffersToCreateAMissingFolderAndRefusesAFile) {
-    QFile file(m_folder.filePath(u"a.csv"_qs));
+    QFile file(m_folder.filePath(u"a.csv"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     m_dialog.saveFolder()->setPath(file.fileName());
     accept("OK");
     EXPECT_EQ(m_saved, "untouched");
-    const QString missing = m_folder.filePath(u"site/2008"_qs);
+    const QString missing = m_folder.filePath(u"site/2008"_s);
     m_dialog.saveFolder()->setPath(missing);
     accept("Cancel");
     EXPECT_EQ(m_saved, "untouched");

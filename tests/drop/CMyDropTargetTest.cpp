@@ -7,6 +7,8 @@
 #include <csignal>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -14,7 +16,7 @@ constexpr int kNarrow = 260;
 constexpr int kWide = 520;
 
 QString windowsForm(const char* name) {
-    return u"application/x-qt-windows-mime;value=\"%1\""_qs.arg(QLatin1String(name));
+    return u"application/x-qt-windows-mime;value=\"%1\""_s.arg(QLatin1String(name));
 }
 
 QByteArray littleEndian(quint32 value) {
@@ -91,7 +93,7 @@ class CMyDropTargetTest : public testing::Test {
     std::string dropVirtual(const QByteArray& name, const QByteArray& contents) {
         QMimeData data;
         data.setData(windowsForm("FileGroupDescriptor"), group(name, quint32(contents.size())));
-        data.setData(windowsForm("FileContents") + u";index=0"_qs, contents);
+        data.setData(windowsForm("FileContents") + u";index=0"_s, contents);
         return drop(data);
     }
 
@@ -108,7 +110,7 @@ class CMyDropTargetTest : public testing::Test {
 
 TEST_F(CMyDropTargetTest, OfDroppedFilesTheFirstIsTakenAndAlwaysCopied) {
     QMimeData files;
-    files.setUrls({QUrl(u"file:///a%20b.dlr"_qs), QUrl(u"file:///c"_qs)});
+    files.setUrls({QUrl(u"file:///a%20b.dlr"_s), QUrl(u"file:///c"_s)});
     EXPECT_EQ(drop(files, Qt::CopyAction | Qt::MoveAction), "taken");
     EXPECT_EQ(m_dropped, "/a b.dlr\n");
     EXPECT_EQ(drop(files, Qt::MoveAction), "") << "its source would delete it";
@@ -116,8 +118,8 @@ TEST_F(CMyDropTargetTest, OfDroppedFilesTheFirstIsTakenAndAlwaysCopied) {
     EXPECT_EQ(drop(files), "");
     m_ready = true;
     QMimeData other;
-    other.setUrls({QUrl(u"https://example.org/a.dlr"_qs)});
-    other.setText(u"/a.dlr"_qs);
+    other.setUrls({QUrl(u"https://example.org/a.dlr"_s)});
+    other.setText(u"/a.dlr"_s);
     EXPECT_EQ(drop(other), "");
 }
 
@@ -165,18 +167,18 @@ TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnoth
 
 TEST_F(CMyDropTargetTest, AVirtualFileComesInAnyFormOfItsFormats) {
     const auto plain = group("narrow.dlr", 4);
-    const auto wide = group(utf16(u"w\u00EFde\u20AC.dlr"_qs), 4, kWide);
+    const auto wide = group(utf16(u"w\u00EFde\u20AC.dlr"_s), 4, kWide);
     const auto wideName = windowsForm("FileGroupDescriptorW");
     const QString contents = windowsForm("FileContents");
 
     // expected: what the drag comes to, and the file saved
     const Table<const char*, std::vector<std::pair<QString, QByteArray>>, const char*> cases = {
         {"plain names",
-         {{u"FileGroupDescriptor"_qs, plain}, {u"FileContents"_qs, "data"}},
+         {{u"FileGroupDescriptor"_s, plain}, {u"FileContents"_s, "data"}},
          "taken narrow.dlr"},
         {"without index", {{wideName, wide}, {contents, "data"}}, "taken w\u00EFde\u20AC.dlr"},
         {"wide before narrow",
-         {{u"FileGroupDescriptor"_qs, plain}, {wideName, wide}, {contents, "data"}},
+         {{u"FileGroupDescriptor"_s, plain}, {wideName, wide}, {contents, "data"}},
          "taken w\u00EFde\u20AC (2).dlr"},
         {"damaged wide, whole narrow",
          {{windowsForm("FileGroupDescriptor"), plain},
@@ -235,8 +237,8 @@ TEST_F(CMyDropTargetTest, WhatCanNotBeSavedIsSaidAndLeavesNothing) {
     EXPECT_EQ(m_messages.texts,
               m_folder.path("big.dlr") + " can not be written: File too large.\n");
     QMimeData nothing;
-    nothing.setData(u"FileGroupDescriptor"_qs, group("lost.dlr", 12));
-    nothing.setData(u"FileContents"_qs, {});
+    nothing.setData(u"FileGroupDescriptor"_s, group("lost.dlr", 12));
+    nothing.setData(u"FileContents"_s, {});
     EXPECT_EQ(drop(nothing), "failed");
     EXPECT_TRUE(m_messages.texts.starts_with(m_folder.path("lost.dlr") + " can not be read"));
     EXPECT_EQ(dropVirtual(QByteArray(259, 'n'), "x"), "failed");

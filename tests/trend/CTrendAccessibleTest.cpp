@@ -1,16 +1,18 @@
 #include "TrendBench.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
 std::string line(QAccessibleInterface& part) {
-    static const std::map<QAccessible::Role, QString> roles{{QAccessible::Chart, u"chart "_qs},
-                                                            {QAccessible::Grouping, u"group "_qs},
-                                                            {QAccessible::CheckBox, u"check "_qs},
-                                                            {QAccessible::Indicator, u"mark "_qs}};
+    static const std::map<QAccessible::Role, QString> roles{{QAccessible::Chart, u"chart "_s},
+                                                            {QAccessible::Grouping, u"group "_s},
+                                                            {QAccessible::CheckBox, u"check "_s},
+                                                            {QAccessible::Indicator, u"mark "_s}};
     QString text = roles.at(part.role()) + part.text(QAccessible::Name);
     const QString value = part.text(QAccessible::Value);
-    if (!value.isEmpty()) text += u": "_qs + QString(value).replace(u'\n', u" / "_qs);
+    if (!value.isEmpty()) text += u": "_s + QString(value).replace(u'\n', u" / "_s);
     if (part.state().checked) text += u" [x]";
     if (part.state().focused) text += u" [focus]";
     return text.toStdString() + '\n';

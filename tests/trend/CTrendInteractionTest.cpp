@@ -2,6 +2,8 @@
 
 #include <functional>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -175,7 +177,7 @@ TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
 TEST(CTrendInteraction, ZoomLastsUntilNewData) {
     TrendBench bench(kRows);
     bench.wheel(bench.at(0.5, 0.5), 1);
-    bench.trend.SetYScText(1, u"changed"_qs);
+    bench.trend.SetYScText(1, u"changed"_s);
     bench.trend.SetCurveVisible(1, 0);
     bench.trend.SetYScActualRangeMax(1, 50);
     EXPECT_EQ(bench.shown(), "time 10..90 | 0..50 | 0..20");

@@ -1,5 +1,7 @@
 #include "TrendBench.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -8,18 +10,18 @@ constexpr char kRows[] = "0 1 11\n 25 2 12\n 50 3 13\n 75 - 14\n 100 5 15\n";
 std::string settings(const CTrend& trend) {
     const TrendState& state = trend.chart().state;
     QStringList words;
-    words += u"buttons %1 docking %2 lasso %3 font %4"_qs.arg(state.curveButtons)
+    words += u"buttons %1 docking %2 lasso %3 font %4"_s.arg(state.curveButtons)
                  .arg(state.dockingScales)
                  .arg(state.lassoZoom)
                  .arg(state.fontScaleFactor);
     words += state.fontName + u' ' + state.backColor.name() + u' ' + state.trendBackColor.name();
     for (int axis = 1; axis <= 2; ++axis)
-        words += u"%1 %2..%3"_qs.arg(trend.GetYScText(axis))
+        words += u"%1 %2..%3"_s.arg(trend.GetYScText(axis))
                      .arg(trend.GetYScActualRangeMin(axis))
                      .arg(trend.GetYScActualRangeMax(axis));
     for (int curve = 0; curve < 2; ++curve)
         words +=
-            u"%1 %2"_qs.arg(trend.GetCurveRelatedScale(curve)).arg(trend.GetCurveVisible(curve));
+            u"%1 %2"_s.arg(trend.GetCurveRelatedScale(curve)).arg(trend.GetCurveVisible(curve));
     return words.join(u" | ").toStdString();
 }
 
@@ -50,7 +52,7 @@ TEST(CTrend, PointsMustBeLaterThanTheLast) {
 TEST(CTrend, NumbersThatThereAreNotAreIgnored) {
     CTrend trend;
     for (const int axis : {-1, 0, 7, 1000000}) {
-        trend.SetYScText(axis, u"x"_qs);
+        trend.SetYScText(axis, u"x"_s);
         trend.SetYScActualRangeMax(axis, 5);
         trend.YScSetPosition(axis, {});
         EXPECT_EQ(trend.GetYScActualRangeMax(axis), 100) << axis;
@@ -80,11 +82,11 @@ TEST(CTrend, SavedSettingsComeBackInTurn) {
     trend.SetLassoZoom(0);
     trend.SetBackColor(Qt::white);
     trend.SetTrendBackColor(QColor(1, 2, 3));
-    trend.SetYScText(2, u"other"_qs);
+    trend.SetYScText(2, u"other"_s);
     const std::string second = settings(trend);
     trend.SaveTrend();
     trend.SetFontScaleFactor(0.9);
-    trend.GetFont().SetName(u"Courier"_qs);
+    trend.GetFont().SetName(u"Courier"_s);
     trend.SetCurveVisible(1, 0);
     trend.SetCurveRelatedScale(0, 2);
     trend.SetYScActualRangeMin(1, -7);
@@ -158,8 +160,8 @@ TEST(CTrend, PopUpMenuOffersWhatCanBeDone) {
     for (const QAction* action : menu->actions()) {
         if (action->isSeparator()) continue;
         lines += action->text().remove(u'&').section(u'\t', 0, 0) +
-                 (action->isChecked() ? u" x"_qs : QString()) +
-                 (action->isEnabled() ? QString() : u" -"_qs);
+                 (action->isChecked() ? u" x"_s : QString()) +
+                 (action->isEnabled() ? QString() : u" -"_s);
     }
     EXPECT_EQ(lines.join(u'\n').toStdString(),
               "Selection Zoom x\nZoom Back\nZoom Forward -\nShow Everything\nCrosshair x\n"

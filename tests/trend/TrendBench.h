@@ -105,9 +105,10 @@ class TrendBench {
     /// "time 0..100 | 0..10 | 0..20": the shown ranges of time axis and enabled scales.
     std::string shown() {
         const TrendState& state = trend.chart().state;
-        QString text = u"time "_qs + range(state.timeMin, state.timeMax);
+        QString text = QStringLiteral("time ") + range(state.timeMin, state.timeMax);
         for (const TrendScale& scale : state.scales)
-            if (scale.enabled) text += u" | "_qs + range(scale.actualMin, scale.actualMax);
+            if (scale.enabled)
+                text += QStringLiteral(" | ") + range(scale.actualMin, scale.actualMax);
         return text.toStdString();
     }
 
@@ -120,7 +121,9 @@ class TrendBench {
         return QString::number(rounded == 0 ? 0 : rounded);
     }
 
-    static QString range(double min, double max) { return number(min) + u".."_qs + number(max); }
+    static QString range(double min, double max) {
+        return number(min) + QStringLiteral("..") + number(max);
+    }
 
     void load(std::vector<double>&& times, std::vector<std::vector<double>>&& curves) {
         trend.Create(nullptr);
@@ -130,10 +133,10 @@ class TrendBench {
             const int curve = static_cast<int>(i);
             const int scale = curve + 1;
             trend.setCurvePoints(curve, shared, std::move(curves[i]));
-            trend.SetCurveText(curve, u"Curve%1"_qs.arg(scale));
+            trend.SetCurveText(curve, QStringLiteral("Curve%1").arg(scale));
             trend.SetCurveRelatedScale(curve, scale);
             trend.SetYScEnabled(scale, 1);
-            trend.SetYScText(scale, u"u%1"_qs.arg(scale));
+            trend.SetYScText(scale, QStringLiteral("u%1").arg(scale));
             trend.SetYScActualRangeMin(scale, 0);
             trend.SetYScActualRangeMax(scale, 10 * scale);
         }

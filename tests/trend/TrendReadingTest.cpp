@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <random>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -35,15 +37,15 @@ TEST(TrendReading, CrosshairReadsTheLastSampleAtOrBefore) {
         const auto clock = [](double seconds) {
             const QDateTime moment =
                 QDateTime::fromMSecsSinceEpoch(qRound64(seconds * 1000), QTimeZone::utc());
-            return moment.toString(u"yyyy-MM-dd HH:mm:ss.zzz"_qs).chopped(1);
+            return moment.toString(u"yyyy-MM-dd HH:mm:ss.zzz"_s).chopped(1);
         };
         QString expected = clock(heading < 0 ? time : heading);
         for (std::size_t c = 0; c < 3; ++c) {
             const auto sample = std::size_t(found[c]);
             const bool any = found[c] >= 0;
             const bool late = any && allTimes[sample] != heading;
-            expected += u"\nCurve%1\t%2\tu%1\t%3"_qs.arg(c + 1).arg(
-                any ? QString::number(allValues[c][sample]) : u"–"_qs,
+            expected += u"\nCurve%1\t%2\tu%1\t%3"_s.arg(c + 1).arg(
+                any ? QString::number(allValues[c][sample]) : u"–"_s,
                 late ? clock(allTimes[sample]) : QString());
         }
         if (heading < 0) continue;
@@ -68,7 +70,7 @@ TEST(TrendReading, CursorsTellWhatLiesBetween) {
     bench.drag(bench.at(0.4, 0.5), bench.at(0.33, 0.5));
     EXPECT_NE(bench.reading().find("B − A:  20 s"), std::string::npos) << bench.reading();
     EXPECT_EQ(bench.shown(), "time 0..100 | 0..10 | 0..20") << "dragging a cursor zooms nothing";
-    bench.trend.setCurveUnit(1, u"mm"_qs);
+    bench.trend.setCurveUnit(1, u"mm"_s);
     bench.key(Qt::Key_Delete);
     bench.hover(bench.at(0.25, 0.5));
     EXPECT_EQ(bench.reading(), "1970-01-01 00:00:20\nA:  1970-01-01 00:00:10\n"
@@ -144,10 +146,10 @@ TEST(TrendReading, ValuesKeepTheirDigits) {
 
 TEST(ReadoutTable, NeverHidesThePointAndStaysInside) {
     ReadoutContent content;
-    content.lines = {u"2024-03-10 12:00:00"_qs};
+    content.lines = {u"2024-03-10 12:00:00"_s};
     for (const int rows : {1, 6, 30, 200}) {
         while (content.rows.size() < std::size_t(rows))
-            content.rows.push_back({Qt::red, {u"Temperature"_qs, u"123.45"_qs, u"mm"_qs, {}}});
+            content.rows.push_back({Qt::red, {u"Temperature"_s, u"123.45"_s, u"mm"_s, {}}});
         for (const QSizeF& size : {QSizeF(1200, 700), QSizeF(500, 300), QSizeF(300, 120)}) {
             ReadoutTable table;
             const QRectF area(QPointF(40, 30), size);

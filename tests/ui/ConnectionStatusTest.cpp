@@ -2,6 +2,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -10,7 +12,7 @@ class ConnectionStatusTest : public testing::Test {
     ConnectionStatusTest() {
         m_window.setCentralWidget(&m_edit);
         m_edit.addAction(&m_command);
-        m_command.setShortcut(QKeySequence(u"Ctrl+O"_qs));
+        m_command.setShortcut(QKeySequence(u"Ctrl+O"_s));
         QObject::connect(&m_command, &QAction::triggered, &m_window, [this] { ++m_commands; });
         m_window.resize(800, 600);
         m_window.show();
@@ -83,13 +85,13 @@ TEST_F(ConnectionStatusTest, LongOperationsShowTheirStateInTheMiddleOfTheWindow)
 TEST_F(ConnectionStatusTest, InputForOtherWindowsIsDropped) {
     m_status.start("Loading", "Loading...", 0, 10);
     waitUntilShown();
-    meanwhile([this] { QTest::keyClicks(&m_edit, u"typed"_qs); });
+    meanwhile([this] { QTest::keyClicks(&m_edit, u"typed"_s); });
     meanwhile([this] { QTest::keyClick(&m_edit, Qt::Key_O, Qt::ControlModifier); });
     meanwhile([this] { m_command.trigger(); });
     EXPECT_EQ(std::exchange(m_commands, 0), 1) << "queued calls still run";
     meanwhile([this] {
         QMimeData data;
-        data.setText(u"dropped"_qs);
+        data.setText(u"dropped"_s);
         QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&m_edit, &enter);
         QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -102,7 +104,7 @@ TEST_F(ConnectionStatusTest, InputForOtherWindowsIsDropped) {
     m_window.activateWindow();
     const auto active = [this] { return QApplication::activeWindow() == &m_window; };
     ASSERT_TRUE(QTest::qWaitFor(active));
-    QTest::keyClicks(&m_edit, u"now"_qs);
+    QTest::keyClicks(&m_edit, u"now"_s);
     QTest::keyClick(&m_edit, Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(m_edit.text(), u"now");
     EXPECT_EQ(m_commands, 1);
@@ -237,7 +239,7 @@ TEST_F(ConnectionStatusTest, LogKeepsStagesAndTheLastNumbersOfEach) {
          {"Retrieved 100 records", "Retrieved 1200 records", "Scaling", "Done 1 of 2"})
         m_status.addString(text);
     QString log = QString::fromStdString(m_status.LogText());
-    log.replace(QRegularExpression(u"\\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d "_qs), u"T "_qs);
+    log.replace(QRegularExpression(u"\\d{4}/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d "_s), u"T "_s);
     EXPECT_EQ(log, u"T Loading...\r\nT Retrieved 1200 records\r\nT Scaling\r\nT Done 1 of 2\r\n");
 }
 

@@ -3,6 +3,8 @@
 
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -24,7 +26,7 @@ class MessageMemoryTest : public testing::Test {
   protected:
     /// Asks; when a box appears, ticks "Don't ask me again" or not and presses a button.
     QMessageBox::StandardButton ask(bool tick, QMessageBox::StandardButton button,
-                                    const QString& id = u"overwrite"_qs) {
+                                    const QString& id = u"overwrite"_s) {
         m_asked = false;
         QTimer::singleShot(0, qApp, [this, tick, button] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -33,7 +35,7 @@ class MessageMemoryTest : public testing::Test {
             box->checkBox()->setChecked(tick);
             box->button(button)->click();
         });
-        const auto answer = m_memory.question(nullptr, id, u"Overwrite <b>a.csv</b>?"_qs, kButtons);
+        const auto answer = m_memory.question(nullptr, id, u"Overwrite <b>a.csv</b>?"_s, kButtons);
         QCoreApplication::processEvents();
         return answer;
     }
@@ -52,7 +54,7 @@ TEST_F(MessageMemoryTest, AsksUntilTheBoxIsTicked) {
     EXPECT_TRUE(m_asked);
     EXPECT_EQ(ask(false, QMessageBox::No), QMessageBox::Yes);
     EXPECT_FALSE(m_asked);
-    EXPECT_EQ(ask(false, QMessageBox::No, u"another"_qs), QMessageBox::No);
+    EXPECT_EQ(ask(false, QMessageBox::No, u"another"_s), QMessageBox::No);
     EXPECT_TRUE(m_asked) << "another question is asked all the same";
     m_memory.clear();
     EXPECT_EQ(ask(false, QMessageBox::No), QMessageBox::No);
@@ -66,7 +68,7 @@ TEST_F(MessageMemoryTest, CancelIsNeverKept) {
 
 TEST_F(MessageMemoryTest, KeptValueThatIsNoButtonIsIgnored) {
     for (const int damaged : {0, -1, 7, int{QMessageBox::Apply}}) {
-        m_store.kept[u"overwrite"_qs] = damaged;
+        m_store.kept[u"overwrite"_s] = damaged;
         EXPECT_EQ(ask(false, QMessageBox::No), QMessageBox::No) << damaged;
         EXPECT_TRUE(m_asked) << damaged;
     }
@@ -93,7 +95,7 @@ TEST(ShowMessageTest, ShowsMarkupAsItStands) {
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
         box->accept();
     });
-    showMessage(nullptr, u"Warning: <b>.csv"_qs);
+    showMessage(nullptr, u"Warning: <b>.csv"_s);
 }
 
 } // namespace

@@ -1,14 +1,16 @@
 #include "ui/dialogs/OptionTree.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
 class OptionTreeTest : public testing::Test {
   protected:
     OptionTreeTest() {
-        m_group = m_tree.addGroup(u"Channels"_qs);
-        m_tree.addOptions(m_group, {{0, u"Temp"_qs}, {1, u"Wind"_qs}});
-        m_tree.addOptions(m_group, {{2, u"Temp max"_qs}, {3, u"Rain"_qs}});
+        m_group = m_tree.addGroup(u"Channels"_s);
+        m_tree.addOptions(m_group, {{0, u"Temp"_s}, {1, u"Wind"_s}});
+        m_tree.addOptions(m_group, {{2, u"Temp max"_s}, {3, u"Rain"_s}});
         QObject::connect(&m_tree, &OptionTree::optionToggled, &m_tree, [this](int, int i, bool on) {
             m_changes += (on ? "+" : "-") + m_tree.option(0, i).text.toStdString() + " ";
         });
@@ -24,11 +26,11 @@ class OptionTreeTest : public testing::Test {
 };
 
 TEST_F(OptionTreeTest, BulkChecksTouchOnlyWhatTheFilterShows) {
-    m_tree.setFilter(u"tEMP"_qs);
+    m_tree.setFilter(u"tEMP"_s);
     EXPECT_EQ(m_tree.visibleCount(), 2);
     m_tree.setVisibleChecked(true);
     EXPECT_EQ(changes(), "+Temp +Temp max ");
-    m_tree.setFilter(u"max"_qs);
+    m_tree.setFilter(u"max"_s);
     m_tree.setVisibleChecked(false);
     EXPECT_EQ(changes(), "-Temp max ");
     m_tree.setFilter(QString());

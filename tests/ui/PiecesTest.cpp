@@ -6,6 +6,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -61,11 +63,11 @@ TEST(ToolkitStyleTest, CheckBoxStatesLookDifferentOnEveryBackground) {
 TEST(FolderEditTest, TypedTextBecomesAPath) {
     const QString home = QDir::homePath();
     const Table<QString, QString> rows = {
-        {u"  /var/data "_qs, u"/var/data"_qs},
-        {u"~"_qs, home},
-        {u"~/logs"_qs, home + u"/logs"_qs},
-        {u"~anna"_qs, u"~anna"_qs},
-        {u" "_qs, QString()},
+        {u"  /var/data "_s, u"/var/data"_s},
+        {u"~"_s, home},
+        {u"~/logs"_s, home + u"/logs"_s},
+        {u"~anna"_s, u"~anna"_s},
+        {u" "_s, QString()},
     };
     FolderEdit edit;
     for (const auto& [typed, path] : rows) {
@@ -77,7 +79,7 @@ TEST(FolderEditTest, TypedTextBecomesAPath) {
 
 TEST(FolderEditTest, DroppedFolderFillsTheField) {
     QTemporaryDir folder;
-    QFile file(folder.filePath(u"a.dlr"_qs));
+    QFile file(folder.filePath(u"a.dlr"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     FolderEdit edit;
     const auto drop = [&](const QString& path) {
@@ -97,8 +99,8 @@ TEST(FolderEditTest, DroppedFolderFillsTheField) {
 
 TEST(SideBannerTest, ToolTipHasWhatDoesNotFit) {
     SideBanner banner;
-    banner.setCaption(u"Pellam - Historical Data Viewer"_qs);
-    banner.setTitle(u"Tarnholt Limited"_qs);
+    banner.setCaption(u"Pellam - Historical Data Viewer"_s);
+    banner.setTitle(u"Tarnholt Limited"_s);
     banner.resize(600, 60);
     banner.show();
     EXPECT_EQ(banner.toolTip(), u"");
@@ -110,8 +112,8 @@ TEST(SideBannerTest, ToolTipHasWhatDoesNotFit) {
 TEST(TabPagesTest, KeysTurnThePagesFromWithin) {
     TabPages pages;
     auto* table = new QTableWidget(3, 3);
-    pages.addPage(table, u"Grid"_qs);
-    pages.addPage(new QTextEdit, u"Trend"_qs);
+    pages.addPage(table, u"Grid"_s);
+    pages.addPage(new QTextEdit, u"Trend"_s);
     std::string turned;
     QObject::connect(&pages, &TabPages::pageActivated, &pages,
                      [&](int page) { turned += std::to_string(page); });

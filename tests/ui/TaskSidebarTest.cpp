@@ -2,6 +2,8 @@
 
 #include "ui/icons/IconSet.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -15,11 +17,11 @@ class TaskSidebarTest : public testing::Test {
     }
 
     void fill() {
-        m_bar.addGroup(u"do"_qs, u"What to do?"_qs);
-        m_bar.addTask(u"do"_qs, m_open, u"Open a file"_qs);
-        m_bar.addTask(u"do"_qs, m_export);
-        m_bar.addGroup(u"view"_qs, u"What to view?"_qs);
-        m_bar.addTask(u"view"_qs, m_grid, u"View on a grid"_qs);
+        m_bar.addGroup(u"do"_s, u"What to do?"_s);
+        m_bar.addTask(u"do"_s, m_open, u"Open a file"_s);
+        m_bar.addTask(u"do"_s, m_export);
+        m_bar.addGroup(u"view"_s, u"What to view?"_s);
+        m_bar.addTask(u"view"_s, m_grid, u"View on a grid"_s);
     }
 
     void show() {
@@ -31,7 +33,7 @@ class TaskSidebarTest : public testing::Test {
     std::string outline() const {
         std::string text;
         for (const QString& id : m_bar.groupIds())
-            text += (id + u": "_qs + m_bar.taskTexts(id).join(u" | "_qs) + u'\n').toStdString();
+            text += (id + u": "_s + m_bar.taskTexts(id).join(u" | "_s) + u'\n').toStdString();
         return text;
     }
 
@@ -61,10 +63,9 @@ class TaskSidebarTest : public testing::Test {
 
 TEST_F(TaskSidebarTest, TaskMayRemoveItsOwnGroup) {
     fill();
-    QObject::connect(m_grid, &QAction::triggered, &m_bar,
-                     [this] { m_bar.removeGroup(u"view"_qs); });
+    QObject::connect(m_grid, &QAction::triggered, &m_bar, [this] { m_bar.removeGroup(u"view"_s); });
     show();
-    QTest::mouseClick(row(u"View on a grid"_qs), Qt::LeftButton);
+    QTest::mouseClick(row(u"View on a grid"_s), Qt::LeftButton);
     EXPECT_EQ(m_run, u"Grid;");
     EXPECT_EQ(outline(), "do: Open a file | Export & Save\n");
 }
@@ -73,7 +74,7 @@ TEST_F(TaskSidebarTest, KeyboardWalksRowsAndRunsTasks) {
     fill();
     m_export->setEnabled(false);
     show();
-    row(u"What to do?"_qs)->setFocus();
+    row(u"What to do?"_s)->setFocus();
     EXPECT_EQ(press(Qt::Key_Down), "Open a file");
     EXPECT_EQ(press(Qt::Key_Return), "Open a file");
     EXPECT_EQ(press(Qt::Key_Space), "Open a file");
@@ -88,23 +89,23 @@ TEST_F(TaskSidebarTest, KeyboardWalksRowsAndRunsTasks) {
 TEST_F(TaskSidebarTest, GroupsFoldFromTheKeyboard) {
     fill();
     show();
-    row(u"Open a file"_qs)->setFocus();
+    row(u"Open a file"_s)->setFocus();
     EXPECT_EQ(press(Qt::Key_Left), "What to do?")
         << "a hidden row gives the keyboard to its heading";
-    EXPECT_FALSE(m_bar.isExpanded(u"do"_qs));
-    EXPECT_FALSE(row(u"Open a file"_qs)->isVisible());
+    EXPECT_FALSE(m_bar.isExpanded(u"do"_s));
+    EXPECT_FALSE(row(u"Open a file"_s)->isVisible());
     EXPECT_EQ(press(Qt::Key_Down), "What to view?");
     EXPECT_EQ(press(Qt::Key_Up), "What to do?");
     press(Qt::Key_Return);
-    EXPECT_TRUE(row(u"Open a file"_qs)->isVisible());
+    EXPECT_TRUE(row(u"Open a file"_s)->isVisible());
 }
 
 TEST_F(TaskSidebarTest, TaskFollowsItsAction) {
     fill();
     show();
-    QAbstractButton* link = row(u"Export & Save"_qs);
+    QAbstractButton* link = row(u"Export & Save"_s);
     ASSERT_TRUE(link);
-    m_export->setText(u"Send"_qs);
+    m_export->setText(u"Send"_s);
     m_export->setIcon(IconSet::icon(IconName::Export));
     m_export->setCheckable(true);
     m_export->setChecked(true);
@@ -127,9 +128,9 @@ TEST_F(TaskSidebarTest, TaskFollowsItsAction) {
 TEST_F(TaskSidebarTest, LongTextsWrapInsteadOfBeingCut) {
     fill();
     show();
-    const int before = row(u"Open a file"_qs)->height();
-    m_bar.addTask(u"do"_qs, action("x"),
-                  u"A long task text that takes several lines in a narrow sidebar like this"_qs);
+    const int before = row(u"Open a file"_s)->height();
+    m_bar.addTask(u"do"_s, action("x"),
+                  u"A long task text that takes several lines in a narrow sidebar like this"_s);
     m_bar.resize(140, 500);
     const QAbstractButton* wrapped = m_bar.findChildren<QAbstractButton*>().last();
     for (auto* button : m_bar.findChildren<QAbstractButton*>())

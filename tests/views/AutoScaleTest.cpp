@@ -3,6 +3,8 @@
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/StripLayout.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 namespace {
@@ -104,9 +106,9 @@ TEST(StripLayout, StacksFourScalesToAColumn) {
 
 TEST(ChartAxis, OkSetsRangesAndLogarithmicAxesStartAtOne) {
     const Table<const char*, CChartAxis::Axis, const char*> rows = {
-        {"linear", {u"m"_qs, 0, 0, 100}, "range -1000..1100 shown 0..100"},
-        {"logarithmic", {u"m"_qs, 1, 0, 100}, "range 1..1100 shown 1..100"},
-        {"below zero", {u"m"_qs, 1, -90, -40}, "range 1..460 shown 1..40"},
+        {"linear", {u"m"_s, 0, 0, 100}, "range -1000..1100 shown 0..100"},
+        {"logarithmic", {u"m"_s, 1, 0, 100}, "range 1..1100 shown 1..100"},
+        {"below zero", {u"m"_s, 1, -90, -40}, "range 1..460 shown 1..40"},
     };
     for (const auto& [name, axis, expected] : rows) {
         TrendOperations trend;
@@ -117,7 +119,7 @@ TEST(ChartAxis, OkSetsRangesAndLogarithmicAxesStartAtOne) {
         EXPECT_EQ(trend.GetYScLogarithmic(3), axis.logarithmic) << name;
         EXPECT_EQ(trend.GetYScDataRangeMin(3), axis.logarithmic ? 1 : -7) << name;
         EXPECT_EQ(trend.GetYScDataRangeMax(3), axis.logarithmic ? 8 : -8) << name;
-        EXPECT_EQ(trend.GetYScText(3), u"m"_qs);
+        EXPECT_EQ(trend.GetYScText(3), u"m"_s);
     }
 }
 
@@ -125,7 +127,7 @@ class AxisSheet : public testing::Test {
   protected:
     AxisSheet() {
         for (int axis = 1; axis <= 6; ++axis) {
-            m_trend.SetYScText(axis, u"title %1"_qs.arg(axis));
+            m_trend.SetYScText(axis, u"title %1"_s.arg(axis));
             m_trend.SetYScActualRangeMin(axis, axis + 0.1);
             m_trend.SetYScActualRangeMax(axis, axis * 100.5);
         }
@@ -142,14 +144,14 @@ class AxisSheet : public testing::Test {
 
 TEST_F(AxisSheet, ShowsAndTakesNumbersInTheUsersForm) {
     ChartAxisSheet sheet(m_trend, ',');
-    EXPECT_EQ(sheet.windowTitle(), u"Chart Axis"_qs);
-    EXPECT_EQ(field(sheet, "Minimum2")->text(), u"2,1"_qs);
-    EXPECT_EQ(field(sheet, "Maximum5")->text(), u"502,5"_qs);
-    EXPECT_EQ(field(sheet, "Title4")->text(), u"title 4"_qs);
-    field(sheet, "Minimum2")->setText(u"-1,5"_qs);
-    field(sheet, "Maximum2")->setText(u"8.5"_qs);
-    field(sheet, "Minimum3")->setText(u"of no account"_qs);
-    sheet.findChild<QCheckBox*>(u"Logarithmic3"_qs)->setChecked(true);
+    EXPECT_EQ(sheet.windowTitle(), u"Chart Axis"_s);
+    EXPECT_EQ(field(sheet, "Minimum2")->text(), u"2,1"_s);
+    EXPECT_EQ(field(sheet, "Maximum5")->text(), u"502,5"_s);
+    EXPECT_EQ(field(sheet, "Title4")->text(), u"title 4"_s);
+    field(sheet, "Minimum2")->setText(u"-1,5"_s);
+    field(sheet, "Maximum2")->setText(u"8.5"_s);
+    field(sheet, "Minimum3")->setText(u"of no account"_s);
+    sheet.findChild<QCheckBox*>(u"Logarithmic3"_s)->setChecked(true);
     sheet.accept();
     EXPECT_EQ(sheet.result(), QDialog::Accepted);
     EXPECT_EQ(ranges(m_trend, 2), "range -101.5..108.5 shown -1.5..8.5");
@@ -166,12 +168,12 @@ TEST_F(AxisSheet, TellsWhatIsWrongAndChangesNothing) {
     };
     for (const auto& [named, text, error] : rows) {
         ChartAxisSheet sheet(m_trend, '.');
-        field(sheet, "Title2")->setText(u"changed"_qs);
+        field(sheet, "Title2")->setText(u"changed"_s);
         field(sheet, named)->setText(QString::fromLatin1(text));
         sheet.accept();
         EXPECT_EQ(sheet.page().error().toStdString(), std::string("Attention: The ") + error);
         EXPECT_EQ(sheet.result(), 0) << named;
-        EXPECT_EQ(m_trend.GetYScText(2), u"title 2"_qs);
+        EXPECT_EQ(m_trend.GetYScText(2), u"title 2"_s);
     }
 }
 

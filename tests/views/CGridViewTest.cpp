@@ -6,6 +6,8 @@
 #include "views/grid/GoToDialog.h"
 #include "views/grid/MyCug.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -95,7 +97,7 @@ TEST_F(CGridViewTest, GoesThroughDamagedLines) {
     for (int i = 0; i < 2; ++i)
         m_view.previousDamagedLine(), visited += current() + " ";
     EXPECT_EQ(visited, "1,2 1,4 1,2 1,4 1,2 ");
-    EXPECT_EQ(notices.at(1).first().toString(), u"Damaged line 2 of 2"_qs);
+    EXPECT_EQ(notices.at(1).first().toString(), u"Damaged line 2 of 2"_s);
 }
 
 TEST_F(CGridViewTest, GoesToATime) {
@@ -103,11 +105,11 @@ TEST_F(CGridViewTest, GoesToATime) {
     QTimer::singleShot(0, &m_view, [&] {
         auto* dialog = m_view.findChild<GoToDialog*>();
         auto* field = dialog->findChild<QLineEdit*>();
-        field->setText(u"2025"_qs);
+        field->setText(u"2025"_s);
         dialog->accept();
         untilIdle();
         EXPECT_TRUE(dialog->isVisible());
-        field->setText(u"2024/01/02 10:01:30"_qs);
+        field->setText(u"2024/01/02 10:01:30"_s);
         dialog->accept();
     });
     m_view.goTo();

@@ -6,6 +6,8 @@
 #include "trend/control/CTrend.h"
 #include "views/chart/CTrendView.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 namespace {
@@ -30,7 +32,7 @@ class CTrendViewTest : public testing::Test {
     CTrend& trend() { return m_view.trend(); }
 
     std::string shown(int axis) {
-        return u"%1..%2"_qs.arg(trend().GetYScActualRangeMin(axis))
+        return u"%1..%2"_s.arg(trend().GetYScActualRangeMin(axis))
             .arg(trend().GetYScActualRangeMax(axis))
             .toStdString();
     }
@@ -51,12 +53,12 @@ class CTrendViewTest : public testing::Test {
 } // namespace
 
 TEST_F(CTrendViewTest, StartsWithTheControlSetUpAndAMessage) {
-    EXPECT_EQ(trend().objectName(), u"Trend1"_qs);
+    EXPECT_EQ(trend().objectName(), u"Trend1"_s);
     EXPECT_EQ(trend().property("controlId").toInt(), 1001);
     EXPECT_EQ(trend().GetLassoZoom(), 1);
     EXPECT_EQ(trend().GetFontScaleFactor(), 0.5);
     EXPECT_EQ(trend().chart().curves[11].style().colour, QColor(0, 0, 0));
-    EXPECT_EQ(trend().chart().state.fontName, u"Verdana"_qs);
+    EXPECT_EQ(trend().chart().state.fontName, u"Verdana"_s);
     EXPECT_FALSE(m_view.hasChart());
     m_grid.setRowCount(0);
     activate();
@@ -118,7 +120,7 @@ TEST_F(CTrendViewTest, ChannelsTakenOutLeaveNoCurveBehind) {
     m_grid.column(1).setCharted(false);
     m_grid.setChanged(true);
     activate();
-    EXPECT_EQ(trend().GetCurveText(0), u"Wind"_qs);
+    EXPECT_EQ(trend().GetCurveText(0), u"Wind"_s);
     EXPECT_EQ(trend().GetCurveText(2), QString());
     EXPECT_FALSE(trend().GetDataRange(2));
     EXPECT_EQ(trend().GetYScEnabled(1), 0);
@@ -127,7 +129,7 @@ TEST_F(CTrendViewTest, ChannelsTakenOutLeaveNoCurveBehind) {
     m_grid.setChanged(true);
     activate();
     EXPECT_FALSE(m_view.hasChart());
-    EXPECT_TRUE(m_view.message().startsWith(u"No channel is selected"_qs));
+    EXPECT_TRUE(m_view.message().startsWith(u"No channel is selected"_s));
 }
 
 TEST_F(CTrendViewTest, TellsWhyThereIsNothingToDraw) {
@@ -135,13 +137,13 @@ TEST_F(CTrendViewTest, TellsWhyThereIsNothingToDraw) {
         m_grid.setText(0, row, "soon");
     activate();
     EXPECT_TRUE(
-        m_view.message().startsWith(u"Attention: The times in the first column can't be read"_qs));
+        m_view.message().startsWith(u"Attention: The times in the first column can't be read"_s));
     for (Row row = 0; row < 3; ++row)
         m_grid.setText(0, row, "");
     m_grid.setChanged(true);
     activate();
     EXPECT_EQ(m_view.message(),
-              u"Attention: The first column holds no times, so there is nothing to draw."_qs);
+              u"Attention: The first column holds no times, so there is nothing to draw."_s);
     for (Row row = 0; row < 3; ++row) {
         m_grid.setText(0, row, "2024/01/01 00:0" + std::to_string(row) + ":00");
         for (int i = 1; i <= 3; ++i)

@@ -11,6 +11,8 @@
 #include <QSvgRenderer>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 
 namespace {
@@ -20,10 +22,10 @@ constexpr double kStart = 1'700'000'000;
 class ChartPaper : public testing::Test {
   protected:
     ChartPaper() {
-        m_trend.SetCurveText(0, u"Level"_qs);
+        m_trend.SetCurveText(0, u"Level"_s);
         m_trend.SetCurveRelatedScale(0, 1);
         m_trend.SetYScEnabled(1, 1);
-        m_trend.SetYScText(1, u"m"_qs);
+        m_trend.SetYScText(1, u"m"_s);
         m_trend.SetCurveColor(0, QColor(255, 0, 0));
         m_trend.SetBackColor(QColor(30, 30, 30));
         for (int i = 0; i < 5000; ++i) {
@@ -38,9 +40,9 @@ class ChartPaper : public testing::Test {
     /// The printed page at 50 dots to the inch, as another program draws the PDF.
     QImage rendered(const QString& pdf) {
         const QString target = inFolder("page");
-        QProcess::execute(u"pdftoppm"_qs,
-                          {u"-r"_qs, u"50"_qs, u"-png"_qs, u"-singlefile"_qs, pdf, target});
-        return QImage(target + u".png"_qs);
+        QProcess::execute(u"pdftoppm"_s,
+                          {u"-r"_s, u"50"_s, u"-png"_s, u"-singlefile"_s, pdf, target});
+        return QImage(target + u".png"_s);
     }
 
     /// The drawing as it stands in a file, a pixel a unit.
@@ -104,7 +106,7 @@ TEST_F(ChartPaper, PrintsTheTitleAboveTheChartOnWhite) {
     printer.setOutputFileName(pdf);
     printer.setPageSize(QPageSize(QPageSize::A4));
     printer.setPageOrientation(QPageLayout::Landscape);
-    m_view.setFileName(u"mast.week 3.dlr"_qs);
+    m_view.setFileName(u"mast.week 3.dlr"_s);
     m_view.print(printer);
     EXPECT_LT(QFileInfo(pdf).size(), 2'000'000);
     const QImage page = rendered(pdf);

@@ -1,6 +1,8 @@
 #include "views/sheet/GridModel.h"
 #include "GridText.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -41,8 +43,8 @@ TEST_F(GridModelTest, ShowsTheAxisRowAboveTheData) {
     EXPECT_EQ(text(0, 0) + "|" + text(0, 1) + "|" + text(0, 2), "|1|5");
     EXPECT_EQ(text(1, 0) + "|" + text(1, 1) + "|" + text(1, 2), "2024/01/02 10:00:00|12.50|3");
     EXPECT_EQ(text(2, 2), "über");
-    EXPECT_EQ(m_model.headerData(0, Qt::Vertical, Qt::DisplayRole).toString(), u"  Axis  "_qs);
-    EXPECT_EQ(m_model.headerData(3, Qt::Vertical, Qt::DisplayRole).toString(), u"3"_qs);
+    EXPECT_EQ(m_model.headerData(0, Qt::Vertical, Qt::DisplayRole).toString(), u"  Axis  "_s);
+    EXPECT_EQ(m_model.headerData(3, Qt::Vertical, Qt::DisplayRole).toString(), u"3"_s);
     EXPECT_EQ(m_model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString().toStdString(),
               "Temp(°C)");
     EXPECT_EQ(m_model.index(0, 1).data(Qt::BackgroundRole).value<QBrush>().color(),
@@ -68,15 +70,15 @@ TEST_F(GridModelTest, NamesCellsAndHeadingsForAssistiveTechnology) {
     EXPECT_EQ(text(1, 9, Qt::AccessibleTextRole), "Column 9, row 1, 2024/01/02 10:00:00: empty");
     m_model.setCharted(2, 2, true);
     EXPECT_EQ(m_model.headerData(2, Qt::Horizontal, Qt::AccessibleTextRole).toString(),
-              u"Wind (m/s), charted"_qs);
+              u"Wind (m/s), charted"_s);
 }
 
 TEST_F(GridModelTest, EditsKeepTheColourAndCanBeTakenBack) {
     QSignalSpy marks(&m_model, &GridModel::changedMark);
-    EXPECT_TRUE(m_model.setData(m_model.index(2, 1), u"13.75"_qs));
-    EXPECT_TRUE(m_model.setData(m_model.index(0, 2), u"9"_qs));
-    EXPECT_TRUE(m_model.setData(m_model.index(0, 1), u"4"_qs));
-    EXPECT_FALSE(m_model.setData(m_model.index(0, 0), u"4"_qs));
+    EXPECT_TRUE(m_model.setData(m_model.index(2, 1), u"13.75"_s));
+    EXPECT_TRUE(m_model.setData(m_model.index(0, 2), u"9"_s));
+    EXPECT_TRUE(m_model.setData(m_model.index(0, 1), u"4"_s));
+    EXPECT_FALSE(m_model.setData(m_model.index(0, 0), u"4"_s));
     EXPECT_EQ(text(2, 1) + " " + colour(2, 1) + " " + text(0, 1) + " " + text(0, 2),
               "13.75 #c00000 4 1");
     EXPECT_EQ(marks.count(), 1);
@@ -105,7 +107,7 @@ TEST_F(GridModelTest, IsEmptyWhileLoadingAndASheetWithoutData) {
     m_model.endLoad();
     EXPECT_EQ(m_model.rowCount(), 32768);
     EXPECT_EQ(m_model.columnCount(), 800);
-    EXPECT_TRUE(m_model.setData(m_model.index(32767, 799), u"7"_qs));
+    EXPECT_TRUE(m_model.setData(m_model.index(32767, 799), u"7"_s));
     EXPECT_EQ(text(32767, 799), "7");
 }
 

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -57,7 +59,7 @@ TEST(GridPrinter, PrintsTheAskedPagesAndStopsWhenAborted) {
         buffer.open(QIODevice::WriteOnly);
         QPdfWriter writer(&buffer);
         writer.setPageSize(QPageSize(QPageSize::A4));
-        GridPrinter printer(grid, u"mast.dlr"_qs);
+        GridPrinter printer(grid, u"mast.dlr"_s);
         EXPECT_EQ(printer.print(writer, range, sink), expected);
         return buffer.data().count("/Type /Page\n");
     };
@@ -74,7 +76,7 @@ TEST(GridPrinter, PrintsTheAskedPagesAndStopsWhenAborted) {
 TEST(GridPrinter, PaintsOnlyInsideItsTarget) {
     GridData grid;
     fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");
-    GridPrinter printer(grid, u"mast.dlr"_qs);
+    GridPrinter printer(grid, u"mast.dlr"_s);
     printer.setPageSize(kA4);
     QImage image(700, 900, QImage::Format_RGB32);
     image.fill(Qt::white);
@@ -106,9 +108,9 @@ TEST(HeadingText, PutsTheUnitsBelowTheName) {
     EXPECT_EQ(lines("Alarm Message", 500), "Alarm Message");
     EXPECT_EQ(lines("(m)", 500), "(m)");
     EXPECT_EQ(lines("Flow (in) (l/s)", 500), "Flow (in)/(l/s)");
-    EXPECT_EQ(HeadingText("A.Temp(degC)").inOneLine(), u"A.Temp (degC)"_qs);
+    EXPECT_EQ(HeadingText("A.Temp(degC)").inOneLine(), u"A.Temp (degC)"_s);
     EXPECT_EQ(lines("", 500), "");
-    const double half = metrics.horizontalAdvance(u"Alarm Messag"_qs);
+    const double half = metrics.horizontalAdvance(u"Alarm Messag"_s);
     EXPECT_EQ(lines("Alarm Message", half), "Alarm/Message");
     EXPECT_NE(lines("A.Temperature.Ave(degC)", 40).find("\xE2\x80\xA6/"), std::string::npos);
 }

@@ -10,6 +10,8 @@
 #include "views/sheet/GridHeader.h"
 #include "views/sheet/GridModel.h"
 
+using namespace Qt::StringLiterals;
+
 namespace pellam {
 namespace {
 
@@ -99,10 +101,10 @@ TEST_F(MyCugTest, DoubleClickMarksAndEditsDataCellsAlone) {
 
 TEST_F(MyCugTest, TypingReplacesTheCellAndUndoBringsItBack) {
     select(2, 2, 1, 1);
-    QTest::keyClicks(&m_cug, u"9"_qs);
+    QTest::keyClicks(&m_cug, u"9"_s);
     auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(editor, nullptr);
-    QTest::keyClicks(editor, u".5"_qs);
+    QTest::keyClicks(editor, u".5"_s);
     QTest::keyClick(editor, Qt::Key_Return);
     QApplication::processEvents();
     EXPECT_EQ(cell(2, 1), "9.5");
@@ -115,7 +117,7 @@ TEST_F(MyCugTest, ProtectionRefusesEveryEdit) {
     m_cug.SetEnableProtection(1);
     select(1, 1, 1, 1);
     QTest::keyClick(&m_cug, Qt::Key_F2);
-    QTest::keyClicks(&m_cug, u"9"_qs);
+    QTest::keyClicks(&m_cug, u"9"_s);
     QTest::keyClick(&m_cug, Qt::Key_Delete);
     QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {},
                       GridDelegate::spinUpRect(m_cug.visualRect(m_model.index(0, 1))).center());

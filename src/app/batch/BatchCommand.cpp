@@ -7,8 +7,8 @@
 #include "export/GridWriter.h"
 #include "logger/CDumpDBD.h"
 #include "logger/TaggedDownload.h"
-#include "replay/load/FileFacts.h"
 #include "replay/load/FileLoader.h"
+#include "replay/outcome/FileFacts.h"
 #include "settings/SaveFolder.h"
 
 #include <QFile>

@@ -8,7 +8,7 @@
 #include "base/Failure.h"
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/SettingsStore.h"
 

@@ -5,7 +5,7 @@
 #include "base/Failure.h"
 #include "database/odbc/BackgroundCall.h"
 #include "database/sessions/CSessionFromDatabase.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <string>
 

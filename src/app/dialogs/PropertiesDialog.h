@@ -1,6 +1,6 @@
 #pragma once
 
-#include "replay/load/FileFacts.h"
+#include "replay/outcome/FileFacts.h"
 
 #include <QDialog>
 

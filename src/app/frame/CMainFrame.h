@@ -2,8 +2,8 @@
 
 #include "base/InternationalSettings.h"
 #include "grid/GridData.h"
-#include "replay/load/FileFacts.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/FileFacts.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/SettingsStore.h"
 #include "ui/dialogs/WindowMessages.h"

@@ -33,7 +33,7 @@ void addFiles(CommandSet& commands, CMainFrame& frame, const Rule& exportable) {
          "Export a CSV file and open it with your spreadsheet program", IconName::Spreadsheet},
         [&frame] { frame.OnFileViewin(); }, exportable);
     commands.add(
-        {Properties, "P&roperties...", "Alt+Return",
+        {Properties, "Propert&ies...", "Alt+Return",
          "Show what is known of the loaded file, and what of it was passed over"},
         [&frame] { frame.OnFileProperties(); }, [&frame] { return frame.data().rowCount() > 0; });
     commands.add({Preferences, "Pre&ferences...", "", "Choose the default save folder",

@@ -4,6 +4,7 @@
 #include "app/frame/CLumasetApp.h"
 #include "app/layout/LayoutMemory.h"
 #include "replay/load/FileLoader.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SettingsStore.h"
 #include "ui/dialogs/CConnectionStatus.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "delimited/layout/LayoutWishes.h"
-#include "replay/load/LoadOutcome.h"
 
 #include <QObject>
 
@@ -18,6 +17,7 @@ class CGridView;
 class CLumasetApp;
 class MessageSink;
 struct InternationalSettings;
+struct LoadOutcome;
 
 /// Brings files onto the grid page: the open dialog, the load with its progress window, and the
 /// page before and after it. One load at a time.

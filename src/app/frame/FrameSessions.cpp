@@ -8,6 +8,7 @@
 #include "database/ui/LoadCall.h"
 #include "database/ui/LoginDlg.h"
 #include "database/ui/WorkEvent.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "replay/time/TimeCorrections.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SettingsStore.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "replay/load/LoadOutcome.h"
-
 #include "database/odbc/DataSourceLogin.h"
 
 #include <QObject>
@@ -16,6 +14,7 @@ class CGridView;
 class CLumasetApp;
 class FrameLoader;
 class MessageSink;
+struct LoadOutcome;
 struct SessionRequest;
 struct TimeCorrections;
 

@@ -1,6 +1,6 @@
 #include "app/frame/FrameStatusBar.h"
 
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -5,7 +5,7 @@
 #include "app/layout/LayoutPreview.h"
 #include "base/MessageSink.h"
 #include "delimited/layout/LayoutText.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 #include "views/grid/CGridView.h"
 
 #include <QFileInfo>

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 
@@ -139,6 +140,7 @@ void SampleLinesView::setLines(std::vector<SampleLine> lines) {
 void SampleLinesView::showLine(qint64 line) {
     const auto row = static_cast<int>(std::clamp<qint64>(line, 1, m_model->rowCount())) - 1;
     if (row >= 0) scrollTo(m_model->index(row, 0), PositionAtCenter);
+    horizontalScrollBar()->setValue(0);
 }
 
 } // namespace pellam

@@ -8,7 +8,7 @@
 #include "database/sessions/SessionTempFile.h"
 #include "database/sessions/Session_Schedule_Info.h"
 #include "database/sessions/SqlTerm.h"
-#include "replay/load/PassedOver.h"
+#include "replay/outcome/PassedOver.h"
 
 #include <array>
 #include <functional>

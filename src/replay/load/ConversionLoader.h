@@ -1,7 +1,7 @@
 #pragma once
 
 #include "replay/load/FileLoader.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <string>
 

@@ -4,7 +4,7 @@
 #include "delimited/layout/TextLayout.h"
 #include "replay/load/DelimitedColumns.h"
 #include "replay/load/FileLoader.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <string>
 #include <string_view>

@@ -4,7 +4,7 @@
 #include "grid/RowFiller.h"
 #include "replay/load/DelimitedColumns.h"
 #include "replay/load/FileLoader.h"
-#include "replay/load/PassedOver.h"
+#include "replay/outcome/PassedOver.h"
 #include "times/TimeReader.h"
 
 #include <optional>

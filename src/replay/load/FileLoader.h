@@ -7,7 +7,7 @@
 #include "delimited/sample/TextSample.h"
 #include "grid/GridData.h"
 #include "replay/load/ChannelChooser.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <functional>
 #include <string>

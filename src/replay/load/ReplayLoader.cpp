@@ -1,5 +1,6 @@
 #include "replay/load/ReplayLoader.h"
 
+#include "grid/ChannelLabel.h"
 #include "logger/DataMapLabels.h"
 #include "replay/checks/LineCheck.h"
 #include "replay/load/AlarmRows.h"
@@ -108,8 +109,10 @@ std::optional<ColumnMap> ReplayLoader::chooseLabels(const CReplayFile& file) con
         return {};
     }
     ColumnMap columns = LabelPass(m_context.grid).DisplayChosenLabels(chosen);
-    for (const std::string& label : offered)
-        columns.mention(label[0], static_cast<std::size_t>(channelNumber(label)));
+    for (const std::string& channel : offered) {
+        const auto label = ChannelLabel::numbered(channel);
+        columns.mention(label.letter, static_cast<std::size_t>(label.number));
+    }
     return columns;
 }
 

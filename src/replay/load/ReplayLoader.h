@@ -3,7 +3,7 @@
 #include "replay/file/CReplayFile.h"
 #include "replay/load/ColumnMap.h"
 #include "replay/load/FileLoader.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <optional>
 #include <string>

@@ -147,8 +147,8 @@ class CMyTime {
                static_cast<std::int32_t>(wholeSeconds(right));
     }
 
-    // Readers of a logger's own texts, in local time without daylight saving and with the quirks that
-    // replay files are written for. Time columns are read by TimeReader.
+    // Readers of a logger's own texts, in local time without daylight saving and with the quirks
+    // that replay files are written for. Time columns are read by TimeReader.
 
     /// Reads year, month, day, hour, minute, second, separated by '/', ',', ':' or ' ', as local
     /// time without daylight saving. 1, or 0 and no change for fewer than six pieces.

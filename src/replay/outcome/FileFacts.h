@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/GridData.h"
-#include "replay/load/LoadOutcome.h"
+#include "replay/outcome/LoadOutcome.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "replay/load/FileFacts.h"
+#include "replay/outcome/FileFacts.h"
 
 #include "base/Utf8.h"
 

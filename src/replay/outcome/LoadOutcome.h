@@ -2,7 +2,7 @@
 
 #include "delimited/layout/LayoutWishes.h"
 #include "delimited/layout/TextLayout.h"
-#include "replay/load/PassedOver.h"
+#include "replay/outcome/PassedOver.h"
 
 #include <cstdint>
 #include <string>

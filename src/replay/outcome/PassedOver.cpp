@@ -1,4 +1,4 @@
-#include "replay/load/PassedOver.h"
+#include "replay/outcome/PassedOver.h"
 
 namespace pellam {
 
