@@ -136,6 +136,30 @@ TEST(LayoutDetectorTest, SaysWhatIsNoTable) {
         EXPECT_EQ(detect(text).notATable, expected) << text;
 }
 
+// Lines that are out of line neither border the table nor take its place.
+TEST(LayoutDetectorTest, TakesAPlainFileAsItStands) {
+    std::string rows;
+    for (int i = 10; i < 60; ++i)
+        rows += "2021-03-09 10:" + std::to_string(i) + ":00,1." + std::to_string(i) + "\n";
+    const Table<const char*, std::string> files = {
+        {"early text", "Time,T\n2021-03-09 09:00:00,over\n" + rows},
+        {"note", "Time,T\n2021-03-09 09:00:00,1\n*** restart ***\n" + rows},
+        {"last text", "Time,T\n" + rows + "invalid,7.5\n"},
+        {"states", "Time,State\n2021-03-09 09:00:00,on\n2021-03-09 09:01:00,off\n"},
+        {"halves of the day", "Time,Dir\n01/02/2020 01:00:00 AM,N\n01/02/2020 02:00:00 AM,E\n"},
+    };
+    for (const auto& [name, text] : files) {
+        const TextLayout layout = detect(text);
+        EXPECT_TRUE(layout.plain) << name << ": " << brief(layout);
+        EXPECT_EQ(layout.firstDataLine, 2) << name;
+        EXPECT_EQ(layout.footerLines, 0) << name;
+    }
+    const TextLayout padded = detect("\"Time\", \"a\"\n\"2020-01-01 00:00:00\", \"x, 1\"\n"
+                                     "\"2020-01-01 01:00:00\", \"x, 2\"\n");
+    EXPECT_TRUE(padded.dialect.blanks);
+    EXPECT_EQ(padded.columns, 2U);
+}
+
 TEST(LayoutDetectorTest, TellsWhereATableEndsAndFurtherOnesBegin) {
     std::string rows;
     for (int i = 10; i < 60; ++i)

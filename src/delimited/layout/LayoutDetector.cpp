@@ -4,6 +4,7 @@
 #include "base/Utf8.h"
 #include "delimited/layout/HeadingFinder.h"
 #include "delimited/layout/MissingFinder.h"
+#include "delimited/layout/PlainReading.h"
 #include "delimited/sample/ContentKind.h"
 #include "delimited/sample/DialectFinder.h"
 #include "delimited/sample/SampleRecords.h"
@@ -30,17 +31,20 @@ class LayoutBuilder {
           m_expected(expected),
           m_settings(settings),
           m_wishes(wishes),
-          m_found(findDialect(sample.head, expected, wishes.separator, wishes.quote)),
+          m_plain(!wishes.any() && plainData(SampleRecords(sample.head, plainDialect()))),
+          m_found(m_plain ? findDialect(sample.head, expected, expected, '"')
+                          : findDialect(sample.head, expected, wishes.separator, wishes.quote)),
           m_head(*m_found.records),
           m_tail(sample.tail, m_head.dialect()),
           m_table(m_found.table) {}
 
     TextLayout run() {
         if (m_wishes.dataLine) beginAt(*m_wishes.dataLine);
+        if (m_plain) takePlainTable();
         m_layout.dialect = m_head.dialect();
         m_layout.decimal = m_settings.decimalSeparator;
         m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
-        if (!m_wishes.any() && isProse(m_head, m_table)) {
+        if (!m_plain && !m_wishes.any() && isProse(m_head, m_table)) {
             m_layout.notATable = std::string("text");
             return m_layout;
         }
@@ -57,6 +61,8 @@ class LayoutBuilder {
     }
 
   private:
+    [[nodiscard]] Dialect plainDialect() const { return {m_expected, '"', '"', false}; }
+
     [[nodiscard]] bool hasReadings() const {
         return std::any_of(m_table.kinds.begin(), m_table.kinds.end(), isReading);
     }
@@ -83,6 +89,14 @@ class LayoutBuilder {
         return m_layout;
     }
 
+    // Every record up to the last with a time or number in it.
+    void takePlainTable() {
+        m_table = tableFrom(m_head, *plainData(m_head));
+        if (!m_sample.isWholeFile()) return;
+        while (m_table.end > m_table.first + 1 && m_head[m_table.end - 1].readings == 0)
+            --m_table.end;
+    }
+
     void beginAt(std::int64_t line) {
         std::size_t first = 0;
         while (first < m_head.size() && (m_head[first].line < line || m_head[first].blank))
@@ -91,10 +105,18 @@ class LayoutBuilder {
     }
 
     [[nodiscard]] FoundHeadings headings() const {
+        if (m_plain) return headingsOf(m_head, m_table, firstLine(), 0);
         FoundHeadings found = findHeadings(m_head, m_table);
         if (!m_wishes.headingsLine && !m_wishes.unitsLine) return found;
         return headingsOf(m_head, m_table, m_wishes.headingsLine.value_or(found.line),
                           m_wishes.unitsLine.value_or(found.unitsLine));
+    }
+
+    [[nodiscard]] std::int64_t firstLine() const {
+        std::size_t first = 0;
+        while (m_head[first].blank)
+            ++first;
+        return m_head[first].line;
     }
 
     void takeHeadings(const FoundHeadings& headings) {
@@ -147,6 +169,7 @@ class LayoutBuilder {
         const std::size_t point = text.find('.');
         if (point == std::string_view::npos) return false;
         const std::size_t start = text[0] == '-' || text[0] == '+' ? 1 : 0;
+        if (text[start] == '0') return true;
         return text.size() - point != 4 || point - start > 3 || point == start;
     }
 
@@ -244,7 +267,8 @@ class LayoutBuilder {
         std::size_t lines = 0;
         for (std::size_t i = m_tail.size(); i-- > 0;) {
             if (m_tail[i].blank) continue;
-            if (isData(m_tail, i)) break;
+            // A row that is out of line in a file of rows is none the less one.
+            if (isData(m_tail, i) || (m_plain && m_tail[i].readings > 0)) break;
             if (++lines > kFooterLines) return;
             first = i;
         }
@@ -282,8 +306,7 @@ class LayoutBuilder {
                            layout.comment.empty() &&
                            (layout.names.empty() || m_kindsUsed <= layout.names.size());
         return top && timeFirst && whole && !layout.timeParts && !layout.mixedDecimals &&
-               layout.dialect == Dialect{m_expected, '"', '"', false} &&
-               layout.decimal == m_settings.decimalSeparator;
+               layout.dialect == plainDialect() && layout.decimal == m_settings.decimalSeparator;
     }
 
     // "2008/02/25 12:00:00": what the plain reading takes for a row.
@@ -297,6 +320,7 @@ class LayoutBuilder {
     char m_expected;
     const InternationalSettings& m_settings;
     const LayoutWishes& m_wishes;
+    bool m_plain; ///< reads right without a search
     FoundDialect m_found;
     const SampleRecords& m_head;
     SampleRecords m_tail;

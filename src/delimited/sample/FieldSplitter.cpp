@@ -98,7 +98,9 @@ bool FieldSplitter::takeQuoted(Field& field) {
         m_open = m_noClosing = true;
         return false;
     }
-    field = {m_line.substr(start + 1, close - start - 1), true};
+    const bool padded = start != m_at || (close + 1 < m_line.size() && m_line[close + 1] == ' ' &&
+                                          !isSeparator(' '));
+    field = {m_line.substr(start + 1, close - start - 1), true, padded};
     if (m_dialect.blanks) field.text = trimmed(field.text);
     m_at = close + 1;
     skipBlanks();

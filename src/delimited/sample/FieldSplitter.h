@@ -15,6 +15,7 @@ class FieldSplitter {
     struct Field {
         std::string_view text; ///< without the quotation marks around it
         bool quoted = false;
+        bool padded = false; ///< blanks stand between its quotation marks and the separators
     };
 
     /// `line` has no line end; it outlives the splitter.

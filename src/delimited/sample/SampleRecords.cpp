@@ -55,7 +55,7 @@ bool SampleRecords::addFields(SampleRecord& record) {
         SampleField sample;
         sample.text = trimmed(field.text);
         sample.quoted = field.quoted;
-        sample.padded = sample.text.size() != field.text.size();
+        sample.padded = field.padded || (!field.quoted && sample.text.size() != field.text.size());
         sample.kind = fieldKindOf(sample.text);
         // What stands between blanks and has another separator in it is no time.
         if (sample.kind == FieldKind::Time && m_dialect.separator == Dialect::kBlankRuns &&

@@ -43,6 +43,7 @@ void removeGrouping(std::string& text, char group, char separator) {
     const std::size_t whole = std::min(text.find(separator), text.size());
     const std::size_t first = text.find(group);
     if (first == std::string::npos || first == start || first - start > 3) return;
+    if (text[start] == '0') return; // no group begins with 0: the mark is a decimal point
     for (std::size_t at = first; at < whole; at += 4) {
         if (text[at] != group || whole - at < 4) return;
         if (!std::all_of(&text[at] + 1, &text[at] + 4, isDigit)) return;

@@ -1,0 +1,61 @@
+#include "delimited/layout/PlainReading.h"
+
+#include "delimited/sample/SampleRecords.h"
+
+#include <algorithm>
+
+namespace pellam {
+
+namespace {
+
+std::size_t nextRecord(const SampleRecords& records, std::size_t index) {
+    while (index < records.size() && records[index].blank)
+        ++index;
+    return index;
+}
+
+bool areNames(const SampleRecords& records, std::size_t index) {
+    const auto fields = records.fields(index).first(records[index].used);
+    return fields.size() >= 2 && std::all_of(fields.begin(), fields.end(), [](const auto& field) {
+               return field.kind == FieldKind::Text;
+           });
+}
+
+// A date and a time of day that stands in a column of its own are not read from the first alone.
+bool isTimeAlone(const SampleRecords& records, std::size_t index) {
+    const auto fields = records.fields(index);
+    if (fields.empty() || fields[0].kind != FieldKind::Time) return false;
+    if (fields[0].text.find(':') != std::string_view::npos) return true;
+    return std::none_of(fields.begin() + 1, fields.end(),
+                        [](const auto& field) { return field.kind == FieldKind::Time; });
+}
+
+bool isPadded(const SampleRecords& records, std::size_t index) {
+    const auto fields = records.fields(index);
+    return std::any_of(fields.begin(), fields.end(),
+                       [](const auto& field) { return field.padded; });
+}
+
+} // namespace
+
+std::optional<std::size_t> plainData(const SampleRecords& records) {
+    const std::size_t headings = nextRecord(records, 0);
+    if (headings >= records.size() || !areNames(records, headings)) return std::nullopt;
+    const std::size_t first = nextRecord(records, headings + 1);
+    if (first >= records.size() || !isTimeAlone(records, first)) return std::nullopt;
+    std::size_t count = 0;
+    std::size_t odd = 0;
+    for (std::size_t i = first; i < records.size(); ++i) {
+        if (records[i].blank) continue;
+        ++count;
+        const bool fits = records[i].used <= records[headings].used && isTimeAlone(records, i) &&
+                          records[i].fields == records[first].fields;
+        odd += !fits;
+        if (isPadded(records, i)) return std::nullopt;
+    }
+    // Few enough to be accidents; two of a short file are.
+    const bool plain = odd <= std::max<std::size_t>(count / 10, count >= 4 ? 1 : 0);
+    return plain ? std::optional(first) : std::nullopt;
+}
+
+} // namespace pellam
