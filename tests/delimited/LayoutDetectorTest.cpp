@@ -143,6 +143,7 @@ TEST(LayoutDetectorTest, TakesAPlainFileAsItStands) {
         rows += "2021-03-09 10:" + std::to_string(i) + ":00,1." + std::to_string(i) + "\n";
     const Table<const char*, std::string> files = {
         {"early text", "Time,T\n2021-03-09 09:00:00,over\n" + rows},
+        {"first time unreadable", "Time,T\ninvalid,1.5\n" + rows},
         {"note", "Time,T\n2021-03-09 09:00:00,1\n*** restart ***\n" + rows},
         {"last text", "Time,T\n" + rows + "invalid,7.5\n"},
         {"states", "Time,State\n2021-03-09 09:00:00,on\n2021-03-09 09:01:00,off\n"},

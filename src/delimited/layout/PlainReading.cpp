@@ -42,14 +42,17 @@ std::optional<std::size_t> plainData(const SampleRecords& records) {
     const std::size_t headings = nextRecord(records, 0);
     if (headings >= records.size() || !areNames(records, headings)) return std::nullopt;
     const std::size_t first = nextRecord(records, headings + 1);
-    if (first >= records.size() || !isTimeAlone(records, first)) return std::nullopt;
+    // Lines of units and the like hold no readings.
+    if (first >= records.size() || records[first].readings == 0) return std::nullopt;
+    const std::size_t usual = nextRecord(records, first + (records.size() - first) / 2);
+    const std::size_t fields = records[usual < records.size() ? usual : first].fields;
     std::size_t count = 0;
     std::size_t odd = 0;
     for (std::size_t i = first; i < records.size(); ++i) {
         if (records[i].blank) continue;
         ++count;
         const bool fits = records[i].used <= records[headings].used && isTimeAlone(records, i) &&
-                          records[i].fields == records[first].fields;
+                          records[i].fields == fields;
         odd += !fits;
         if (isPadded(records, i)) return std::nullopt;
     }
