@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::filesystem::remove(output);
     std::ofstream(input, std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    const pellam::Failure failure = pellam::convertTaggedDownload(input);
+    const pellam::Failure failure = pellam::convertTaggedDownload(input, output);
     if (!failure != std::filesystem::exists(output)) __builtin_trap();
     if (failure && failure.text().empty()) __builtin_trap();
     return 0;
