@@ -49,7 +49,7 @@ std::optional<TimeMoment> TimeColumn::enterDay(Cell cell, const TimeCell::Fields
     const auto moment = plain.moment();
     if (!moment) return {};
     m_packedDay = packedDay(cell);
-    m_dayStart = moment->seconds - fields.hour * 3600 - fields.minute * 60 - fields.second;
+    m_dayStart = moment->seconds - secondOfDay(fields);
     return moment;
 }
 

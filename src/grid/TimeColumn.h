@@ -36,9 +36,13 @@ class TimeColumn {
         const bool inDay = fields.hour < 24 && fields.minute < 60 && fields.second < 60;
         if (!inDay || packedDay(cell) != m_packedDay) return enterDay(cell, fields);
         TimeMoment moment;
-        moment.seconds = m_dayStart + fields.hour * 3600 + fields.minute * 60 + fields.second;
+        moment.seconds = m_dayStart + secondOfDay(fields);
         moment.nanoseconds = nanoseconds(fields);
         return moment;
+    }
+
+    static std::int64_t secondOfDay(const TimeCell::Fields& fields) {
+        return std::int64_t{3600} * fields.hour + std::int64_t{60} * fields.minute + fields.second;
     }
 
     [[nodiscard]] std::uint32_t nanoseconds(const TimeCell::Fields& fields) const {

@@ -192,7 +192,7 @@ Failure convertTaggedDownload(const std::string& inputPath, const std::string& o
 Failure convertTaggedDownloadBeside(const std::string& inputPath, std::string& outputPath) {
     ConversionTarget target(taggedDownloadOutput(inputPath));
     outputPath = target.path();
-    const Failure failure = convertTaggedDownload(inputPath, outputPath);
+    Failure failure = convertTaggedDownload(inputPath, outputPath);
     if (!failure || failure.kind == Failure::Kind::Read) outputPath = target.settle();
     return failure;
 }
