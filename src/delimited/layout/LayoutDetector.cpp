@@ -72,9 +72,7 @@ class LayoutBuilder {
         m_layout.dialect = {m_wishes.separator.value_or(m_expected), '"', '"', false};
         m_layout.decimal = m_wishes.decimal.value_or(m_layout.decimal);
         m_layout.plain = true;
-        std::size_t first = 0;
-        while (first < m_head.size() && m_head[first].blank)
-            ++first;
+        const std::size_t first = firstRecord();
         if (m_wishes.separator || first == m_head.size()) return m_layout;
         const std::string_view line = m_head[first].text;
         std::ptrdiff_t most = std::count(line.begin(), line.end(), m_expected);
@@ -91,7 +89,11 @@ class LayoutBuilder {
 
     // Every record up to the last with a time or number in it.
     void takePlainTable() {
-        m_table = tableFrom(m_head, *plainData(m_head));
+        const auto first = plainData(m_head);
+        // The marks of quotation may have been refined: the records are others then.
+        m_plain = first.has_value();
+        if (!m_plain) return;
+        m_table = tableFrom(m_head, *first);
         if (!m_sample.isWholeFile()) return;
         while (m_table.end > m_table.first + 1 && m_head[m_table.end - 1].readings == 0)
             --m_table.end;
@@ -105,18 +107,19 @@ class LayoutBuilder {
     }
 
     [[nodiscard]] FoundHeadings headings() const {
-        if (m_plain) return headingsOf(m_head, m_table, firstLine(), 0);
+        if (m_plain) return headingsOf(m_head, m_table, m_head[firstRecord()].line, 0);
         FoundHeadings found = findHeadings(m_head, m_table);
         if (!m_wishes.headingsLine && !m_wishes.unitsLine) return found;
         return headingsOf(m_head, m_table, m_wishes.headingsLine.value_or(found.line),
                           m_wishes.unitsLine.value_or(found.unitsLine));
     }
 
-    [[nodiscard]] std::int64_t firstLine() const {
+    // The first record that is not blank; their number where all are.
+    [[nodiscard]] std::size_t firstRecord() const {
         std::size_t first = 0;
-        while (m_head[first].blank)
+        while (first < m_head.size() && m_head[first].blank)
             ++first;
-        return m_head[first].line;
+        return first;
     }
 
     void takeHeadings(const FoundHeadings& headings) {
@@ -291,9 +294,7 @@ class LayoutBuilder {
 
     [[nodiscard]] bool isPlain() const {
         const TextLayout& layout = m_layout;
-        std::size_t first = 0;
-        while (m_head[first].blank)
-            ++first;
+        const std::size_t first = firstRecord();
         const bool top = layout.headingsLine > 0
                              ? layout.headingsLine == m_head[first].line &&
                                    layout.headingLines == 1 && layout.description.empty()
