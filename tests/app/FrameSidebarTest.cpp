@@ -130,6 +130,23 @@ TEST_F(FrameSidebarTest, PreviewTurnsPagesWithinBounds) {
         QTest::keyClick(preview, key);
         EXPECT_EQ(preview->currentPage(), page);
     }
+    auto* sheet = preview->findChild<PreviewSheet*>();
+    const QImage lastPage = sheet->grab().toImage();
+    QTest::keyClick(preview, Qt::Key_Home);
+    EXPECT_NE(sheet->grab().toImage(), lastPage) << "the sheet shows its page";
+
+    const auto wheel = [preview](int turn, Qt::KeyboardModifiers held) {
+        auto* shown = preview->findChild<QScrollArea*>()->viewport();
+        QWheelEvent event({9, 9}, shown->mapToGlobal(QPointF(9, 9)), {}, {0, turn}, Qt::NoButton,
+                          held, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(shown, &event);
+        return qRound(preview->findChild<PreviewSheet*>()->scale() * 1000);
+    };
+    const int before = wheel(120, Qt::NoModifier);
+    const int larger = wheel(120, Qt::ControlModifier);
+    EXPECT_EQ(larger, qRound(before * 1.25));
+    EXPECT_EQ(wheel(0, Qt::ControlModifier), larger);
+    EXPECT_EQ(wheel(-120, Qt::ControlModifier), before);
 }
 
 TEST_F(FrameSidebarTest, ResetForgetsTheAnswersAndNothingElse) {

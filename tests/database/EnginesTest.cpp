@@ -5,6 +5,7 @@
 #include "SessionLoad.h"
 #include "SessionRows.h"
 #include "database/odbc/BackgroundCall.h"
+#include "database/odbc/OdbcConnection.h"
 #include "database/sessions/SessionLists.h"
 #include "database/sessions/SessionTables.h"
 
@@ -244,6 +245,22 @@ TEST_P(Servers, ThatStopAnsweringAreLeftAfterTheTimeOut) {
     EXPECT_FALSE(database.IsOpen());
     server.resume();
     EXPECT_FALSE(database.OpenEx("DSN=" + source()));
+}
+
+// The other driver does not hold to the time; the program's own limit ends its call.
+TEST(Engines, PostgreSqlThatDoesNotGreetIsLeftAfterTheLogInTime) {
+    const DatabaseServer server(Engine::PostgreSql);
+    OdbcSetup odbc;
+    server.addSource(odbc, "Silent");
+    const auto connection = std::make_shared<OdbcConnection>();
+    const auto failure = std::make_shared<SqlFailure>();
+    BackgroundCall call;
+    server.pause();
+    EXPECT_TRUE(
+        call.run([=] { *failure = connection->open("DSN=Silent", 2); }, std::chrono::seconds(15)))
+        << "the driver still waits";
+    EXPECT_TRUE(*failure);
+    server.resume();
 }
 
 // Kills the server once, when told to.

@@ -2,6 +2,9 @@
 #include "ScratchFolder.h"
 #include "ZoneScope.h"
 
+#include <filesystem>
+#include <sstream>
+
 namespace pellam {
 namespace {
 
@@ -72,6 +75,25 @@ TEST(TaggedDownload, RefusesWhatIsNoDownloadAndLeavesTheOldOutput) {
     EXPECT_EQ(folder.read("cut.csv"), "old");
     EXPECT_EQ(convert(folder.path()).kind, Failure::Kind::NotAFile);
     EXPECT_EQ(convert(folder.path("none.txt")).kind, Failure::Kind::Open);
+}
+
+TEST(TaggedDownload, ManyRowsAreAllWrittenOrTheFailureIsTold) {
+    const ScratchFolder folder;
+    std::string rows;
+    for (int i = 0; i < 20000; ++i)
+        rows += '>' + std::to_string(i) + '\n';
+    const std::string path = folder.write("site.txt", download("09/01/01 00:00:00", "1", rows));
+    ASSERT_FALSE(convertTaggedDownload(path, folder.path("site.csv")));
+    std::istringstream written(folder.read("site.csv"));
+    std::string line;
+    std::getline(written, line);
+    for (int i = 0; i < 20000; ++i) {
+        std::getline(written, line);
+        ASSERT_TRUE(line.ends_with(',' + std::to_string(i) + '\r')) << line;
+    }
+    EXPECT_FALSE(std::getline(written, line));
+    std::filesystem::create_symlink("/dev/full", folder.path("full.csv"));
+    EXPECT_EQ(convertTaggedDownload(path, folder.path("full.csv")).kind, Failure::Kind::Full);
 }
 
 TEST(TaggedDownload, ReplacesNoFileAndUsesItsOwnAgain) {

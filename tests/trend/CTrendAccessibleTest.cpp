@@ -57,6 +57,29 @@ TEST(CTrendAccessible, TellsScalesCurvesAndCursors) {
               "  mark Cursor B: 1970-01-01 00:00:25\n");
 }
 
+TEST(CTrendAccessible, TellsWhichLegendEntryHasTheFocus) {
+    TrendBench bench("0 1 11 7\n 50 3 13 8\n");
+    bench.trend.show();
+    bench.trend.setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&bench.trend));
+    const auto focused = [&] {
+        std::string names;
+        QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&bench.trend);
+        for (int i = 0; i < chart->childCount(); ++i)
+            if (chart->child(i)->state().focused)
+                names += chart->child(i)->text(QAccessible::Name).toStdString() + ' ';
+        return names;
+    };
+    std::string told = focused();
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left}) {
+        bench.key(key);
+        told += focused();
+    }
+    EXPECT_EQ(told, "Curve1 Curve2 Curve3 Curve2 ");
+    bench.key(Qt::Key_Escape);
+    EXPECT_EQ(focused(), "");
+}
+
 TEST(CTrendAccessible, SwitchesCurvesAndOutlivesWhatGoesAway) {
     TrendBench bench("0 1 11\n 50 3 13\n");
     bench.hover(bench.at(0.5, 0.5));

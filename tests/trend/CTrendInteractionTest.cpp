@@ -210,6 +210,25 @@ TEST(CTrendInteraction, ZoomingStopsAtWhatDoublesTellApart) {
     EXPECT_FALSE(bench.trend.grab().isNull());
 }
 
+TEST(CTrendInteraction, PanningStopsAtTheEndsOfTheCalendar) {
+    constexpr double kYear1 = -62135596800;
+    constexpr double kYear10000 = 253402300800;
+    const Table<double, Qt::Key> rows = {{kYear1 + 250, Qt::Key_PageUp},
+                                         {kYear10000 - 350, Qt::Key_PageDown}};
+    for (const auto& [begin, key] : rows) {
+        TrendBench bench(kRows);
+        bench.trend.SetXScActualRangeMin(begin);
+        bench.trend.SetXScActualRangeMax(begin + 100);
+        for (int i = 0; i < 9; ++i)
+            bench.key(key);
+        const double min = bench.trend.GetXScActualRangeMin();
+        const double max = bench.trend.GetXScActualRangeMax();
+        EXPECT_NE(min, begin);
+        EXPECT_TRUE(min >= kYear1 && max <= kYear10000) << min;
+        EXPECT_NEAR(max - min, 100, 0.01) << "the span stays";
+    }
+}
+
 TEST(CTrendInteraction, ClicksChooseTimesDragsDoNot) {
     TrendBench bench(kRows);
     QStringList chosen;
@@ -248,6 +267,15 @@ TEST(CTrendInteraction, LegendSwitchesCurvesByMouseAndKeys) {
     bench.key(Qt::Key_Escape);
     bench.key(Qt::Key_Space);
     EXPECT_EQ(switched.join(u' ').toStdString(), "0- 1- 0+");
+    switched.clear();
+    bench.key(Qt::Key_Tab);
+    bench.key(Qt::Key_Backtab, Qt::ShiftModifier);
+    bench.key(Qt::Key_Space);
+    EXPECT_EQ(switched.join(u' ').toStdString(), "") << "back out of the legend";
+    bench.trend.SetCurveButtons(0);
+    bench.key(Qt::Key_Tab);
+    bench.key(Qt::Key_Space);
+    EXPECT_EQ(switched.join(u' ').toStdString(), "") << "a plain legend has no buttons";
 }
 
 TEST(CTrendInteraction, CurvesBeyondTheLegendAreInItsMenu) {

@@ -1,7 +1,11 @@
 #include "TrendBench.h"
 
+#include "trend/paint/TrendTheme.h"
+#include "trend/reading/ReadoutTable.h"
+
 #include <algorithm>
 #include <random>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +57,33 @@ TEST(TrendReading, CrosshairReadsTheLastSampleAtOrBefore) {
     }
     bench.trend.grab();
     EXPECT_EQ(bench.scene().drawings(), drawings) << "the curves are not drawn again";
+}
+
+TEST(TrendReading, RowsAreMarkedLikeTheirCurves) {
+    const auto marks = [](const QColor& colour, CurveDash dash) {
+        ReadoutContent content;
+        content.rows = {{colour, {u"Level"_s, u"1"_s}, dash}};
+        ReadoutTable table;
+        QImage image(200, 100, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        EXPECT_TRUE(table.arrange(content, QFont(), image.rect(), {}));
+        table.paint(painter, TrendTheme::light());
+        int ink = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                ink += image.pixelColor(x, y) == colour ? 1 : 0;
+        return ink;
+    };
+    const QColor red(200, 0, 0);
+    const int solid = marks(red, CurveDash::Solid);
+    EXPECT_GT(solid, 20);
+    EXPECT_EQ(marks(QColor(0, 0, 160), CurveDash::Solid), solid);
+    std::set<int> dashed = {solid};
+    for (const CurveDash dash : {CurveDash::Dash, CurveDash::Dot}) {
+        const int ink = marks(red, dash);
+        EXPECT_TRUE(ink > 0 && ink < solid && dashed.insert(ink).second) << ink;
+    }
 }
 
 TEST(TrendReading, CursorsTellWhatLiesBetween) {

@@ -27,6 +27,18 @@ TEST(IconSetTest, EveryIconHasAPictureOfItsOwn) {
     EXPECT_EQ(static_cast<int>(pictures.size()), kIconNameCount);
 }
 
+TEST(IconSetTest, AreDrawnInTheDotsOfTheScreen) {
+    const QIcon icon = IconSet::icon(IconName::Open);
+    QImage screen(48, 48, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(2);
+    screen.fill(Qt::transparent);
+    QPainter painter(&screen);
+    icon.paint(&painter, QRect(0, 0, 24, 24));
+    painter.end();
+    screen.setDevicePixelRatio(1);
+    EXPECT_EQ(screen, picture(icon, 48).convertToFormat(screen.format()));
+}
+
 TEST(IconSetTest, IconsFollowThePalette) {
     const QPalette before = QApplication::palette();
     const QIcon icon = IconSet::icon(IconName::Open);

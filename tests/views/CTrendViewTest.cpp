@@ -6,6 +6,8 @@
 #include "trend/control/CTrend.h"
 #include "views/chart/CTrendView.h"
 
+#include <QPrinter>
+
 using namespace Qt::StringLiterals;
 
 namespace pellam {
@@ -105,6 +107,18 @@ TEST_F(CTrendViewTest, ACurveThatWasHiddenWhileScalingIsScaledWhenItComesBack) {
     trend().SetCurveVisible(0, 0);
     trend().SetCurveVisible(0, 1);
     EXPECT_EQ(shown(1), "-2.2..77");
+}
+
+TEST_F(CTrendViewTest, ThePrintJobHasTheNameOfTheFile) {
+    activate();
+    m_view.setFileName(u"mast.week 3.dlr"_s);
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    QTimer::singleShot(0, &m_view, [] {
+        if (auto* dialog = QApplication::activeModalWidget()) dialog->close();
+    });
+    m_view.OnFilePrint(printer);
+    EXPECT_EQ(printer.docName(), u"mast.week 3.dlr");
 }
 
 TEST_F(CTrendViewTest, ASingleMomentStandsInAMinute) {
