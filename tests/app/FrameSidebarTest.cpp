@@ -142,7 +142,8 @@ TEST_F(FrameSidebarTest, PreviewTurnsPagesWithinBounds) {
         QCoreApplication::sendEvent(shown, &event);
         return qRound(preview->findChild<PreviewSheet*>()->scale() * 1000);
     };
-    const int before = wheel(120, Qt::NoModifier);
+    const int before = wheel(0, Qt::ControlModifier);
+    EXPECT_EQ(wheel(120, Qt::NoModifier), before);
     const int larger = wheel(120, Qt::ControlModifier);
     EXPECT_EQ(larger, qRound(before * 1.25));
     EXPECT_EQ(wheel(0, Qt::ControlModifier), larger);
