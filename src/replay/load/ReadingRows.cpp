@@ -35,10 +35,18 @@ bool isTimeOfDay(std::string_view text) {
     return colons == 1 || colons == 2;
 }
 
-// Takes the next field that may be a value: fields without characters and statuses are none. What a
-// '<' cuts off behind a status is a value again.
+void trimBlanks(const char*& begin, const char*& end) {
+    while (begin < end && *begin == ' ')
+        ++begin;
+    while (begin < end && end[-1] == ' ')
+        --end;
+}
+
+// Takes the next field that may be a value, without blanks around it: fields without characters
+// and statuses are none. What a '<' cuts off behind a status is a value again.
 bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
     while (fields.next(begin, end)) {
+        trimBlanks(begin, end);
         if (begin == end) continue;
         if (*begin != '$') return true;
         begin = static_cast<const char*>(
@@ -105,15 +113,17 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
     m_previousLine.assign(line);
 }
 
-// The columns behind those that an offset passes over.
+// The columns behind those that an offset passes over; none for an offset before the first.
 ReadingRows::Columns ReadingRows::columnsFrom(Columns columns, std::string_view offset) {
-    std::size_t number = 0;
-    offset.remove_prefix(std::min(offset.find_first_not_of(' '), offset.size()));
-    const char* const end = offset.data() + offset.size();
-    const auto [stop, error] = std::from_chars(offset.data(), end, number);
-    if (error == std::errc::result_out_of_range) return {};
+    const char* begin = offset.data();
+    const char* end = begin + offset.size();
+    trimBlanks(begin, end);
+    if (begin == end) return columns;
+    std::int64_t number = 0;
+    const auto [stop, error] = std::from_chars(begin, end, number);
+    if (error == std::errc::result_out_of_range || number < 0) return {};
     if (error != std::errc() || stop != end) passOver(PassedOver::Cause::UnreadableValue);
-    return columns.subspan(std::min(number, columns.size()));
+    return columns.subspan(std::min(static_cast<std::size_t>(number), columns.size()));
 }
 
 bool ReadingRows::isFree(int column) const {

@@ -73,6 +73,7 @@ LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
         return outcome;
     }
     outcome.loaded = true;
+    outcome.passedOver.addCutLines(file.reader());
     if (file.reader().error()) m_context.messages.show(file.reader().error().text());
     return outcome;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/LineReader.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -48,6 +50,11 @@ class PassedOver {
         Entry& entry = m_entries[static_cast<std::size_t>(cause)];
         if (entry.count == 0) entry.first = place;
         entry.count += count;
+    }
+
+    /// Counts the lines that a reader has cut.
+    void addCutLines(const LineReader& reader) {
+        if (reader.cutLines() > 0) add(Cause::CutLine, reader.firstCutLine(), reader.cutLines());
     }
 
     /// Adds what another part of the load passed over.
