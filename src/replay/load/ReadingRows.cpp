@@ -56,6 +56,13 @@ bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
     return false;
 }
 
+// A field whose value has no blanks before the ';' that ends it.
+FieldParts partsOf(std::string_view field) {
+    FieldParts parts = FieldParts::of(field);
+    parts.value = withoutLineEnd(parts.value, " ");
+    return parts;
+}
+
 // Whether a field's value takes a channel.
 bool isValue(std::string_view value) {
     return ValueText::startsNumber(value) || value.find('"') != std::string_view::npos;
@@ -142,7 +149,7 @@ bool ReadingRows::sharesRow(std::string_view time, Columns columns, FieldScanner
     const char* end;
     while (!columns.empty() && nextValue(fields, begin, end)) {
         const std::string_view field(begin, static_cast<std::size_t>(end - begin));
-        if (!isValue(FieldParts::of(field).value)) continue;
+        if (!isValue(partsOf(field).value)) continue;
         if (!isFree(columns.front())) return false;
         columns = columns.subspan(1);
     }
@@ -187,7 +194,7 @@ void ReadingRows::placeValues(FieldScanner& fields, Columns columns) {
 
 // A field that is not just a number for its column, with what stands behind its value.
 void ReadingRows::placeOther(std::string_view field, bool last, Columns& columns) {
-    const FieldParts parts = FieldParts::of(field);
+    const FieldParts parts = partsOf(field);
     // What stands behind the line's last ';' is its checksum.
     const bool checksum = last && parts.suffix.find(';') == std::string_view::npos;
     if (!parts.suffix.empty() && !checksum) passOver(PassedOver::Cause::UnreadableValue);

@@ -30,7 +30,11 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"reading with unreadable numbers", "readings with unreadable numbers", "in row"},
      {"reading without a time", "readings without a time", "in row"},
      {"reading without a channel", "readings without a channel", "in row"},
-     {"reading without a value, shown as 0", "readings without a value, shown as 0", "in row"}}};
+     {"reading without a value, shown as 0", "readings without a value, shown as 0", "in row"},
+     {"reading replaced by another of its time", "readings replaced by others of their time",
+      "in row"},
+     {"cell without a reading, shown as the one before",
+      "cells without a reading, shown as the ones before", "in row"}}};
 
 } // namespace
 

@@ -35,9 +35,11 @@ class PassedOver {
         UnreadableReading,     ///< a reading's numbers do not fit
         ReadingWithoutTime,    ///< a reading's time is missing or none
         ReadingWithoutChannel, ///< the session lists no channel for a reading
-        ReadingWithoutValue    ///< a reading's value is missing: 0 stands in its place
+        ReadingWithoutValue,   ///< a reading's value is missing: 0 stands in its place
+        ReplacedReading,       ///< another one of its channel and time stands in its place
+        RepeatedValue          ///< a channel has no reading of a time: its value before stands there
     };
-    static constexpr std::size_t kCauses = 20;
+    static constexpr std::size_t kCauses = 22;
 
     struct Entry {
         std::int64_t count = 0;
