@@ -211,7 +211,7 @@ TEST_F(SessionTest, AChannelWithoutAnEntryTakesNoValue) {
                            "D,1,2008/02/25,10:00:04,0.000000,1:B,0,7.,$4294967295l:\n");
     EXPECT_EQ(passedOver, "1 reading with unreadable numbers (in row 5)\n"
                           "3 readings without a channel (first in row 1)\n"
-                          "1 reading replaced by another of its time (in row 7)\n"
+                          "1 reading replaced by another of its time (in row 6)\n"
                           "1 cell without a reading, shown as the one before (in row 3)\n");
     EXPECT_EQ(messages.texts, "");
 }

@@ -48,6 +48,11 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
          "Time|A\n" + time + "|1,5"},
         {"tabs in a .csv", "a.csv", '.', ',', "Time\tA\n" + time + "\t1.5\n",
          "Time|A\n" + time + "|1.5"},
+        {"blanks and tabs in texts", "a.csv", '.', ',',
+         "Time,A,B,C\n" + time + ",-12.65,\"\t ,\t\"\";\",x\n" + time + ".1,x,x,\"\t\ta\"\"b\"\n" +
+             time + ".2,68.67,-44.6,\",;,\"\n" + time + ".3,b\ta,,\"  ,\t\"\n",
+         "Time|A|B|C\n" + time + "|-12.65|\t ,\t\";|x\n" + time + ".1|x|x|\t\ta\"b\n" + time +
+             ".2|68.67|-44.6|,;,\n" + time + ".3|b\ta||  ,\t"},
         {"one column", "a.csv", '.', ',', "Time\n" + time + "\n", "Time\n" + time},
         {"blank lines before the headings", "a.csv", '.', ',',
          "\r\n;;;\r\nTime;A\r\n" + time + ";1,5\r\n", "Time|A\n" + time + "|1.5"},

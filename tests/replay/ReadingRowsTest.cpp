@@ -130,6 +130,8 @@ TEST_F(ReadingRowsTest, PlacesValues) {
         {"prefix", "[12]" + d + "1", t + "|1|||||"},
         {"fraction without leading zero stays as it is", "D,1,2008/02/25,11:00:00,0,1:A,0,1",
          "2008/02/25 11:00:00|1|||||"},
+        {"a fraction without a point is told", "D,1,2008/02/25,11:00:00,488,1:A,0,1",
+         "2008/02/25 11:00:00|1||||| / 1 value that is neither number nor text (in line 1)"},
         {"cut lines make no rows",
          "D\nD,1\nD,1,2008/02/25\nD,1,2008/02/25,11:00:00,0.25\nD,1,2008/02/25,11:00:00,0,,0,1",
          " / 5 lines without time or status (first in line 1)"},

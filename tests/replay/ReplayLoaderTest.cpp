@@ -134,6 +134,8 @@ TEST_F(ReplayLoaderTest, CountsTheLinesThatMakeNoRows) {
               " / 1 repeated line (in line 15) / 1 alarm among readings (in line 13)"
               " / 2 lines of unknown kind (first in line 16)"
               " / 1 line without time or status (in line 19)");
+    EXPECT_EQ(passedOver(load("a.dlr", d + "\n" + kGenerated + d + ",2\n")),
+              " / 1 line of values above the data (in line 1)");
     chooser.take = {0, 1, 2};
     const LoadOutcome cut =
         load("a.dlr", kGenerated + "\n" + d + std::string(2 << 20, ' ') + ",2\n" + d +

@@ -41,7 +41,7 @@ class LayoutBuilder {
 
     TextLayout run() {
         if (m_wishes.dataLine) beginAt(*m_wishes.dataLine);
-        if (m_plain) takePlainTable();
+        if (!m_wishes.any()) takePlainTable();
         m_layout.dialect = m_head.dialect();
         m_layout.decimal = m_settings.decimalSeparator;
         m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
@@ -91,7 +91,7 @@ class LayoutBuilder {
     // Every record up to the last with a time or number in it.
     void takePlainTable() {
         const auto first = plainData(m_head);
-        // The marks of quotation may have been refined: the records are others then.
+        // The separator may be another than the expected one, the marks of quotation refined.
         m_plain = first.has_value();
         if (!m_plain) return;
         m_table = tableFrom(m_head, *first);

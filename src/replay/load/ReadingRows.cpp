@@ -104,6 +104,7 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
     }
     if (status[0] == '3' || status[0] == '4') return passOver(PassedOver::Cause::StatusLine);
 
+    if (m_timeHead.leftOut()) passOver(PassedOver::Cause::UnreadableValue);
     const char letter = status.size() > 2 ? status[2] : '\0';
     Columns columns = m_columns.columnsOf(letter);
     const bool chosen = m_mode == Mode::WholeFile || m_columns.isLoaded(letter);

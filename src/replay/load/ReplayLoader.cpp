@@ -87,6 +87,9 @@ void ReplayLoader::readFacts(CReplayFile& file, LoadOutcome& outcome) const {
     outcome.originatorType = file.GetOriginatorType();
     outcome.description = file.ProgramName();
     outcome.lineCount = file.LineCount();
+    if (file.EarlyLineCount() > 0)
+        outcome.passedOver.add(PassedOver::Cause::EarlyLine, file.FirstEarlyLine(),
+                               file.EarlyLineCount());
 }
 
 std::optional<ColumnMap> ReplayLoader::readLabels(CReplayFile& file, LoadOutcome& outcome) const {

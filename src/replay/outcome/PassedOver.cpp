@@ -21,6 +21,7 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"alarm among readings", "alarms among readings"},
      {"reading among alarms", "readings among alarms"},
      {"line of unknown kind", "lines of unknown kind"},
+     {"line of values above the data", "lines of values above the data"},
      {"line without time or status", "lines without time or status"},
      {"line cut because it is too long", "lines cut because they are too long"},
      {"value without a channel", "values without a channel"},

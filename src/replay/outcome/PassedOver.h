@@ -25,6 +25,7 @@ class PassedOver {
         AlarmLine,           ///< an alarm in a file of readings
         ReadingLine,         ///< a reading in a file of alarms
         UnknownLine,         ///< of no kind that the format knows
+        EarlyLine,           ///< a reading or an alarm above the line that begins the data
         IncompleteLine,      ///< without time or status
         CutLine,             ///< longer than a line may be; the rest of it is left out
         ValueWithoutChannel, ///< no channel of the file is in its place
@@ -37,9 +38,9 @@ class PassedOver {
         ReadingWithoutChannel, ///< the session lists no channel for a reading
         ReadingWithoutValue,   ///< a reading's value is missing: 0 stands in its place
         ReplacedReading,       ///< another one of its channel and time stands in its place
-        RepeatedValue          ///< a channel has no reading of a time: its value before stands there
+        RepeatedValue ///< a channel has no reading of a time: its value before stands there
     };
-    static constexpr std::size_t kCauses = 22;
+    static constexpr std::size_t kCauses = 23;
 
     struct Entry {
         std::int64_t count = 0;
