@@ -17,7 +17,8 @@ class FieldScanner {
   public:
     enum class Quotes {
         Plain, ///< a double quote is a character like any other
-        Group  ///< a field that begins with a double quote runs to its closing one
+        /// A field that begins with a double quote, maybe behind blanks, runs to its closing one.
+        Group
     };
 
     FieldScanner(std::string_view line, char separator, Quotes quotes)
@@ -30,8 +31,12 @@ class FieldScanner {
     /// The next field; false after the last. An empty line has one empty field.
     bool next(const char*& begin, const char*& end) {
         if (m_at > m_end) return false;
-        if (m_quotes == Quotes::Group && m_at < m_end && *m_at == '"')
-            return nextQuoted(begin, end);
+        if (m_quotes == Quotes::Group) {
+            const char* quote = m_at;
+            while (quote < m_end && *quote == ' ' && m_separator != ' ')
+                ++quote;
+            if (quote < m_end && *quote == '"') return nextQuoted(quote, begin, end);
+        }
         while (m_mask == 0)
             enterBlock();
         begin = m_at;
@@ -93,9 +98,9 @@ class FieldScanner {
 
     // A closing quote is one that another does not follow; the field then runs to the separator.
     // Without a closing quote the first one is a character like any other.
-    bool nextQuoted(const char*& begin, const char*& end) {
+    bool nextQuoted(const char* quote, const char*& begin, const char*& end) {
         begin = m_at;
-        const char* close = m_at + 1;
+        const char* close = quote + 1;
         for (;; close += 2) {
             const auto left = static_cast<std::size_t>(m_end - close);
             close = left > 0 ? static_cast<const char*>(std::memchr(close, '"', left)) : nullptr;

@@ -34,10 +34,38 @@ void LineReader::rewind() {
     if (!m_source) return;
     m_source->rewind();
     m_begin = m_end = m_scanned = kSlack;
-    m_atEnd = false;
+    m_line = m_cutLines = m_firstCut = 0;
+    m_atEnd = m_inLine = false;
 }
 
 bool LineReader::next(std::string_view& line) {
+    if (m_inLine) skipRest();
+    if (!nextPiece(line)) return false;
+    ++m_line;
+    m_inLine = isCut(line);
+    return true;
+}
+
+bool LineReader::isCut(std::string_view piece) const {
+    if (piece.size() < kMaximumLine || piece.back() == '\n') return false;
+    return m_ends == LineEnds::LineFeed || piece.back() != '\r';
+}
+
+void LineReader::skipRest() {
+    std::string_view piece;
+    bool lost = false;
+    do {
+        m_inLine = nextPiece(piece);
+        lost = lost || (m_inLine && !withoutLineEnd(piece).empty());
+    } while (m_inLine && isCut(piece));
+    m_inLine = false;
+    if (!lost) return;
+    ++m_cutLines;
+    if (m_firstCut == 0) m_firstCut = m_line;
+}
+
+// The next line, or the next part of one that is longer than a line may be.
+bool LineReader::nextPiece(std::string_view& line) {
     for (;;) {
         const std::size_t end = findLineEnd();
         if (end != 0) {

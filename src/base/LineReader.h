@@ -18,8 +18,9 @@ class TextSource;
 /// bytes come as they stand.
 class LineReader {
   public:
-    /// Longest line served whole; a longer run without a line end comes in pieces of this length.
-    static constexpr std::size_t kMaximumLine = std::size_t{1} << 20;
+    /// Longest line served whole, its line end counted; what a longer one has behind it is left out
+    /// and counted (see cutLines()).
+    static constexpr std::size_t kMaximumLine = std::size_t{64} << 20;
     /// Bytes before and after every line served that may be read (their values mean nothing):
     /// parsers of fields look at whole words.
     static constexpr std::size_t kSlack = 64;
@@ -43,6 +44,13 @@ class LineReader {
     /// Back to the first line.
     void rewind();
 
+    /// Lines that were cut, of those read since the file was opened or rewound. A line counts when
+    /// the next one is asked for.
+    [[nodiscard]] std::int64_t cutLines() const { return m_cutLines; }
+
+    /// Number of the first of them, from 1; 0 while there is none.
+    [[nodiscard]] std::int64_t firstCutLine() const { return m_firstCut; }
+
     /// Bytes of the file that the lines served so far took; equals fileSize() at the end.
     [[nodiscard]] std::int64_t bytesRead() const;
     /// Size of the file in bytes when it was opened.
@@ -53,14 +61,21 @@ class LineReader {
   private:
     void refill();
     std::size_t findLineEnd();
+    bool nextPiece(std::string_view& piece);
+    [[nodiscard]] bool isCut(std::string_view piece) const;
+    void skipRest();
 
     std::unique_ptr<TextSource> m_source;
     std::vector<char> m_buffer;
     std::size_t m_begin = 0;   ///< first byte not served yet
     std::size_t m_end = 0;     ///< end of the bytes in the buffer
     std::size_t m_scanned = 0; ///< no line end lies between m_begin and here
+    std::int64_t m_line = 0;   ///< lines served
+    std::int64_t m_cutLines = 0;
+    std::int64_t m_firstCut = 0;
     LineEnds m_ends = LineEnds::LineFeed;
     bool m_atEnd = false;
+    bool m_inLine = false; ///< the line served last may go on
 };
 
 /// A line without its line end: without all characters of `ends` that it ends in.

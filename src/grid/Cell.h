@@ -18,7 +18,7 @@ using CellBuffer = std::array<char, 48>;
 /// - time: 1 bit fraction separator (0 point, 1 comma), 3 bits fraction digits, 20 bits fraction,
 ///   then second 6, minute 6, hour 5, day 5, month 4, year - 1900 9 bits;
 /// - short: 3 bits length, seven bytes;
-/// - arena: 24 bits length, 35 bits offset.
+/// - arena: 24 bits length (all of them set: see TextArena::kLong), 35 bits offset.
 class Cell {
   public:
     enum class Kind : std::uint8_t {
@@ -75,8 +75,6 @@ class Cell {
     [[nodiscard]] constexpr std::uint64_t mantissa() const { return m_bits >> 11; }
 
     // Texts in the arena.
-    static constexpr std::uint64_t kMaximumArenaLength = (std::uint64_t{1} << 24) - 1;
-
     static constexpr Cell arena(std::uint64_t offset, std::uint64_t length) {
         return {Kind::Arena, offset << 24 | length};
     }
@@ -84,7 +82,7 @@ class Cell {
     [[nodiscard]] constexpr std::uint64_t arenaOffset() const { return payload() >> 24; }
 
     [[nodiscard]] constexpr std::uint64_t arenaLength() const {
-        return payload() & kMaximumArenaLength;
+        return payload() & ((std::uint64_t{1} << 24) - 1);
     }
 
   private:

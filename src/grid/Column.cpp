@@ -89,11 +89,11 @@ Cell Column::packText(std::string_view text) {
         std::memcpy(&bytes, text.data(), text.size());
         return {Cell::Kind::Short, bytes << 3 | text.size()};
     }
-    text = text.substr(0, Cell::kMaximumArenaLength);
     TextArena& texts = m_storage->texts;
     if (m_lastText.isEmpty() ||
         texts.at(m_lastText.arenaOffset(), m_lastText.arenaLength()) != text) {
-        m_lastText = Cell::arena(texts.add(text), text.size());
+        m_lastText =
+            Cell::arena(texts.add(text), std::min<std::uint64_t>(text.size(), TextArena::kLong));
     }
     return m_lastText;
 }

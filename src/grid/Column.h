@@ -69,7 +69,7 @@ class Column {
     void numbers(Row first, std::span<double> out) const;
 
     /// Packs a text of this column, in black. Texts that no packed form keeps character for
-    /// character are copied to the arena; a text longer than 16 MiB is cut there.
+    /// character are copied to the arena.
     [[nodiscard]] Cell pack(std::string_view text);
 
     /// Cells of the chunk that holds `row`, made when missing: index them with row % kChunkRows.

@@ -21,6 +21,8 @@ namespace pellam {
 class GridData {
   public:
     static constexpr int kInitialColumns = 800;
+    /// No file gets more columns: what has more separators than that in a line is no table.
+    static constexpr int kMaximumColumns = 100'000;
     static constexpr int kMinimumColumns = 16;
     static constexpr Row kInitialRows = 32768;
 

@@ -186,6 +186,10 @@ Failure convertTaggedDownload(const std::string& inputPath, const std::string& o
     writer.heading(withoutIndent(head[5]));
     writeRows(reader, clock, writer);
     if (Failure failure = output.commit()) return failure;
+    if (reader.cutLines() > 0 && !reader.error()) {
+        return {Failure::Kind::Read, inputPath, -1,
+                "line " + std::to_string(reader.firstCutLine()) + " is too long and was cut"};
+    }
     return reader.error();
 }
 

@@ -24,6 +24,7 @@ TEST(FieldScanner, TakesLinesApart) {
         {"quotes as characters", "a,\"b,c\",d", FieldScanner::Quotes::Plain, "[a][\"b][c\"][d]"},
         {"doubled quotes", "\"5\"\" pipe, red\",x", FieldScanner::Quotes::Group,
          "[\"5\"\" pipe, red\"][x]"},
+        {"blanks before a quote", "  \"a,b\" , x", FieldScanner::Quotes::Group, "[  \"a,b\" ][ x]"},
         {"text behind the closing quote", "\"a\";1A,b", FieldScanner::Quotes::Group,
          "[\"a\";1A][b]"},
         {"no closing quote", "\"a,b", FieldScanner::Quotes::Group, "[\"a][b]"},

@@ -67,17 +67,36 @@ TEST_F(LineReaderTest, ServesLinesOfEveryEncodingAndLineEnd) {
     }
 }
 
-TEST_F(LineReaderTest, ALongRunWithoutLineEndComesInPieces) {
+TEST_F(LineReaderTest, CutsAndCountsLinesBeyondTheLimit) {
     const std::size_t limit = LineReader::kMaximumLine;
-    LineReader reader;
-    std::string bytes(limit + 5, 'x');
-    bytes += "\nyyyyyyyyy";
-    ASSERT_FALSE(reader.open(m_folder.write("file.txt", bytes)));
-    std::string_view line;
-    std::string lengths;
-    while (reader.next(line))
-        lengths += std::to_string(line.size()) + " ";
-    EXPECT_EQ(lengths, std::to_string(limit) + " 6 9 ");
+    const std::string most = std::to_string(limit);
+    using Ends = LineReader::LineEnds;
+    const Table<const char*, std::string, Ends, std::string> cases = {
+        {"whole", std::string(limit - 2, 'x') + "\r\ny\n", Ends::LineFeed, most + " 2 / 0 0"},
+        {"its line end alone beyond", std::string(limit, 'x') + "\r\ny", Ends::AnyReturn,
+         most + " 1 / 0 0"},
+        {"at the end of the file", "a\n" + std::string(limit, 'x'), Ends::LineFeed,
+         "2 " + most + " / 0 0"},
+        {"one byte more", "a\n" + std::string(limit + 1, 'x') + "\ny\n", Ends::LineFeed,
+         "2 " + most + " 2 / 1 2"},
+        {"twice, up to a return",
+         std::string(limit * 2 + 5, 'x') + '\r' + std::string(limit, 'y') + "z", Ends::AnyReturn,
+         most + " " + most + " / 2 1"},
+    };
+    for (const auto& [name, bytes, ends, expected] : cases) {
+        LineReader reader;
+        ASSERT_FALSE(reader.open(m_folder.write("file.txt", bytes), ends)) << name;
+        for (int pass = 0; pass < 2; ++pass, reader.rewind()) {
+            std::string_view line;
+            std::string lengths;
+            while (reader.next(line))
+                lengths += std::to_string(line.size()) + " ";
+            lengths += "/ " + std::to_string(reader.cutLines()) + " " +
+                       std::to_string(reader.firstCutLine());
+            EXPECT_EQ(lengths, expected) << name;
+            EXPECT_EQ(reader.bytesRead(), reader.fileSize()) << name;
+        }
+    }
 }
 
 TEST_F(LineReaderTest, LinesAcrossBlocksStayWhole) {

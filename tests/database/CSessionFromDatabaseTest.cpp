@@ -203,13 +203,16 @@ TEST_F(SessionTest, AChannelWithoutAnEntryTakesNoValue) {
                               "1|2008-02-25 10:00:01|0|B|7|none|3|0|S|J\n"
                               "1|2008-02-25 10:00:02|0|*|0|star|4|0|S|J\n"
                               "1|2008-02-25 10:00:03|0|B|1|kept|5|5000000000|S|J\n"
-                              "1|2008-02-25 10:00:04|0|B|1|kept|6|4294967295|S|J\n"));
+                              "1|2008-02-25 10:00:04|0|B|1|kept|6|4294967295|S|J\n"
+                              "1|2008-02-25 10:00:04|0|B|1|kept|7|4294967295|S|J\n"));
     EXPECT_EQ(lines(kRun), "D,1,2008/02/25,10:00:00,0.000000,1:B,0,2.,$0l:\n"
                            "D,1,2008/02/25,10:00:01,0.000000,1:B,0,2.,$0l:\n"
                            "D,1,2008/02/25,10:00:02,0.000000,1:*,0:\n"
-                           "D,1,2008/02/25,10:00:04,0.000000,1:B,0,6.,$4294967295l:\n");
+                           "D,1,2008/02/25,10:00:04,0.000000,1:B,0,7.,$4294967295l:\n");
     EXPECT_EQ(passedOver, "1 reading with unreadable numbers (in row 5)\n"
-                          "3 readings without a channel (first in row 1)\n");
+                          "3 readings without a channel (first in row 1)\n"
+                          "1 reading replaced by another of its time (in row 6)\n"
+                          "1 cell without a reading, shown as the one before (in row 3)\n");
     EXPECT_EQ(messages.texts, "");
 }
 

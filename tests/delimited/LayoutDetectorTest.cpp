@@ -147,6 +147,7 @@ TEST(LayoutDetectorTest, TakesAPlainFileAsItStands) {
         {"note", "Time,T\n2021-03-09 09:00:00,1\n*** restart ***\n" + rows},
         {"last text", "Time,T\n" + rows + "invalid,7.5\n"},
         {"states", "Time,State\n2021-03-09 09:00:00,on\n2021-03-09 09:01:00,off\n"},
+        {"longer rows", "Time,T\n2021-03-09 09:00:00,1,2\n" + rows + "2021-03-09 11:00:00,,,3\n"},
         {"halves of the day", "Time,Dir\n01/02/2020 01:00:00 AM,N\n01/02/2020 02:00:00 AM,E\n"},
     };
     for (const auto& [name, text] : files) {
@@ -155,6 +156,10 @@ TEST(LayoutDetectorTest, TakesAPlainFileAsItStands) {
         EXPECT_EQ(layout.firstDataLine, 2) << name;
         EXPECT_EQ(layout.footerLines, 0) << name;
     }
+    std::string other = "Time;T;N\n2021-03-09 09:00:00;;on\n";
+    for (int i = 10; i < 20; ++i)
+        other += "2021-03-09 10:" + std::to_string(i) + ":00;" + (i % 3 ? "1,5;7\n" : ";\"a b\"\n");
+    EXPECT_EQ(brief(detect(other)), "semicolon , 1 0 2 [1] yyyy-MM-dd HH:mm:ss");
     const TextLayout padded = detect("\"Time\", \"a\"\n\"2020-01-01 00:00:00\", \"x, 1\"\n"
                                      "\"2020-01-01 01:00:00\", \"x, 2\"\n");
     EXPECT_TRUE(padded.dialect.blanks);

@@ -1,6 +1,7 @@
 #include "logger/TaggedDownload.h"
 #include "ScratchFolder.h"
 #include "ZoneScope.h"
+#include "base/LineReader.h"
 
 #include <filesystem>
 #include <sstream>
@@ -107,6 +108,17 @@ TEST(TaggedDownload, ReplacesNoFileAndUsesItsOwnAgain) {
         EXPECT_EQ(folder.read("site.csv"), "mine");
         EXPECT_EQ(folder.list(), "site (2).csv site.csv site.txt");
     }
+}
+
+TEST(TaggedDownload, TellsOfALineThatWasCut) {
+    const ScratchFolder folder;
+    const std::string path = folder.write(
+        "site.txt", download("09/01/01 00:00:00", "1",
+                             '>' + std::string(LineReader::kMaximumLine, '1') + "\n>2\n"));
+    std::string output;
+    const Failure failure = convertTaggedDownloadBeside(path, output);
+    EXPECT_NE(failure.text().find("line 8 is too long"), std::string::npos) << failure.text();
+    EXPECT_TRUE(folder.read("site.csv").ends_with("\r\n2009/01/02 00:00:00,2\r\n"));
 }
 
 TEST(TaggedDownload, NeverNamesItsInput) {

@@ -1,4 +1,5 @@
 #include "LoadHarness.h"
+#include "delimited/layout/LayoutText.h"
 
 namespace pellam {
 namespace {
@@ -47,6 +48,11 @@ TEST_F(DelimitedLoaderTest, ReadsEveryFormOfDelimitedText) {
          "Time|A\n" + time + "|1,5"},
         {"tabs in a .csv", "a.csv", '.', ',', "Time\tA\n" + time + "\t1.5\n",
          "Time|A\n" + time + "|1.5"},
+        {"blanks and tabs in texts", "a.csv", '.', ',',
+         "Time,A,B,C\n" + time + ",-12.65,\"\t ,\t\"\";\",x\n" + time + ".1,x,x,\"\t\ta\"\"b\"\n" +
+             time + ".2,68.67,-44.6,\",;,\"\n" + time + ".3,b\ta,,\"  ,\t\"\n",
+         "Time|A|B|C\n" + time + "|-12.65|\t ,\t\";|x\n" + time + ".1|x|x|\t\ta\"b\n" + time +
+             ".2|68.67|-44.6|,;,\n" + time + ".3|b\ta||  ,\t"},
         {"one column", "a.csv", '.', ',', "Time\n" + time + "\n", "Time\n" + time},
         {"blank lines before the headings", "a.csv", '.', ',',
          "\r\n;;;\r\nTime;A\r\n" + time + ";1,5\r\n", "Time|A\n" + time + "|1.5"},
@@ -107,6 +113,55 @@ TEST_F(DelimitedLoaderTest, FollowsLayoutsThatAreNotPlain) {
     load("parts.csv", "Year,Month,Day,A\n2008,2,25,1\n2008,2,26,2\n");
     EXPECT_TRUE(grid->column(1).charted());
     EXPECT_FALSE(grid->column(2).charted());
+}
+
+TEST_F(DelimitedLoaderTest, TellsDecimalPointsFromThoseThatGroupThousands) {
+    useSeparators(',', ';');
+    const std::string time = "2008/02/25 11:00:00;";
+    std::string far; // of more than both ends of the file
+    for (int i = 0; i < 9000; ++i)
+        far += "2008/02/25 11:00:00," + std::to_string(100000 + i) + ";1.234\n";
+    const Table<const char*, std::string, std::string, std::string> cases = {
+        {"user's own", time + "1.234,50\n" + time + "2.345\n", "1234,5 2345", ""},
+        {"all group", time + "1.234\n" + time + "12.750\n" + time + "950\n", "1234 12750 950",
+         "points group thousands"},
+        {"quoted", time + "\"1.234\"\n" + time + "\"12.750\"\n", "1234 12750",
+         "points group thousands"},
+        {"twice", time + "1.234.567\n" + time + "12.750\n", "1234567 12750", ""},
+        {"one begins with 0", time + "0.123\n" + time + "233.062\n", "0,123 233,062",
+         "decimal point"},
+        {"one has two decimals", time + "236.04\n" + time + "233.062\n", "236,04 233,062",
+         "decimal point"},
+        {"one has an exponent", time + "-9.00000E9\n" + time + "233.062\n", "-9,00000E9 233,062",
+         "decimal point"},
+        {"quoted decimals", time + "\"236.04\"\n" + time + "\"233.062\"\n", "236,04 233,062",
+         "decimal point"},
+        {"one long number has none", time + "1500\n" + time + "1.250\n", "1500 1,25",
+         "decimal point"},
+        {"both marks", time + "12,5\n" + time + "13,5\n" + time + "233.062\n" + time + "236.04\n",
+         "12,5 13,5 233,062 236,04", "decimal comma, points and commas as decimal marks"},
+        {"told by the end of the file", far + time + "236.04\n", "1,234", "decimal point"},
+    };
+    for (const auto& [name, rows, expected, note] : cases) {
+        for (const char separator : {';', '\t'}) {
+            std::string bytes = "Time;A\n" + rows;
+            std::replace(bytes.begin(), bytes.end(), ';', separator);
+            const LoadOutcome outcome = load(separator == ';' ? "a.csv" : "a.txt", bytes);
+            std::string shown = cell(1, 0);
+            for (Row row = 1; row < grid->rowCount() && row < 5; ++row)
+                shown += ' ' + cell(1, row);
+            EXPECT_EQ(shown.substr(0, expected.size()), expected) << name;
+            const std::string by = separator == ';' ? "semicolon, " : "tab, ";
+            EXPECT_EQ(layoutSummary(outcome.layout),
+                      note.empty() ? note : "Separated by " + by + note)
+                << name;
+        }
+    }
+    load("a.csv", "Time,A\n2008/02/25 11:00:00,1.234\n2008/02/25 11:00:01,12.750\n");
+    EXPECT_EQ(cell(1, 0) + ' ' + cell(1, 1), "1,234 12,75");
+    useSeparators('.', ',');
+    load("a.csv", "Time,A,B\n2008/02/25 11:00:00,\"1,234\",1.5\n");
+    EXPECT_EQ(cell(1, 0) + ' ' + cell(2, 0), "1,234 1.5");
 }
 
 TEST_F(DelimitedLoaderTest, SaysWhatIsNoTable) {
@@ -200,6 +255,22 @@ TEST_F(DelimitedLoaderTest, FiveThousandColumnsAndLongLines) {
     load("wide.csv", head + "\n" + row + "\n");
     EXPECT_EQ(grid->channelCount(), 5000);
     EXPECT_EQ(cell(5000, 0), "5000");
+
+    const std::string time = "2008/02/25 11:00:00,";
+    const std::string text(std::size_t{20} << 20, 'x');
+    const std::string most(LineReader::kMaximumLine, 'y');
+    LoadOutcome outcome =
+        load("a.csv", "Time,A,B\n" + time + text + ",1\n" + time + most + "\n" + time + "2,3\n");
+    EXPECT_EQ(grid->rowCount(), 3);
+    EXPECT_TRUE(cell(1, 0) == text && cell(2, 0) == "1" && cell(2, 2) == "3");
+    EXPECT_EQ(cell(1, 1).size(), most.size() - time.size());
+    EXPECT_EQ(outcome.passedOver.texts(),
+              std::vector<std::string>{"1 line cut because it is too long (in line 3)"});
+
+    outcome = load("b.csv", "Time,A\n" + time + "1\n" + time + std::string(200'000, ',') + "7,8\n");
+    EXPECT_LE(grid->columnCount(), GridData::kMaximumColumns);
+    EXPECT_EQ(outcome.passedOver.texts(),
+              std::vector<std::string>{"2 values without a channel (first in line 3)"});
 }
 
 } // namespace

@@ -134,6 +134,15 @@ TEST_F(ReplayLoaderTest, CountsTheLinesThatMakeNoRows) {
               " / 1 repeated line (in line 15) / 1 alarm among readings (in line 13)"
               " / 2 lines of unknown kind (first in line 16)"
               " / 1 line without time or status (in line 19)");
+    EXPECT_EQ(passedOver(load("a.dlr", d + "\n" + kGenerated + d + ",2\n")),
+              " / 1 line of values above the data (in line 1)");
+    chooser.take = {0, 1, 2};
+    const LoadOutcome cut =
+        load("a.dlr", kGenerated + "\n" + d + std::string(2 << 20, ' ') + ",2\n" + d +
+                          std::string(LineReader::kMaximumLine, ',') + "5\n");
+    EXPECT_EQ(cut.rows, 2);
+    EXPECT_EQ(cell(1, 0) + ' ' + cell(2, 0), "00:00:01 00:00:02");
+    EXPECT_EQ(passedOver(cut), " / 1 line cut because it is too long (in line 13)");
 }
 
 TEST_F(ReplayLoaderTest, ALargeFileLoadsTheChosenChannelsInFileOrder) {

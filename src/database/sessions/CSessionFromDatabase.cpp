@@ -185,6 +185,7 @@ void CSessionFromDatabase::ConstructData() {
     row.m_strFilter = readingFilter(m_request, m_rules);
     row.m_strSort = "data_time ASC,sub_time ASC,schedule ASC,schedule_index ASC";
     m_linePending = false;
+    m_lineNumber = 0;
     m_lineTime = CTime::now();
     m_lineSubTime = 0;
     m_lineSchedule.clear();
@@ -217,6 +218,7 @@ void CSessionFromDatabase::takeReading(const CDBDataData3& row, std::int64_t num
         row.m_schedule != m_lineSchedule) {
         if (m_linePending) BuildActiveLine(m_lineSchedule, m_line);
         startLine(row);
+        m_lineRow = number;
     }
     if (!m_linePending) return;
     const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.front();
@@ -224,6 +226,8 @@ void CSessionFromDatabase::takeReading(const CDBDataData3& row, std::int64_t num
     if (!channel || !channel->hasEntry)
         return m_passedOver.add(Cause::ReadingWithoutChannel, number);
     if (!row.m_data_value) m_passedOver.add(Cause::ReadingWithoutValue, number);
+    if (channel->line == m_lineNumber) m_passedOver.add(Cause::ReplacedReading, number);
+    channel->line = m_lineNumber;
     channel->value = row.m_data_value.value_or(0);
     channel->status = row.m_data_status;
 }
@@ -235,12 +239,16 @@ void CSessionFromDatabase::startLine(const CDBDataData3& row) {
     m_line.clear();
     appendLineHead({row.m_address, row.m_data_time, row.m_sub_time, row.m_schedule}, m_line);
     m_linePending = true;
+    ++m_lineNumber;
 }
 
 void CSessionFromDatabase::BuildActiveLine(const std::string& schedule, std::string& line) {
     const char letter = schedule.empty() ? '\0' : schedule.front();
-    for (const Session_Channel_Info& channel : slotOf(letter).channels())
-        if (channel.hasEntry) appendValue(channel, line);
+    for (const Session_Channel_Info& channel : slotOf(letter).channels()) {
+        if (!channel.hasEntry) continue;
+        appendValue(channel, line);
+        if (channel.line != m_lineNumber) m_passedOver.add(Cause::RepeatedValue, m_lineRow);
+    }
     line += ":\n";
     m_hasLines = true;
     WriteToFile(line);

@@ -121,6 +121,8 @@ class CSessionFromDatabase {
 
     // The line that is being made, and the reading that it began with.
     std::string m_line;
+    std::int64_t m_lineNumber = 0; ///< lines begun
+    std::int64_t m_lineRow = 0;    ///< of the query
     bool m_linePending = false;
     bool m_hasLines = false; ///< one was written
     CTime m_lineTime;

@@ -15,6 +15,7 @@ struct Session_Channel_Info {
     std::string label;
     double value = 0.0;
     std::int32_t status = 4;
+    std::int64_t line = 0; ///< number of the data line that has its latest reading
     bool hasEntry = false; ///< stands in the status line; without, it takes no value of a data line
 };
 

@@ -2,6 +2,7 @@
 
 #include "base/InternationalSettings.h"
 #include "base/Utf8.h"
+#include "delimited/layout/DecimalMarks.h"
 #include "delimited/layout/HeadingFinder.h"
 #include "delimited/layout/MissingFinder.h"
 #include "delimited/layout/PlainReading.h"
@@ -40,7 +41,7 @@ class LayoutBuilder {
 
     TextLayout run() {
         if (m_wishes.dataLine) beginAt(*m_wishes.dataLine);
-        if (m_plain) takePlainTable();
+        if (!m_wishes.any()) takePlainTable();
         m_layout.dialect = m_head.dialect();
         m_layout.decimal = m_settings.decimalSeparator;
         m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
@@ -90,7 +91,7 @@ class LayoutBuilder {
     // Every record up to the last with a time or number in it.
     void takePlainTable() {
         const auto first = plainData(m_head);
-        // The marks of quotation may have been refined: the records are others then.
+        // The separator may be another than the expected one, the marks of quotation refined.
         m_plain = first.has_value();
         if (!m_plain) return;
         m_table = tableFrom(m_head, *first);
@@ -167,39 +168,21 @@ class LayoutBuilder {
         m_layout.units.resize(std::min(m_layout.units.size(), names.size()));
     }
 
-    // Points that group thousands don't tell.
-    static bool hasPlainPoint(std::string_view text) {
-        const std::size_t point = text.find('.');
-        if (point == std::string_view::npos) return false;
-        const std::size_t start = text[0] == '-' || text[0] == '+' ? 1 : 0;
-        if (text[start] == '0') return true;
-        return text.size() - point != 4 || point - start > 3 || point == start;
-    }
-
     void takeDecimals() {
-        std::size_t commas = 0;
-        std::size_t points = 0;
-        std::size_t doubtful = 0;
-        for (std::size_t i = m_table.first; i < m_table.end; ++i) {
-            for (const SampleField& field : m_head.fields(i)) {
-                if (field.kind == FieldKind::Comma) {
-                    ++commas;
-                } else if (field.kind == FieldKind::Number) {
-                    const bool point = field.text.find('.') != std::string_view::npos;
-                    points += point && hasPlainPoint(field.text);
-                    doubtful += point && !hasPlainPoint(field.text);
-                }
-            }
+        DecimalMarks marks;
+        for (std::size_t i = m_table.first; i < m_table.end; ++i)
+            marks.add(m_head.fields(i));
+        for (std::size_t i = 0; i < m_tail.size(); ++i) {
+            if (isData(m_tail, i)) marks.add(m_tail.fields(i));
         }
-        m_decimals = commas + points + doubtful > 0;
-        if (commas > 0 && commas >= points) {
-            m_layout.decimal = ',';
-        } else if (points + doubtful > 0 || m_layout.dialect.separator != m_expected ||
-                   m_layout.dialect.separator == m_layout.decimal) {
-            m_layout.decimal = '.';
-        }
-        m_layout.mixedDecimals = commas > 0 && points > 0;
-        m_layout.decimal = m_wishes.decimal.value_or(m_layout.decimal);
+        const DecimalMarks::Choice choice =
+            marks.choose(m_layout.dialect.separator, m_expected, m_settings.decimalSeparator);
+        m_layout.decimal = m_wishes.decimal.value_or(choice.mark);
+        const bool comma = m_layout.decimal == ',';
+        m_layout.mixedDecimals = choice.points && (choice.commas || comma);
+        m_layout.groupingPoints = comma && choice.groupPoints && !choice.points && !choice.commas;
+        m_layout.otherDecimal = m_layout.decimal != m_settings.decimalSeparator &&
+                                (choice.commas || choice.points || choice.groupPoints);
     }
 
     [[nodiscard]] std::vector<std::string> namesWithUnits() const {
@@ -307,7 +290,8 @@ class LayoutBuilder {
                            layout.comment.empty() &&
                            (layout.names.empty() || m_kindsUsed <= layout.names.size());
         return top && timeFirst && whole && !layout.timeParts && !layout.mixedDecimals &&
-               layout.dialect == plainDialect() && layout.decimal == m_settings.decimalSeparator;
+               !layout.groupingPoints && layout.dialect == plainDialect() &&
+               layout.decimal == m_settings.decimalSeparator;
     }
 
     // "2008/02/25 12:00:00": what the plain reading takes for a row.
@@ -328,7 +312,6 @@ class LayoutBuilder {
     SampleTable m_table;
     TextLayout m_layout;
     std::size_t m_kindsUsed = 0; ///< columns up to the last that is not empty throughout
-    bool m_decimals = false;     ///< numbers with a decimal mark occur
 };
 
 } // namespace

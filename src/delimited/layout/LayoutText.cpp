@@ -70,7 +70,13 @@ std::string layoutSummary(const TextLayout& layout) {
         parts.push_back("separated by " + separatorName(layout.dialect.separator));
     if (layout.unitsLine > 0)
         parts.push_back("units from line " + std::to_string(layout.unitsLine));
-    if (layout.decimal == ',') parts.emplace_back("decimal comma");
+    if (layout.groupingPoints) {
+        parts.emplace_back("points group thousands");
+    } else if (layout.decimal == ',') {
+        parts.emplace_back("decimal comma");
+    } else if (layout.otherDecimal) {
+        parts.emplace_back("decimal point");
+    }
     if (layout.mixedDecimals) parts.emplace_back("points and commas as decimal marks");
     if (layout.changedFieldsLine > 0)
         parts.push_back("another number of fields from line " +

@@ -30,12 +30,6 @@ bool isTimeAlone(const SampleRecords& records, std::size_t index) {
                         [](const auto& field) { return field.kind == FieldKind::Time; });
 }
 
-bool isPadded(const SampleRecords& records, std::size_t index) {
-    const auto fields = records.fields(index);
-    return std::any_of(fields.begin(), fields.end(),
-                       [](const auto& field) { return field.padded; });
-}
-
 } // namespace
 
 std::optional<std::size_t> plainData(const SampleRecords& records) {
@@ -48,16 +42,22 @@ std::optional<std::size_t> plainData(const SampleRecords& records) {
     const std::size_t fields = records[usual < records.size() ? usual : first].fields;
     std::size_t count = 0;
     std::size_t odd = 0;
+    std::size_t ragged = 0;
     for (std::size_t i = first; i < records.size(); ++i) {
         if (records[i].blank) continue;
         ++count;
-        const bool fits = records[i].used <= records[headings].used && isTimeAlone(records, i) &&
-                          records[i].fields == fields;
-        odd += !fits;
-        if (isPadded(records, i)) return std::nullopt;
+        const bool fits = records[i].used <= records[headings].used && records[i].fields == fields;
+        if (!isTimeAlone(records, i)) {
+            ++odd;
+        } else if (!fits) {
+            ++ragged;
+        }
     }
-    // Few enough to be accidents; two of a short file are.
-    const bool plain = odd <= std::max<std::size_t>(count / 10, count >= 4 ? 1 : 0);
+    // Few enough to be accidents; one of a short file is. Rows that begin with their time belong to
+    // the table, whatever they end in.
+    const std::size_t accident = count >= 4 ? 1 : 0;
+    const bool plain =
+        odd <= std::max(count / 10, accident) && odd + ragged <= std::max(count / 4, accident);
     return plain ? std::optional(first) : std::nullopt;
 }
 

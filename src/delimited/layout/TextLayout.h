@@ -20,6 +20,10 @@ struct TextLayout {
     Dialect dialect;
     char decimal = '.';
     bool mixedDecimals = false; ///< both decimal marks occur
+    bool otherDecimal = false;  ///< numbers have a decimal mark that is not the user's
+    /// No number has a decimal mark, and the points in them group thousands: nothing in the file
+    /// says that they are decimal ones.
+    bool groupingPoints = false;
 
     std::int64_t headingsLine = 0;  ///< first line of headings; 0 where there are none
     int headingLines = 0;           ///< how many of them make the names

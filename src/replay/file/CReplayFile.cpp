@@ -90,9 +90,16 @@ std::int32_t CReplayFile::SeekToStartOfData() {
     SeekToBegin();
     DataStart start;
     std::string_view line;
-    while (!start.found() && m_reader->next(line))
+    m_earlyLineCount = m_firstEarlyLine = 0;
+    for (std::int32_t number = 1; !start.found() && m_reader->next(line); ++number) {
         start.addLine(line);
-    if (!start.found()) SeekToBegin();
+        if (!line.starts_with("D,") && !line.starts_with("A,")) continue;
+        if (m_earlyLineCount++ == 0) m_firstEarlyLine = number;
+    }
+    if (!start.found()) {
+        SeekToBegin();
+        m_earlyLineCount = m_firstEarlyLine = 0;
+    }
     m_headerLineCount = start.headerLines();
     return m_headerLineCount;
 }

@@ -61,6 +61,12 @@ class CReplayFile {
 
     [[nodiscard]] std::int32_t HeaderLineCount() const { return m_headerLineCount; }
 
+    /// Readings and alarms among the header lines, which no loader reads.
+    [[nodiscard]] std::int32_t EarlyLineCount() const { return m_earlyLineCount; }
+
+    /// The number of the first of them, from 1; 0 while there is none.
+    [[nodiscard]] std::int32_t FirstEarlyLine() const { return m_firstEarlyLine; }
+
     [[nodiscard]] int CryptState() const { return m_cryptState; }
 
     /// The data map line without its line end.
@@ -101,6 +107,8 @@ class CReplayFile {
     std::int32_t m_lineCount = 0;
     std::int32_t m_currentLine = 0;
     std::int32_t m_headerLineCount = 0;
+    std::int32_t m_earlyLineCount = 0;
+    std::int32_t m_firstEarlyLine = 0;
     std::int64_t m_fileSize = 0;
     ScheduleFlags m_schedules;
     std::string m_dataMap;

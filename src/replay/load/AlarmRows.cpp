@@ -46,6 +46,7 @@ void AlarmRows::DisplayAlarmDetails(std::string_view line, std::int64_t number) 
     if (status[0] == '3' || status[0] == '4')
         return m_passedOver.add(PassedOver::Cause::StatusLine, number);
 
+    if (m_timeHead.leftOut()) m_passedOver.add(PassedOver::Cause::UnreadableValue, number);
     // Alarms of one second each keep a row of their own: none may overwrite another.
     m_filler.startRow(m_rows++);
     set(0, time);

@@ -1,6 +1,7 @@
 #include "replay/load/DelimitedColumns.h"
 
 #include <algorithm>
+#include <span>
 
 namespace pellam {
 
@@ -40,8 +41,9 @@ DelimitedColumns::DelimitedColumns(GridData& grid, const TextLayout& layout) : m
 
 DelimitedColumns::DelimitedColumns(GridData& grid, const std::vector<std::string>& labels)
     : m_grid(grid) {
-    grid.setColumnCount(static_cast<int>(labels.size()));
-    for (const std::string& label : labels)
+    const auto count = std::min<std::size_t>(labels.size(), GridData::kMaximumColumns);
+    grid.setColumnCount(static_cast<int>(count));
+    for (const std::string& label : std::span(labels).first(count))
         m_columns.push_back(addColumn(label, true));
 }
 

@@ -114,6 +114,7 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
     m_context.grid.setRowCount(rows.rows());
     outcome.aborted = counter.aborted();
     outcome.passedOver = rows.passedOver();
+    outcome.passedOver.addCutLines(reader);
     if (m_layout.footerLines > 0 && !outcome.aborted)
         outcome.passedOver.add(PassedOver::Cause::FooterLine, records.line(), m_layout.footerLines);
 }

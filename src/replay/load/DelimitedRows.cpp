@@ -71,6 +71,7 @@ std::optional<PassedOver::Cause> DelimitedRows::passedOverFor(std::string_view r
 
 void DelimitedRows::DisplayDelimDetails(std::string_view record, std::int64_t line) {
     if (const auto cause = passedOverFor(record)) return m_passedOver.add(*cause, line);
+    m_line = line;
     m_previous.assign(record);
     m_filler.startRow(m_rows++);
     if (m_simple && m_columns.isPlain()) {
@@ -80,8 +81,12 @@ void DelimitedRows::DisplayDelimDetails(std::string_view record, std::int64_t li
     }
 }
 
-// A column for a field behind those of the headings.
+// A column for a field behind those of the headings; kNone where the grid takes no more.
 int DelimitedRows::columnFor(std::size_t field) {
+    if (field >= GridData::kMaximumColumns) {
+        m_passedOver.add(PassedOver::Cause::ValueWithoutChannel, m_line);
+        return DelimitedColumns::kNone;
+    }
     if (field >= m_columns.fields() || m_columns.ofField(field) == DelimitedColumns::kNone) {
         m_columns.add(field);
         m_filler.columnsAdded();
@@ -107,6 +112,7 @@ void DelimitedRows::placePlain(std::string_view record) {
     for (; scanner.next(begin, end); ++column) {
         if (begin == end) continue;
         const int added = columnFor(static_cast<std::size_t>(column));
+        if (added == DelimitedColumns::kNone) continue;
         const std::string_view text(begin, static_cast<std::size_t>(end - begin));
         m_filler.set(added, textCell(text, added).withColour(m_colour));
     }
@@ -116,16 +122,22 @@ Cell DelimitedRows::textCell(std::string_view field, int index) {
     Column& column = m_context.grid.column(index);
     Cell cell;
     if (TimeCell::pack(field, cell)) return cell;
-    if (index > 0 && ValueText::startsNumber(field))
-        return ValueText::fromSeparator(field, m_layout.decimal, column);
+    if (index > 0 && ValueText::startsNumber(field)) return numberCell(field, column);
     const Dialect& dialect = m_layout.dialect;
     if (field.size() < 2 || field.front() != dialect.quote || field.back() != dialect.quote)
         return column.pack(field);
     // A number that a comma of its own made someone quote.
     const std::string text = withoutEscapes(field.substr(1, field.size() - 2), dialect);
-    if (index > 0 && m_layout.decimal != column.decimalSeparator() && ValueText::startsNumber(text))
-        return ValueText::fromSeparator(text, m_layout.decimal, column);
+    const bool other = m_layout.decimal != column.decimalSeparator() ||
+                       (m_layout.decimal == ',' && text.find('.') != std::string::npos);
+    if (index > 0 && other && ValueText::startsNumber(text)) return numberCell(text, column);
     return column.pack(text);
+}
+
+// Where a file has both decimal marks, the only one of a number is its own.
+Cell DelimitedRows::numberCell(std::string_view number, Column& column) {
+    const bool point = m_layout.mixedDecimals && number.find(',') == std::string_view::npos;
+    return ValueText::fromSeparator(number, point ? '.' : m_layout.decimal, column);
 }
 
 void DelimitedRows::placeAny(std::string_view record) {
@@ -144,6 +156,7 @@ void DelimitedRows::placeAny(std::string_view record) {
 
 void DelimitedRows::placeField(std::size_t field, std::string_view text, bool quoted) {
     const int index = columnFor(field);
+    if (index == DelimitedColumns::kNone) return;
     Column& column = m_context.grid.column(index);
     const char* const begin = text.data();
     Cell cell;
@@ -151,7 +164,7 @@ void DelimitedRows::placeField(std::size_t field, std::string_view text, bool qu
                            cell) &&
         !TimeCell::pack(text, cell)) {
         if (ValueText::startsNumber(text)) {
-            cell = ValueText::fromSeparator(text, m_layout.decimal, column);
+            cell = numberCell(text, column);
         } else {
             cell = quoted ? column.pack(withoutEscapes(text, m_layout.dialect)) : column.pack(text);
         }

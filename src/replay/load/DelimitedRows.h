@@ -38,6 +38,7 @@ class DelimitedRows {
     void placeTime();
     [[nodiscard]] int columnFor(std::size_t field);
     Cell textCell(std::string_view field, int column);
+    Cell numberCell(std::string_view number, Column& column);
 
     const LoadContext& m_context;
     const TextLayout& m_layout;
@@ -48,6 +49,7 @@ class DelimitedRows {
     std::vector<std::string_view> m_timeTexts; ///< of the record at hand
     std::string m_previous;
     PassedOver m_passedOver;
+    std::int64_t m_line = 0; ///< first line of the record at hand
     Row m_rows = 0;
     CellColour m_colour;
     bool m_simple; ///< FieldScanner knows the dialect

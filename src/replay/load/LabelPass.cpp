@@ -28,12 +28,14 @@ ColumnKind LabelPass::kindOf(std::string_view label, bool extremes) {
 ColumnMap LabelPass::DisplayLabels(const std::vector<std::string>& labels) {
     ColumnMap columns;
     // Room for all at once: the grid holds more columns than this only where a map has few.
-    m_grid.setColumnCount(static_cast<int>(labels.size()) + 1);
+    m_grid.setColumnCount(
+        static_cast<int>(std::min<std::size_t>(labels.size() + 1, GridData::kMaximumColumns)));
     addHeading("Time");
     char previous = '.';
     std::size_t number = 0;
     for (const std::string& label : labels) {
         if (label.empty() || isNotLogged(label)) continue;
+        if (m_column == GridData::kMaximumColumns) break;
         if (label[0] != previous) {
             previous = label[0];
             number = 0;

@@ -35,10 +35,18 @@ bool isTimeOfDay(std::string_view text) {
     return colons == 1 || colons == 2;
 }
 
-// Takes the next field that may be a value: fields without characters and statuses are none. What a
-// '<' cuts off behind a status is a value again.
+void trimBlanks(const char*& begin, const char*& end) {
+    while (begin < end && *begin == ' ')
+        ++begin;
+    while (begin < end && end[-1] == ' ')
+        --end;
+}
+
+// Takes the next field that may be a value, without blanks around it: fields without characters
+// and statuses are none. What a '<' cuts off behind a status is a value again.
 bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
     while (fields.next(begin, end)) {
+        trimBlanks(begin, end);
         if (begin == end) continue;
         if (*begin != '$') return true;
         begin = static_cast<const char*>(
@@ -46,6 +54,13 @@ bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
         if (begin && ++begin < end) return true;
     }
     return false;
+}
+
+// A field whose value has no blanks before the ';' that ends it.
+FieldParts partsOf(std::string_view field) {
+    FieldParts parts = FieldParts::of(field);
+    parts.value = withoutLineEnd(parts.value, " ");
+    return parts;
 }
 
 // Whether a field's value takes a channel.
@@ -89,6 +104,7 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
     }
     if (status[0] == '3' || status[0] == '4') return passOver(PassedOver::Cause::StatusLine);
 
+    if (m_timeHead.leftOut()) passOver(PassedOver::Cause::UnreadableValue);
     const char letter = status.size() > 2 ? status[2] : '\0';
     Columns columns = m_columns.columnsOf(letter);
     const bool chosen = m_mode == Mode::WholeFile || m_columns.isLoaded(letter);
@@ -105,15 +121,17 @@ void ReadingRows::DisplayDetails(std::string_view line, std::int64_t number, boo
     m_previousLine.assign(line);
 }
 
-// The columns behind those that an offset passes over.
+// The columns behind those that an offset passes over; none for an offset before the first.
 ReadingRows::Columns ReadingRows::columnsFrom(Columns columns, std::string_view offset) {
-    std::size_t number = 0;
-    offset.remove_prefix(std::min(offset.find_first_not_of(' '), offset.size()));
-    const char* const end = offset.data() + offset.size();
-    const auto [stop, error] = std::from_chars(offset.data(), end, number);
-    if (error == std::errc::result_out_of_range) return {};
+    const char* begin = offset.data();
+    const char* end = begin + offset.size();
+    trimBlanks(begin, end);
+    if (begin == end) return columns;
+    std::int64_t number = 0;
+    const auto [stop, error] = std::from_chars(begin, end, number);
+    if (error == std::errc::result_out_of_range || number < 0) return {};
     if (error != std::errc() || stop != end) passOver(PassedOver::Cause::UnreadableValue);
-    return columns.subspan(std::min(number, columns.size()));
+    return columns.subspan(std::min(static_cast<std::size_t>(number), columns.size()));
 }
 
 bool ReadingRows::isFree(int column) const {
@@ -132,7 +150,7 @@ bool ReadingRows::sharesRow(std::string_view time, Columns columns, FieldScanner
     const char* end;
     while (!columns.empty() && nextValue(fields, begin, end)) {
         const std::string_view field(begin, static_cast<std::size_t>(end - begin));
-        if (!isValue(FieldParts::of(field).value)) continue;
+        if (!isValue(partsOf(field).value)) continue;
         if (!isFree(columns.front())) return false;
         columns = columns.subspan(1);
     }
@@ -177,7 +195,7 @@ void ReadingRows::placeValues(FieldScanner& fields, Columns columns) {
 
 // A field that is not just a number for its column, with what stands behind its value.
 void ReadingRows::placeOther(std::string_view field, bool last, Columns& columns) {
-    const FieldParts parts = FieldParts::of(field);
+    const FieldParts parts = partsOf(field);
     // What stands behind the line's last ';' is its checksum.
     const bool checksum = last && parts.suffix.find(';') == std::string_view::npos;
     if (!parts.suffix.empty() && !checksum) passOver(PassedOver::Cause::UnreadableValue);

@@ -73,6 +73,7 @@ LoadOutcome ReplayLoader::ReadReplayFile(const std::string& path) {
         return outcome;
     }
     outcome.loaded = true;
+    outcome.passedOver.addCutLines(file.reader());
     if (file.reader().error()) m_context.messages.show(file.reader().error().text());
     return outcome;
 }
@@ -86,6 +87,9 @@ void ReplayLoader::readFacts(CReplayFile& file, LoadOutcome& outcome) const {
     outcome.originatorType = file.GetOriginatorType();
     outcome.description = file.ProgramName();
     outcome.lineCount = file.LineCount();
+    if (file.EarlyLineCount() > 0)
+        outcome.passedOver.add(PassedOver::Cause::EarlyLine, file.FirstEarlyLine(),
+                               file.EarlyLineCount());
 }
 
 std::optional<ColumnMap> ReplayLoader::readLabels(CReplayFile& file, LoadOutcome& outcome) const {

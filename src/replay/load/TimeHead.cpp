@@ -6,6 +6,7 @@ namespace pellam {
 
 bool TimeHead::read(FieldScanner& fields, std::string_view& job, std::string_view& time) {
     job = {};
+    m_leftOut = false;
     std::string_view field;
     if (!fields.next(field)) return false;
     if (!field.empty() && field[0] == '"') {
@@ -20,6 +21,8 @@ bool TimeHead::read(FieldScanner& fields, std::string_view& job, std::string_vie
     std::string_view clock;
     std::string_view fraction;
     if (!fields.next(clock) || !fields.next(fraction)) return false;
+    m_leftOut = fraction.find('.') == std::string_view::npos &&
+                fraction.find_first_not_of("0 ") != std::string_view::npos;
     time = dateForm(field, clock, fraction);
     return true;
 }

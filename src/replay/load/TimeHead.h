@@ -20,6 +20,9 @@ class TimeHead {
     /// empty.
     bool read(FieldScanner& fields, std::string_view& job, std::string_view& time);
 
+    /// Whether the last time had a fraction that its text leaves out: digits without a point.
+    [[nodiscard]] bool leftOut() const { return m_leftOut; }
+
   private:
     std::string_view dateForm(std::string_view date, std::string_view time,
                               std::string_view fraction);
@@ -27,6 +30,7 @@ class TimeHead {
     LoggerClock::Buffer m_buffer{};
     std::string m_dateForm; ///< the text that dateForm() gave, no smaller than the longest one
     char m_separator;
+    bool m_leftOut = false;
 };
 
 } // namespace pellam

@@ -10,6 +10,11 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
+bool isWord(std::string_view text, std::string_view word) {
+    const auto same = [](char a, char b) { return (a | 0x20) == b; };
+    return std::equal(text.begin(), text.end(), word.begin(), word.end(), same);
+}
+
 // Sign, digits and at most one separator among them: the texts whose zeros may be cut.
 bool isPlainDecimal(std::string_view text, char separator) {
     if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
@@ -59,7 +64,8 @@ bool ValueText::startsNumber(std::string_view text) {
     const char c = text.front();
     if (isDigit(c) || c == '+' || c == '-') return true;
     // A reading without a finite value has its place in the line too.
-    return (c == '.' && text.size() > 1 && isDigit(text[1])) || text == "inf" || text == "nan";
+    return (c == '.' && text.size() > 1 && isDigit(text[1])) || isWord(text, "inf") ||
+           isWord(text, "nan");
 }
 
 Cell ValueText::fromPoint(std::string_view text, Column& column) {
@@ -82,9 +88,16 @@ Cell ValueText::fromSeparator(std::string_view text, char separator, Column& col
 }
 
 Cell ValueText::fromQuoted(std::string_view text, Column& column) {
+    const std::size_t quote = text.find_first_not_of(' ');
+    if (quote == std::string_view::npos || text[quote] != '"') return column.pack(text);
+    text = text.substr(quote + 1, text.find_last_not_of(' ') - quote);
+    if (text.ends_with('"')) text.remove_suffix(1);
     if (text.find('"') == std::string_view::npos) return column.pack(text);
-    std::string value(text);
-    std::erase(value, '"');
+    std::string value;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        value += text[i];
+        i += text[i] == '"' && i + 1 < text.size() && text[i + 1] == '"';
+    }
     return column.pack(value);
 }
 

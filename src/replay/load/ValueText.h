@@ -18,11 +18,12 @@ class ValueText {
     /// unless they stand where no group ends. The cell shows the grid's separator.
     static Cell fromSeparator(std::string_view text, char separator, Column& column);
 
-    /// A text without its double quotes.
+    /// A text without the double quotes around it and the blanks around those; quotes that stand
+    /// in it twice stand once.
     static Cell fromQuoted(std::string_view text, Column& column);
 
     /// Whether a value of a file is a number, a date or a time: by its first character, or "inf" or
-    /// "nan".
+    /// "nan" in any case.
     static bool startsNumber(std::string_view text);
 };
 

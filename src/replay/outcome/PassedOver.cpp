@@ -21,6 +21,7 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"alarm among readings", "alarms among readings"},
      {"reading among alarms", "readings among alarms"},
      {"line of unknown kind", "lines of unknown kind"},
+     {"line of values above the data", "lines of values above the data"},
      {"line without time or status", "lines without time or status"},
      {"line cut because it is too long", "lines cut because they are too long"},
      {"value without a channel", "values without a channel"},
@@ -30,7 +31,11 @@ constexpr std::array<Words, PassedOver::kCauses> kWords{
      {"reading with unreadable numbers", "readings with unreadable numbers", "in row"},
      {"reading without a time", "readings without a time", "in row"},
      {"reading without a channel", "readings without a channel", "in row"},
-     {"reading without a value, shown as 0", "readings without a value, shown as 0", "in row"}}};
+     {"reading without a value, shown as 0", "readings without a value, shown as 0", "in row"},
+     {"reading replaced by another of its time", "readings replaced by others of their time",
+      "in row"},
+     {"cell without a reading, shown as the one before",
+      "cells without a reading, shown as the ones before", "in row"}}};
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/LineReader.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -23,6 +25,7 @@ class PassedOver {
         AlarmLine,           ///< an alarm in a file of readings
         ReadingLine,         ///< a reading in a file of alarms
         UnknownLine,         ///< of no kind that the format knows
+        EarlyLine,           ///< a reading or an alarm above the line that begins the data
         IncompleteLine,      ///< without time or status
         CutLine,             ///< longer than a line may be; the rest of it is left out
         ValueWithoutChannel, ///< no channel of the file is in its place
@@ -33,9 +36,11 @@ class PassedOver {
         UnreadableReading,     ///< a reading's numbers do not fit
         ReadingWithoutTime,    ///< a reading's time is missing or none
         ReadingWithoutChannel, ///< the session lists no channel for a reading
-        ReadingWithoutValue    ///< a reading's value is missing: 0 stands in its place
+        ReadingWithoutValue,   ///< a reading's value is missing: 0 stands in its place
+        ReplacedReading,       ///< another one of its channel and time stands in its place
+        RepeatedValue ///< a channel has no reading of a time: its value before stands there
     };
-    static constexpr std::size_t kCauses = 20;
+    static constexpr std::size_t kCauses = 23;
 
     struct Entry {
         std::int64_t count = 0;
@@ -48,6 +53,11 @@ class PassedOver {
         Entry& entry = m_entries[static_cast<std::size_t>(cause)];
         if (entry.count == 0) entry.first = place;
         entry.count += count;
+    }
+
+    /// Counts the lines that a reader has cut.
+    void addCutLines(const LineReader& reader) {
+        if (reader.cutLines() > 0) add(Cause::CutLine, reader.firstCutLine(), reader.cutLines());
     }
 
     /// Adds what another part of the load passed over.
