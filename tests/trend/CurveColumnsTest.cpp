@@ -95,6 +95,27 @@ std::vector<ColumnSpan> plainColumns(const TrendCurve& curve, const ColumnGrid& 
 
 } // namespace
 
+// One value that is known to be missing is a gap, one that a curve has no sample for is none.
+TEST(CurveColumns, NoLineGoesOverAMissingValue) {
+    const Table<const char*, std::vector<std::uint32_t>, bool, bool> rows = {
+        {"missing", {2}, true, false},
+        {"first of two", {1}, true, false},
+        {"elsewhere", {0, 3}, true, true},
+        {"gaps are bridged", {2}, false, true},
+    };
+    for (const auto& [name, gaps, breakGaps, joined] : rows) {
+        TrendCurve curve;
+        ASSERT_TRUE(curve.setPoints(TrendTimes::create({0, 1, 2, 3}), {1, NAN, NAN, 2},
+                                    std::vector<std::uint32_t>(gaps)));
+        const ColumnGrid grid{0, 3, 30};
+        const auto starts = curve.times()->columnStarts(grid.from, grid.to, grid.columns);
+        const auto spans =
+            CurveColumns::find(curve, starts, grid, ScaleMap(0, 3, false, 30, 0), breakGaps);
+        EXPECT_EQ(!spans[15].empty, joined) << name;
+        EXPECT_FALSE(spans[0].empty) << name;
+    }
+}
+
 TEST(CurveColumns, EqualWhatEverySampleGives) {
     for (const Case& c : cases) {
         for (const bool breakGaps : {true, false}) {

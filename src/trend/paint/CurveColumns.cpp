@@ -11,7 +11,9 @@ namespace {
 class Finder {
   public:
     Finder(const TrendCurve& curve, const ColumnGrid& grid, const ScaleMap& map, bool breakGaps)
-        : m_times(curve.times()->data()),
+        : m_curve(curve),
+          m_breakGaps(breakGaps),
+          m_times(curve.times()->data()),
           m_values(curve.values()),
           m_count(curve.size()),
           m_pyramid(curve.pyramid(map.logarithmic())),
@@ -115,11 +117,13 @@ class Finder {
         m_joinKnown = true;
         const double step = m_times[m_next] - m_times[m_last];
         m_fromLast = m_grid.from - m_times[m_last];
-        m_joined = step <= m_longest;
+        m_joined = step <= m_longest && !(m_breakGaps && m_curve.gapBetween(m_last, m_next));
         m_slope = step > 0 ? (m_nextPixel - m_lastPixel) / step : 0;
     }
 
     static constexpr std::size_t unknown = std::numeric_limits<std::size_t>::max();
+    const TrendCurve& m_curve;
+    bool m_breakGaps;
     const double* m_times;
     const double* m_values;
     std::size_t m_count;

@@ -34,8 +34,8 @@ struct ColumnGrid {
 class CurveColumns {
   public:
     /// starts: columnStarts() of the curve's times over the grid. With breakGaps no line crosses
-    /// more than three times the curve's usual step. Samples that a logarithmic map can't show are
-    /// passed over.
+    /// a missing value, or more than three times the curve's usual step. Samples that a logarithmic
+    /// map can't show are passed over.
     static std::vector<ColumnSpan> find(const TrendCurve& curve,
                                         const std::vector<std::size_t>& starts,
                                         const ColumnGrid& grid, const ScaleMap& map,
