@@ -205,7 +205,7 @@ TEST_F(BatchTest, ChartsSayInWordsOfTheirOwnWhatIsNoDate) {
          "Time,A\n2024/01/01 10:00:00,1\n2024/01/01 10:01:00,2\n",
          {"2 left out once in 1 channel"},
          "-9999"},
-        {"--missing ''",
+        {"--missing none",
          "Time,A\n2024/01/01 10:00:00,1\n2024/01/01 10:01:00,-9999\n",
          {"10:01"},
          "left out"},

@@ -34,7 +34,8 @@ struct ColumnGrid {
 class CurveColumns {
   public:
     /// starts: columnStarts() of the curve's times over the grid. With breakGaps no line crosses
-    /// a missing value, or more than three times the curve's usual step. Samples that a logarithmic
+    /// more than three times the curve's usual step, or a missing value that makes it longer than
+    /// usual. Samples that a logarithmic
     /// map can't show are passed over.
     static std::vector<ColumnSpan> find(const TrendCurve& curve,
                                         const std::vector<std::size_t>& starts,
