@@ -86,6 +86,17 @@ class Column {
 
     [[nodiscard]] char decimalSeparator() const { return m_storage->decimalSeparator; }
 
+    [[nodiscard]] const CellStorage& storage() const { return *m_storage; }
+
+    /// Whether one of the grid's first 64 missing texts is a value in this column all the same.
+    [[nodiscard]] bool hasAsValue(std::size_t missing) const {
+        return missing < 64 && (m_ownValues >> missing & 1) != 0;
+    }
+
+    void setAsValue(std::size_t missing) {
+        if (missing < 64) m_ownValues |= std::uint64_t{1} << missing;
+    }
+
   private:
     Cell* makeChunk(std::size_t chunk);
     Cell packText(std::string_view text);
@@ -93,7 +104,8 @@ class Column {
     CellStorage* m_storage;
     std::vector<Cell*> m_chunks;
     std::string m_label;
-    Cell m_lastText; ///< the latest arena text: repeated texts are kept once
+    Cell m_lastText;               ///< the latest arena text: repeated texts are kept once
+    std::uint64_t m_ownValues = 0; ///< by missing text
     int m_axis = 1;
     bool m_charted = false;
 };

@@ -14,13 +14,21 @@ GridData::~GridData() = default;
 void GridData::reset() {
     m_columns.clear();
     m_storage->texts.clear();
+    m_storage->missing.clear();
+    m_storage->missingAsNumbers = false;
     m_damagedRows.clear();
     m_rowCount = 0;
     m_channelCount = 0;
     m_changed = false;
     m_timeForm = {};
+    m_hasTimes = true;
     m_fractionUnit = FractionUnit::DecimalPlaces;
     setColumnCount(kInitialColumns);
+}
+
+bool GridData::hasMissingNumbers() const {
+    return std::any_of(m_storage->missing.begin(), m_storage->missing.end(),
+                       [](const MissingText& missing) { return missing.value.has_value(); });
 }
 
 void GridData::setColumnCount(int columns) {

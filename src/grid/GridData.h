@@ -2,6 +2,7 @@
 
 #include "grid/CellColour.h"
 #include "grid/Column.h"
+#include "grid/MissingText.h"
 #include "times/FractionUnit.h"
 #include "times/TimeForm.h"
 
@@ -38,6 +39,21 @@ class GridData {
     void reset();
 
     [[nodiscard]] char decimalSeparator() const { return m_storage->decimalSeparator; }
+
+    /// The texts that stand for no value in the channels; none after a reset. See
+    /// Column::hasAsValue() for exceptions.
+    [[nodiscard]] const std::vector<MissingText>& missing() const { return m_storage->missing; }
+
+    void setMissing(std::vector<MissingText> texts) { m_storage->missing = std::move(texts); }
+
+    /// Whether the numbers among them are values for chart and figures all the same; not so after a
+    /// reset.
+    [[nodiscard]] bool missingAsNumbers() const { return m_storage->missingAsNumbers; }
+
+    void setMissingAsNumbers(bool on) { m_storage->missingAsNumbers = on; }
+
+    /// Whether there are numbers among them.
+    [[nodiscard]] bool hasMissingNumbers() const;
 
     /// Gives memory that is left over from an earlier, larger content back to the system.
     void trim() { m_storage->chunks.trim(); }
@@ -86,6 +102,11 @@ class GridData {
 
     void setTimeForm(TimeForm form) { m_timeForm = std::move(form); }
 
+    /// Whether the first column has times; else it counts the rows. True after a reset.
+    [[nodiscard]] bool hasTimes() const { return m_hasTimes; }
+
+    void setHasTimes(bool has) { m_hasTimes = has; }
+
     /// How the fractions in the time column count; decimal places after a reset.
     [[nodiscard]] FractionUnit fractionUnit() const { return m_fractionUnit; }
 
@@ -105,6 +126,7 @@ class GridData {
     int m_channelCount = 0;
     bool m_changed = false;
     TimeForm m_timeForm;
+    bool m_hasTimes = true;
     FractionUnit m_fractionUnit = FractionUnit::DecimalPlaces;
 };
 

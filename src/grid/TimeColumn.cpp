@@ -13,7 +13,7 @@ namespace {
 constexpr Row kSamples = 500;
 
 TimeForm formOf(const GridData& grid, const InternationalSettings& settings) {
-    if (grid.timeForm()) return grid.timeForm();
+    if (grid.timeForm() || !grid.hasTimes()) return grid.timeForm();
     const Row step = std::max<Row>(1, grid.rowCount() / kSamples);
     std::vector<std::string> texts;
     CellBuffer buffer;

@@ -26,6 +26,21 @@ bool allDigits(std::string_view text) {
     return std::all_of(text.begin(), text.end(), TimeCursor::isDigit);
 }
 
+void replaceAll(std::string& text, std::string_view from, std::string_view to) {
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at))
+        text.replace(at, from.size(), to);
+}
+
+/// An elapsed time as charts write it, in the signs that readers know.
+std::string plainSigns(std::string_view text) {
+    std::string plain(text);
+    replaceAll(plain, "\xE2\x88\x92", "-"); // minus
+    replaceAll(plain, "\xC2\xB5", "u");     // micro, and the Greek letter
+    replaceAll(plain, "\xCE\xBC", "u");
+    replaceAll(plain, " d ", " ");
+    return plain;
+}
+
 /// What readers for a column of one form make of a typed text.
 class TypedTime {
   public:
@@ -58,8 +73,10 @@ class TypedTime {
         return {};
     }
 
-    /// "10.5", "250 ms" or "0:00:10.5".
-    [[nodiscard]] std::optional<TimeMoment> readElapsed(std::string_view text) const {
+    /// "10.5", "250 ms", "0:00:10.5" or "1 d 2:03:04".
+    [[nodiscard]] std::optional<TimeMoment> readElapsed(std::string_view typed) const {
+        const std::string signs = plainSigns(typed);
+        const std::string_view text = signs;
         if (const auto moment = readAs(m_form.name(), text)) return moment;
         const std::size_t letters = text.find_last_not_of("minhdus") + 1;
         const std::string unit = "elapsed-" + std::string(text.substr(letters));

@@ -17,8 +17,9 @@ class SoughtTime {
   public:
     /// Reads a text for a column of form `form`, which gives the order of day and month; a year of
     /// four digits may always come first. For columns of elapsed time: h:mm:ss, or a number in the
-    /// column's unit with decimals or with its own unit ("10.5", "250 ms"). Nothing for any other
-    /// text, and for a whole number, which is a row's. `unit` is that of the column's fractions.
+    /// column's unit with decimals or with its own unit ("10.5", "250 ms", "1 d 2:03:04"). Nothing
+    /// for any other text, and for a whole number, which is a row's. `unit` is that of the column's
+    /// fractions.
     [[nodiscard]] static std::optional<SoughtTime>
     read(std::string_view text, const TimeForm& form, const InternationalSettings& settings,
          FractionUnit unit = FractionUnit::DecimalPlaces);

@@ -190,6 +190,38 @@ TEST_F(BatchTest, ChartsAreDrawnInEveryForm) {
     EXPECT_EQ(m_folder.read("b.png"), "(missing)");
 }
 
+TEST_F(BatchTest, ChartsSayInWordsOfTheirOwnWhatIsNoDate) {
+    const Table<const char*, const char*, std::vector<const char*>, const char*> rows = {
+        {"", "Time (s),A [m/s]\n0,1\n15,2\n30,4\n45,4\n60,5\n", {"0:00:30", "m/s"}, "-9999"},
+        {"", "Time (s),A\n-1.0E-1,1\n0,2\n1.0E-1,4\n", {"−100 ms", "0 ms", "50 ms"}, "−0:"},
+        {"", "Time [us];A\n0;1\n250;2\n500;4\n", {"100 µs"}, "0:00"},
+        {"", "Elapsed,A\n0:00:00,1\n36:00:00,2\n72:00:00,4\n", {"1 d", "3 d"}, "72:00"},
+        {"--time-columns none", "A,B\n1,2\n2,3\n3,5\n4,9\n5,3\n", {"row 3"}, "0:00"},
+        {"",
+         "Time,A\n2024/01/01 10:00:00,1\n2024/01/01 10:01:00,-9999\n2024/01/01 10:02:00,NaN\n",
+         {"-9999 left out once in 1 channel", "NaN left out once in 1 channel"},
+         "−"},
+        {"--missing 2",
+         "Time,A\n2024/01/01 10:00:00,1\n2024/01/01 10:01:00,2\n",
+         {"2 left out once in 1 channel"},
+         "-9999"},
+        {"--missing none",
+         "Time,A\n2024/01/01 10:00:00,1\n2024/01/01 10:01:00,-9999\n",
+         {"10:01"},
+         "left out"},
+    };
+    for (const auto& [options, content, expected, other] : rows) {
+        m_folder.write("in.csv", content);
+        EXPECT_EQ(run(std::string("--chart a.svg --size 900x400 ") + options + " in.csv"), 0)
+            << m_err << content;
+        const std::string svg = m_folder.read("a.svg");
+        for (const char* text : expected)
+            EXPECT_NE(svg.find(text), std::string::npos) << text << " of " << content;
+        for (const char* text : {"1970", "1969", "1989", other})
+            EXPECT_EQ(svg.find(text), std::string::npos) << text << " of " << content;
+    }
+}
+
 TEST_F(BatchTest, BinaryFilesAreConvertedAndLoaded) {
     const std::string gauge = "'" PELLAM_SAMPLES "/tank-gauge.dbd'";
     EXPECT_EQ(run("--dump all.txt " + gauge), 0);

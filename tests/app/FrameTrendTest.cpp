@@ -2,6 +2,7 @@
 
 #include "app/print/PreviewPane.h"
 #include "trend/control/CTrend.h"
+#include "ui/dialogs/NoticeBar.h"
 #include "ui/dialogs/TabPages.h"
 #include "views/chart/CTrendView.h"
 #include "views/chart/ChartAxisSheet.h"
@@ -61,6 +62,39 @@ TEST_F(FrameTrendTest, ChannelsSelectedWhileTheChartIsInFrontShowAtOnce) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return !chart.hasChart(); }, 2000));
     give(Command::SelectAllChannels);
     EXPECT_TRUE(QTest::qWaitFor([&] { return chart.hasChart(); }, 2000));
+}
+
+TEST_F(FrameTrendTest, MissingValuesAreDrawnAndLeftOutAgainByNoteAndCommand) {
+    start(write("gaps.csv", "Time,Level (m)\r\n2024/03/01 10:00:00,4.25\r\n"
+                            "2024/03/01 10:15:00,-9999\r\n2024/03/01 10:30:00,4.5\r\n"));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return frame().data().rowCount() == 3; }, 5000));
+    give(Command::TrendChart);
+    auto* note = view().findChild<NoticeBar*>();
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->text(), u"-9999 left out once in 1 channel"_s);
+    const auto least = [this] { return view().trend().GetDataRange(0)->yFrom; };
+    EXPECT_EQ(least(), 4.25);
+    const double later = view().trend().GetXScActualRangeMin() + 60;
+    view().trend().showTimes({later, view().trend().GetXScActualRangeMax()});
+
+    QTest::keyClick(note->button(), Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return least() == -9999; }, 5000));
+    EXPECT_TRUE(checked(Command::MissingAsNumbers));
+    EXPECT_EQ(note->text(), u"-9999 drawn as a value once in 1 channel"_s);
+    EXPECT_EQ(view().trend().GetXScActualRangeMin(), later) << "what is shown stays";
+
+    give(Command::DataGrid);
+    frame().Grid()->selectAll();
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return status().find("Min: -9999") != std::string::npos; }, 5000))
+        << status();
+    give(Command::MissingAsNumbers);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return status().find("Count: 2   Left out: 1   Min: 4.25") != std::string::npos; },
+        5000))
+        << status();
+    give(Command::TrendChart);
+    EXPECT_EQ(least(), 4.25);
 }
 
 TEST_F(FrameTrendTest, CommandsDoTheirWork) {

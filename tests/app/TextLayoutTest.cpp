@@ -6,6 +6,7 @@
 #include "app/layout/LayoutMemory.h"
 #include "app/layout/SampleLinesView.h"
 #include "ui/dialogs/NoticeBar.h"
+#include "views/grid/CGridView.h"
 
 namespace pellam {
 
@@ -20,7 +21,7 @@ class TextLayoutTest : public FrameFixture {
                                    "15.02.2019 10:20;5,5;9,25\r\n");
     }
 
-    NoticeBar& bar() { return *frame().findChild<NoticeBar*>(); }
+    NoticeBar& bar() { return *frame().findChild<CGridView*>()->findChild<NoticeBar*>(); }
 
     std::string label(int column) { return std::string(frame().data().column(column).label()); }
 

@@ -199,6 +199,14 @@ TEST(LayoutDetectorTest, NamesTheTextsThatStandForNoValue) {
     EXPECT_EQ(layout.missing, (std::vector<std::string>{"NAN", "---", "-9999"}));
 }
 
+TEST(LayoutDetectorTest, TellsWhereSuchATextIsAValueAllTheSame) {
+    const TextLayout layout = detect("Time,Level,Depth\n2020-01-01 00:00:00,1.5,-12000\n"
+                                     "2020-01-01 00:01:00,-9999,-9999\n"
+                                     "2020-01-01 00:02:00,3,-8000\n");
+    EXPECT_EQ(layout.missing, std::vector<std::string>{"-9999"});
+    EXPECT_EQ(layout.ownValues, (std::vector<TextLayout::OwnValue>{{2, 0}}));
+}
+
 TEST(LayoutDetectorTest, FollowsWishes) {
     static const InternationalSettings settings;
     const TextSample sample = TextSample::ofText("a;b;c\nx;y;z\n1;2;3\n4;5;6\n");

@@ -31,6 +31,8 @@ TEST(SoughtTime, PartsThatArePresentAndTheLeastOfTheRest) {
         {"elapsed-s", "250 ms", "1970/01/01 00:00:00.250"},
         {"elapsed-s", "1.5h", "1970/01/01 01:30:00"},
         {"elapsed-s", "0:01:30", "1970/01/01 00:01:30"},
+        {"elapsed-clock", "1 d 2:03:04.5", "1970/01/02 02:03:04.500"},
+        {"elapsed-us", "−28 µs", "1969/12/31 23:59:59.999972"},
         {"yyyy/MM/dd HH:mm:ss", "2009", "-"},
         {"yyyy/MM/dd HH:mm:ss", "120", "-"},
         {"yyyy/MM/dd HH:mm:ss", "", "-"},

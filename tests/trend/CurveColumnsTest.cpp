@@ -95,6 +95,29 @@ std::vector<ColumnSpan> plainColumns(const TrendCurve& curve, const ColumnGrid& 
 
 } // namespace
 
+// One value that is known to be missing is a gap, unless the curve has none there as a rule.
+TEST(CurveColumns, NoLineGoesOverAMissingValue) {
+    const Table<const char*, std::vector<double>, std::vector<std::uint32_t>, bool, bool> rows = {
+        {"missing", {1, 1, 1, NAN, 1, 1, 1}, {3}, true, false},
+        {"two of them", {1, 1, NAN, NAN, 1, 1, 1}, {2}, true, false},
+        {"no sample", {1, 1, 1, NAN, 1, 1, 1}, {}, true, true},
+        {"missing elsewhere", {1, 1, 1, NAN, 1, NAN, 1}, {5}, true, true},
+        {"gaps are bridged", {1, 1, 1, NAN, 1, 1, 1}, {3}, false, true},
+        {"every other one", {1, NAN, 1, NAN, 1, NAN, 1}, {1, 3, 5}, true, true},
+    };
+    for (const auto& [name, values, gaps, breakGaps, joined] : rows) {
+        TrendCurve curve;
+        ASSERT_TRUE(curve.setPoints(TrendTimes::create({0, 1, 2, 3, 4, 5, 6}),
+                                    std::vector<double>(values), std::vector<std::uint32_t>(gaps)));
+        const ColumnGrid grid{0, 6, 60};
+        const auto starts = curve.times()->columnStarts(grid.from, grid.to, grid.columns);
+        const auto spans =
+            CurveColumns::find(curve, starts, grid, ScaleMap(0, 3, false, 30, 0), breakGaps);
+        EXPECT_EQ(!spans[32].empty, joined) << name;
+        EXPECT_FALSE(spans[0].empty) << name;
+    }
+}
+
 TEST(CurveColumns, EqualWhatEverySampleGives) {
     for (const Case& c : cases) {
         for (const bool breakGaps : {true, false}) {

@@ -2,6 +2,7 @@
 #include "trend/ticks/DecimalTicks.h"
 #include "trend/ticks/LogTicks.h"
 #include "trend/ticks/TimeTicks.h"
+#include "trend/ticks/XAxisTicks.h"
 
 #include <algorithm>
 
@@ -137,6 +138,79 @@ TEST(TimeTicks, WriteTimesAndSpansInFull) {
               "00:59:59 01:00:00 EDT 01:59:59 EST 02:00:00 03:00:00");
     EXPECT_EQ(TimeTicks::spanText(0.00025, 6).toStdString(), "0.000250 s");
     EXPECT_EQ(TimeTicks::spanText(-93784.5, 1).toStdString(), "−1 d 02:03:04.5");
+}
+
+TEST(XAxisTicks, MarkElapsedTimesAndRowsInWordsOfTheirOwn) {
+    constexpr XAxis kClock{XAxis::Kind::Elapsed, 0};
+    constexpr XAxis kRows{XAxis::Kind::Rows, 0};
+    const Table<XAxis, double, double, int, const char*, std::size_t> rows = {
+        {kClock, 0, 60, 5, "0:00:00 0:00:15 0:00:30 0:00:45 0:01:00", 13},
+        {kClock, 7.2, 31, 6, "0:00:10 0:00:15 0:00:20 0:00:25 0:00:30", 24},
+        {kClock, -20, 20, 5, "−0:00:20 −0:00:10 0:00:00 0:00:10 0:00:20", 21},
+        {kClock, 59.8, 60.4, 4, "0:00:59.8 0:01:00.0 0:01:00.2 0:01:00.4", 13},
+        {kClock, 0, 5 * 3600, 6, "0:00:00 1:00:00 2:00:00 3:00:00 4:00:00 5:00:00", 21},
+        {kClock, 80000, 200000, 4, "0:00:00 (1 d) 12:00:00 0:00:00 (2 d)", 11},
+        {kClock, -90000, 0, 3, "0:00:00 (−1 d) −12:00:00 (0 d) 0:00:00", 9},
+        {kClock, 0, 30 * 86400, 5, "0 d 10 d 20 d 30 d", 16},
+        {{XAxis::Kind::Elapsed, -3}, 0, 1, 5, "0 ms 500 ms 1000 ms", 11},
+        {{XAxis::Kind::Elapsed, -3}, 0, 1, 6, "0 ms 200 ms 400 ms 600 ms 800 ms 1000 ms", 21},
+        {{XAxis::Kind::Elapsed, -3}, 0.0101, 0.0109, 5, "10.2 ms 10.4 ms 10.6 ms 10.8 ms", 17},
+        {{XAxis::Kind::Elapsed, -6}, -28e-6, 471.8e-6, 6, "0 µs 100 µs 200 µs 300 µs 400 µs", 25},
+        {{XAxis::Kind::Elapsed, -9}, 0, 40e-9, 5, "0 ns 10 ns 20 ns 30 ns 40 ns", 21},
+        {kRows, 1, 3000, 4, "row 1000 row 2000 row 3000", 15},
+        {kRows, 1, 5, 5, "row 1 row 2 row 3 row 4 row 5", 5},
+        {kRows, -30, 2, 5, "row 1 row 2", 2},
+        {kRows, 7.2, 7.8, 5, "", 0},
+    };
+    const TimeTicks calendar;
+    for (const auto& [axis, from, to, labels, expected, all] : rows) {
+        const XAxisTicks ticks(axis, calendar);
+        const auto marks = ticks.find(from, to, labels).ticks;
+        EXPECT_EQ(majors(marks).toStdString(), expected) << from << ' ' << to;
+        EXPECT_EQ(marks.size(), all) << from << ' ' << to;
+        for (const AxisTick& tick : marks)
+            EXPECT_LE(tick.label.size(), ticks.sampleLabel(from, to, labels).size()) << from;
+    }
+}
+
+TEST(XAxisTicks, ReadElapsedTimesAndRows) {
+    const Table<XAxis, double, int, const char*, const char*> rows = {
+        {{XAxis::Kind::Elapsed, 0}, 10, 0, "0:00:10", "0:00:10"},
+        {{XAxis::Kind::Elapsed, 0}, -10.25, 2, "−0:00:10.25", "−0:00:10.25"},
+        {{XAxis::Kind::Elapsed, 0}, 59.9996, 3, "0:01:00.000", "0:01:00.000"},
+        {{XAxis::Kind::Elapsed, 0}, 93784.5, 1, "1 d 2:03:04.5", "1 d 2:03:04.5"},
+        {{XAxis::Kind::Elapsed, -3}, 0.25, 3, "250 ms", "250 ms"},
+        {{XAxis::Kind::Elapsed, -3}, -0.0005, 6, "−0.500 ms", "−0.500 ms"},
+        {{XAxis::Kind::Elapsed, -6}, 12.2e-6, 7, "12.2 µs", "12.2 µs"},
+        {{XAxis::Kind::Rows, 0}, 1199.6, 6, "row 1200", "1200 rows"},
+        {{XAxis::Kind::Rows, 0}, 1, 0, "row 1", "1 row"},
+        {{XAxis::Kind::Rows, 0}, -3, 0, "row -3", "−3 rows"},
+        {{XAxis::Kind::Elapsed, 0}, NAN, 0, "", ""},
+    };
+    const TimeTicks calendar;
+    for (const auto& [axis, value, digits, full, span] : rows) {
+        const XAxisTicks ticks(axis, calendar);
+        EXPECT_EQ(ticks.fullText(value, digits).toStdString(), full);
+        EXPECT_EQ(ticks.spanText(value, digits).toStdString(), span);
+    }
+}
+
+TEST(XAxisTicks, HaveAFewMarksOverAnySpan) {
+    const TimeTicks calendar;
+    for (const XAxis axis : {XAxis{XAxis::Kind::Elapsed, 0}, XAxis{XAxis::Kind::Elapsed, -6},
+                             XAxis{XAxis::Kind::Rows, 0}}) {
+        const double least = axis.kind == XAxis::Kind::Rows ? 2 : 1e-8;
+        for (double span = least; span < 1e10; span *= 1.37) {
+            for (const double from : {1.0, -span / 3, 1234.5}) {
+                const auto ticks = XAxisTicks(axis, calendar).find(from, from + span, 8).ticks;
+                const auto count = std::count_if(ticks.begin(), ticks.end(),
+                                                 [](auto& tick) { return tick.major; });
+                EXPECT_GE(count, 1) << span << ' ' << from;
+                EXPECT_LE(count, 8) << span << ' ' << from;
+                EXPECT_LE(ticks.size(), 60u) << span << ' ' << from;
+            }
+        }
+    }
 }
 
 TEST(ScaleMap, MakesAnyRangeDrawable) {

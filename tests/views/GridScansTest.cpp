@@ -171,6 +171,19 @@ TEST(RowLocator, ReadsTimesAsTheChartDoes) {
         EXPECT_EQ(located(grid, wanted, from), expected) << wanted << " from " << from;
 }
 
+TEST(RowLocator, UnderstandsTheWordsOfTheChart) {
+    GridData grid;
+    fillGrid(grid, "Time|A\n-0.5|1\n0|2\n0.25|3\n90000|4\n");
+    grid.setTimeForm(*TimeForm::parse("elapsed-s"));
+    const Table<const char*, const char*> rows = {{"row 2", "1"},
+                                                  {"−0:00:00.5", "0"},
+                                                  {"250 ms", "2"},
+                                                  {"1 d 0:00:00", "3"},
+                                                  {"row 9", "no such row"}};
+    for (const auto& [wanted, expected] : rows)
+        EXPECT_EQ(located(grid, wanted), expected) << wanted;
+}
+
 TEST(RowLocator, CountsFractionsAsTheGridDoes) {
     GridData grid;
     fillGrid(grid, "Time|A\n2008/02/25 12:00:00.25|1\n2008/02/25 12:00:00.100|2\n");
@@ -183,7 +196,7 @@ std::string statistics(const GridData& grid, std::vector<CellArea> areas) {
     while (scan.step()) {
     }
     return StatisticsScan::text(scan.result(), std::to_string(scan.result().count),
-                                grid.decimalSeparator());
+                                std::to_string(scan.result().leftOut), grid.decimalSeparator());
 }
 
 TEST(StatisticsScan, CountsNumbersAlone) {
@@ -210,6 +223,21 @@ TEST(StatisticsScan, CountsNumbersAlone) {
     };
     for (const auto& [name, areas, expected] : rows)
         EXPECT_EQ(statistics(grid, areas), expected) << name;
+}
+
+TEST(StatisticsScan, LeavesOutWhatTheChartLeavesOut) {
+    GridData grid;
+    fillGrid(grid, "Time|A|B|C\n1|1|-9999|-9999\n2|-9999.0|---|99999.9\n3|3|x|-9e3\n");
+    grid.setMissing({{"-9999", -9999.0}, {"---", {}}});
+    grid.column(3).setAsValue(0);
+    EXPECT_EQ(statistics(grid, {{1, 1, 1, 3}}),
+              "Count: 2   Left out: 1   Min: 1   Max: 3   Mean: 2   Sum: 4");
+    EXPECT_EQ(statistics(grid, {{2, 2, 1, 3}}), "Count: 0   Left out: 2");
+    EXPECT_EQ(statistics(grid, {{3, 3, 1, 3}}),
+              "Count: 2   Left out: 1   Min: -9999   Max: -9000   Mean: -9499.5   Sum: -18999");
+    grid.setMissingAsNumbers(true);
+    EXPECT_EQ(statistics(grid, {{1, 1, 1, 3}}),
+              "Count: 3   Min: -9999   Max: 3   Mean: -3331.666667   Sum: -9995");
 }
 
 TEST(StatisticsScan, WritesTheDecimalSeparatorOfTheData) {

@@ -47,6 +47,34 @@ std::string momentsOf(const std::vector<std::string>& texts,
 
 } // namespace
 
+TEST(RowTimes, ElapsedTimesAndRowsAreCountedAsSuch) {
+    constexpr auto kElapsed = XAxis::Kind::Elapsed;
+    const Table<const char*, std::vector<const char*>, std::vector<double>, XAxis> rows = {
+        {"elapsed-s", {"-10", "0", "90.5"}, {-10, 0, 90.5}, {kElapsed, 0}},
+        {"elapsed-s", {"-1E-1", "0.755"}, {-0.1, 0.755}, {kElapsed, -3}},
+        {"elapsed-s", {"-0.000028", "4.7180E-4"}, {-0.000028, 0.0004718}, {kElapsed, -6}},
+        {"elapsed-ms", {"0", "250", "45000"}, {0, 0.25, 45}, {kElapsed, -3}},
+        {"elapsed-us", {"5", "7200000000"}, {5e-6, 7200}, {kElapsed, 0}},
+        {"elapsed-clock", {"0:00:00.5", "49:00:00"}, {0.5, 176400}, {kElapsed, 0}},
+        {"HH:mm:ss", {"23:59:59", "00:00:01", "12:00:00"}, {86399, 86401, 129600}, {kElapsed, 0}},
+        {"", {"x", "", "2024/01/01 10:00:00"}, {1, 2, 3}, {XAxis::Kind::Rows, 0}},
+    };
+    for (const auto& [form, texts, expected, axis] : rows) {
+        GridData grid;
+        grid.setTimeForm(TimeForm::parse(form).value_or(TimeForm()));
+        grid.setHasTimes(*form != '\0');
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            grid.setText(0, static_cast<Row>(i), texts[i]);
+        grid.setRowCount(static_cast<Row>(texts.size()));
+        std::vector<double> times(texts.size());
+        RowTimes reader(grid, {});
+        reader.read(0, times);
+        for (std::size_t i = 0; i < times.size(); ++i)
+            EXPECT_NEAR(times[i], expected[i], 1e-12 * std::max(1.0, std::abs(times[i]))) << form;
+        EXPECT_EQ(reader.axis(std::abs(times.back())), axis) << form << ' ' << texts[0];
+    }
+}
+
 TEST(RowTimes, FormsThatAreRead) {
     const ZoneScope zone("UTC");
     const Table<const char*, const char*, const char*> rows = {

@@ -8,6 +8,7 @@
 #include "views/chart/LeftOutNotes.h"
 #include "views/chart/RowsByTime.h"
 #include "views/chart/ShowTable.h"
+#include "views/series/SentinelText.h"
 #include "views/series/TrendTableReader.h"
 
 #include <cmath>
@@ -157,7 +158,43 @@ TEST(TrendTableReader, QuickPathAndPlainPathGiveTheSamePoints) {
     EXPECT_EQ(pointsOf(tableOf(grid)), quick);
 }
 
-TEST(ChartValue, SentinelsAreFoundOnDigitsAsInTheText) {
+// With times in order and with two rows exchanged.
+TEST(TrendTableReader, MissingTextsAreGapsUnlessTheyAreWanted) {
+    const ZoneScope zone("UTC");
+    for (const bool inOrder : {true, false}) {
+        GridData grid;
+        fillCharted(grid, "Time|A|B|C\n"
+                          "2024/01/01 00:01:00|1|-9999|-9999\n"
+                          "2024/01/01 00:02:00|-9999.0|---|-12000\n"
+                          "2024/01/01 00:03:00|-9999|99999.9|5\n"
+                          "2024/01/01 00:04:00|-9.999e3|4|off\n"
+                          "2024/01/01 00:05:00|5|5|5\n");
+        if (!inOrder) grid.setText(0, 5, "2024/01/01 00:00:00");
+        grid.setRowCount(inOrder ? 5 : 6);
+        grid.setMissing({{"---", {}}, {"-9999", -9999.0}});
+        grid.column(3).setAsValue(1);
+        TrendTable table = tableOf(grid);
+        const std::uint32_t before = inOrder ? 0 : 1;
+        EXPECT_EQ(pointsOf(table), "A=1:1 5:5 [0 0 0]\nB=4:4 5:5 [1 0 0]\n"
+                                   "C=1:-9999 2:-12000 3:5 5:5 [0 1 0]\n");
+        EXPECT_EQ(table.curves[0].gaps, std::vector<std::uint32_t>{1 + before});
+        EXPECT_EQ(table.curves[1].gaps, std::vector<std::uint32_t>{before});
+        EXPECT_TRUE(table.curves[2].gaps.empty());
+        EXPECT_EQ(missingNumbersNote(table).join(u'\n').toStdString(),
+                  "-9999 left out 4 times in 2 channels");
+        EXPECT_EQ(leftOutNotes(table).first().toStdString(), "--- left out once in 1 channel");
+        grid.setMissingAsNumbers(true);
+        table = tableOf(grid);
+        EXPECT_EQ(pointsOf(table), "A=1:1 2:-9999 3:-9999 4:-9999 5:5 [0 0 0]\n"
+                                   "B=1:-9999 4:4 5:5 [1 0 0]\n"
+                                   "C=1:-9999 2:-12000 3:5 5:5 [0 1 0]\n");
+        EXPECT_TRUE(table.curves[0].gaps.empty());
+        EXPECT_EQ(missingNumbersNote(table).join(u'\n').toStdString(),
+                  "-9999 drawn as a value 4 times in 2 channels");
+    }
+}
+
+TEST(SentinelText, SentinelsAreFoundOnDigitsAsInTheText) {
     const Table<const char*, bool> rows = {
         {"99999.9", true},     {"-99999.9", true}, {"199999.9", true},
         {"99999.95", true},    {"99999.90", true}, {"-99999.9123456", true},

@@ -56,7 +56,7 @@ constexpr CommandOption kOptions[] = {
     {"--time-format", "FORM", kOutput,
      "how its time is written: 'dd/MM/yyyy HH:mm', epoch-ms, elapsed-s and others",
      [](CommandReader& reader) { reader.takeLayout(LayoutOptions::timeFormat); }},
-    {"--missing", "TEXT[,...]", kOutput, "texts that stand for no value",
+    {"--missing", "TEXT[,...]", kOutput, "texts that stand for no value, or none",
      [](CommandReader& reader) { reader.takeLayout(LayoutOptions::missing); }},
 
     {"", "", "", "A session of an ODBC database instead of FILE ('*' and '?' are wildcards):"},

@@ -154,6 +154,7 @@ void CMainFrame::connectPages() {
     // Queued: opening a file rebuilds the menu whose item was chosen.
     connect(m_recent, &RecentFiles::chosen, this, &CMainFrame::openLater);
     connect(m_pages, &TabPages::pageActivated, this, &CMainFrame::OnIdleUpdateCmdUI);
+    connect(m_trendView, &CTrendView::missingSwitched, this, &CMainFrame::OnViewMissing);
     connect(m_trendView, &CTrendView::stateChanged, this, &CMainFrame::OnIdleUpdateCmdUI);
     auto* link = new PageLink(
         {*m_pages, kTrendPage, *m_gridView, *m_trendView, [this] { return m_loader->isBusy(); }},
@@ -362,6 +363,15 @@ void CMainFrame::OnEditClearAll() {
 void CMainFrame::OnViewDatagrid() {
     OnSetPreviewMode(false);
     m_pages->activate(kGridPage);
+}
+
+void CMainFrame::OnViewMissing() {
+    m_data.setMissingAsNumbers(!m_data.missingAsNumbers());
+    if (chartInFront()) m_trendView->keepTimes();
+    Grid()->gridModel().setChanged(true);
+    m_gridView->refreshStatistics();
+    remark(m_data.missingAsNumbers() ? tr("Missing values count as numbers")
+                                     : tr("Missing values are left out of chart and figures"));
 }
 
 void CMainFrame::OnViewTrendchart() {

@@ -106,6 +106,8 @@ class CMainFrame : public QMainWindow {
     void OnEditClearAll();
     void OnViewDatagrid();
     void OnViewTrendchart();
+    /// Takes numbers that stand for no value as values, or leaves them out again.
+    void OnViewMissing();
     /// Hides the sidebar or shows it at its width of 225, and remembers which.
     void OnViewSidebar();
     /// Hides the toolbar or shows it, and remembers which.

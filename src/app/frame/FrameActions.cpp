@@ -50,9 +50,9 @@ void FrameActions::buildMenus() {
     fillMenu(tr("&Edit"), {Undo, Redo, kSeparator, Cut, Copy, CopyWithHeadings, Paste, kSeparator,
                            SelectAllChannels, DeselectAllChannels, kSeparator, Find, FindNext,
                            FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});
-    fillMenu(tr("&View"),
-             {Command::Sidebar, Command::Toolbar, kSeparator, DataGrid, TrendChart, kSeparator,
-              EditAxis, AutoScale, SelectionZoom, IncreaseFont, DecreaseFont});
+    fillMenu(tr("&View"), {Command::Sidebar, Command::Toolbar, kSeparator, DataGrid, TrendChart,
+                           kSeparator, EditAxis, AutoScale, SelectionZoom, IncreaseFont,
+                           DecreaseFont, kSeparator, MissingAsNumbers});
     auto* chart = m_window->menuBar()->addMenu(tr("&Chart"));
     fillTrendMenu(*chart, *m_sets.back(), kAllAxes);
     fillMenu(tr("&Help"), {HelpContents, About});

@@ -95,6 +95,15 @@ void addViews(CommandSet& commands, CMainFrame& frame) {
         [&frame] { frame.OnViewTrendchart(); }, {}, [&frame] { return frame.chartInFront(); });
 }
 
+void addMissing(CommandSet& commands, CMainFrame& frame) {
+    commands.add(
+        {MissingAsNumbers, "Missing Values as &Numbers", "Ctrl+M",
+         "Draw and count numbers that stand for no value, such as -9999"},
+        [&frame] { frame.OnViewMissing(); },
+        [&frame] { return frame.data().hasMissingNumbers() && !frame.preview(); },
+        [&frame] { return frame.data().missingAsNumbers(); });
+}
+
 void addHelp(CommandSet& commands, CMainFrame& frame) {
     commands.add({HelpContents, "&Help Contents", "F1", "Open the help pages", IconName::Help},
                  [&frame] { frame.OnHelp(); });
@@ -113,6 +122,7 @@ void addFrameCommands(CommandSet& commands, CMainFrame& frame) {
     addPrinting(commands, frame);
     addEditing(commands, frame, exportable);
     addViews(commands, frame);
+    addMissing(commands, frame);
     addHelp(commands, frame);
 }
 

@@ -54,7 +54,10 @@ class LayoutBuilder {
         takeHeadings(headings());
         takeDecimals();
         takeTime();
-        m_layout.missing = m_wishes.missing ? *m_wishes.missing : findMissingTexts(m_head, m_table);
+        if (m_wishes.missing)
+            m_layout.missing = *m_wishes.missing;
+        else
+            findMissingTexts(m_head, m_table, m_layout);
         takeEnd();
         takeFieldCounts();
         m_layout.plain = !m_wishes.any() && isPlain();

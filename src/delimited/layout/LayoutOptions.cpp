@@ -11,6 +11,7 @@ namespace pellam {
 namespace {
 
 constexpr std::size_t kMostColumns = 100'000;
+constexpr std::string_view kNoTexts = "none";
 
 template <class Number>
 std::optional<Number> numberOf(std::string_view text) {
@@ -97,6 +98,7 @@ std::string LayoutOptions::timeFormat(std::string_view value, LayoutWishes& wish
 
 std::string LayoutOptions::missing(std::string_view value, LayoutWishes& wishes) {
     auto& texts = wishes.missing.emplace();
+    if (value == kNoTexts) return {};
     for (std::string_view list = value; !list.empty();) {
         const std::string_view text = takeItem(list);
         if (!text.empty()) texts.emplace_back(text);
@@ -149,7 +151,7 @@ std::string LayoutOptions::textsText(const std::vector<std::string>& texts) {
     std::string list;
     for (const std::string& text : texts)
         list += (list.empty() ? "" : ", ") + text;
-    return list;
+    return list == kNoTexts ? list + ',' : list;
 }
 
 } // namespace pellam

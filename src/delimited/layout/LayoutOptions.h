@@ -19,6 +19,7 @@ struct LayoutOptions {
     static std::string dataLine(std::string_view value, LayoutWishes& wishes);
     static std::string timeColumns(std::string_view value, LayoutWishes& wishes);
     static std::string timeFormat(std::string_view value, LayoutWishes& wishes);
+    /// Texts with commas between them; "none" alone for none of them.
     static std::string missing(std::string_view value, LayoutWishes& wishes);
 
     /// A quotation mark, or "none".
@@ -35,7 +36,7 @@ struct LayoutOptions {
     /// Columns as people count them, "1, 2"; "none" for none.
     [[nodiscard]] static std::string columnsText(const std::vector<std::size_t>& columns);
 
-    /// Texts with commas between them.
+    /// Texts with commas between them, as missing() takes them.
     [[nodiscard]] static std::string textsText(const std::vector<std::string>& texts);
 };
 

@@ -44,8 +44,8 @@ struct ColumnMarks {
 
 } // namespace
 
-std::vector<std::string> findMissingTexts(const SampleRecords& records, const SampleTable& table) {
-    std::vector<std::string> found;
+void findMissingTexts(const SampleRecords& records, const SampleTable& table, TextLayout& layout) {
+    std::vector<std::string>& found = layout.missing;
     const auto add = [&found](std::string_view text) {
         if (found.size() < kMostTexts && std::find(found.begin(), found.end(), text) == found.end())
             found.emplace_back(text);
@@ -75,7 +75,12 @@ std::vector<std::string> findMissingTexts(const SampleRecords& records, const Sa
             if (marks.standsApart(valueOf(text))) add(text);
         }
     }
-    return found;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        const double value = valueOf(found[i]);
+        for (std::size_t column = 0; column < columns.size() && !std::isnan(value); ++column) {
+            if (!columns[column].standsApart(value)) layout.ownValues.push_back({column, i});
+        }
+    }
 }
 
 } // namespace pellam

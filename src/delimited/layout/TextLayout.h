@@ -48,7 +48,18 @@ struct TextLayout {
     bool timeGuessed = false; ///< day and month might be the other way round
     TimeForm otherTimeForm;   ///< the form that they would have then
 
-    std::vector<std::string> missing; ///< texts that stand for no value
+    /// Texts that stand for no value, and where one of them is a value all the same: a number that
+    /// does not stand apart from the column's others.
+    std::vector<std::string> missing;
+
+    struct OwnValue {
+        std::size_t column;
+        std::size_t missing; ///< place in the list
+
+        friend bool operator==(const OwnValue&, const OwnValue&) = default;
+    };
+
+    std::vector<OwnValue> ownValues;
 
     std::vector<std::string> description;    ///< the lines above the headings
     std::vector<std::string> headings;       ///< header lines as they stand: they may come back

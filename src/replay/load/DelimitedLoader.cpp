@@ -2,6 +2,7 @@
 
 #include "base/FieldScanner.h"
 #include "delimited/sample/RecordReader.h"
+#include "grid/DecimalText.h"
 #include "grid/TimeCell.h"
 #include "replay/load/DelimitedRows.h"
 #include "replay/load/RowCounter.h"
@@ -68,6 +69,7 @@ LoadOutcome DelimitedLoader::ReadDelimFile(const std::string& path) {
     // A time that was written anew is in the one form of all such times.
     m_context.grid.setTimeForm(m_layout.timeParts ? *TimeForm::parse("yyyy/MM/dd HH:mm:ss")
                                                   : m_layout.timeForm);
+    m_context.grid.setHasTimes(m_layout.plain || !m_layout.timeColumns.empty());
     for (const std::string& above : m_layout.description)
         outcome.description += (outcome.description.empty() ? "" : "\n") + above;
     outcome.layout = std::move(m_layout);
@@ -112,6 +114,7 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
         if (!counter.line(rows.rows(), reader.bytesRead() / 500)) break;
     }
     m_context.grid.setRowCount(rows.rows());
+    takeMissing(columns);
     outcome.aborted = counter.aborted();
     outcome.passedOver = rows.passedOver();
     outcome.passedOver.addCutLines(reader);
@@ -121,6 +124,17 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
 
 DelimitedColumns DelimitedLoader::plainColumns(std::string_view line) const {
     return {m_context.grid, plainLabels(line)};
+}
+
+void DelimitedLoader::takeMissing(const DelimitedColumns& columns) const {
+    std::vector<MissingText> texts;
+    for (const std::string& text : m_layout.missing)
+        texts.push_back({text, parseDecimal(text, m_layout.decimal)});
+    m_context.grid.setMissing(std::move(texts));
+    for (const auto& [field, missing] : m_layout.ownValues) {
+        const int column = field < columns.fields() ? columns.ofField(field) : 0;
+        if (column > 0) m_context.grid.column(column).setAsValue(missing);
+    }
 }
 
 std::vector<std::string> DelimitedLoader::plainLabels(std::string_view line) const {

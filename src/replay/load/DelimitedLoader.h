@@ -32,6 +32,7 @@ class DelimitedLoader {
     [[nodiscard]] bool firstLine(LineReader& reader, std::string_view& line);
     [[nodiscard]] DelimitedColumns plainColumns(std::string_view line) const;
     [[nodiscard]] std::vector<std::string> plainLabels(std::string_view line) const;
+    void takeMissing(const DelimitedColumns& columns) const;
     void readRows(LineReader& reader, DelimitedColumns& columns, std::string_view first,
                   LoadOutcome& outcome);
 

@@ -103,6 +103,12 @@ void CTrend::setCurrentTime(std::optional<double> time) {
     m_commands->updateOverlay();
 }
 
+void CTrend::showTimes(const TrendRanges::Range& times) {
+    m_chart.state.timeMin = times.min;
+    m_chart.state.timeMax = times.max;
+    chartChanged(Change::Range);
+}
+
 bool CTrend::canZoomBack() const {
     return m_commands->history().canGoBack();
 }

@@ -42,6 +42,8 @@ class CTrend : public QWidget, public TrendOperations {
     /// Marks the row of the table that is current; nothing takes the mark off.
     void setCurrentTime(std::optional<double> time);
 
+    /// Shows these times; what zooming to everything comes back to stays as it is.
+    void showTimes(const TrendRanges::Range& times);
     bool canZoomBack() const;
     bool canZoomForward() const;
     /// Keeps what was shown before as a step that zooming back returns to, unless that is still

@@ -49,7 +49,8 @@ QString TrendAccessiblePart::text(QAccessible::Text type) const {
 QString TrendAccessiblePart::name() const {
     switch (m_id.kind) {
     case Kind::TimeAxis:
-        return say("Time axis");
+        return scene().chart().state.xAxis.kind == XAxis::Kind::Rows ? say("Row axis")
+                                                                     : say("Time axis");
     case Kind::Scale:
         return say("Y axis %1: %2").arg(m_id.index).arg(m_trend->GetYScText(m_id.index));
     case Kind::Curve:

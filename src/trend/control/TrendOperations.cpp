@@ -78,6 +78,14 @@ void TrendOperations::setTitle(const QString& title) {
     setSetting(m_chart.state.title, title);
 }
 
+void TrendOperations::setXAxis(const XAxis& axis) {
+    setSetting(m_chart.state.xAxis, axis);
+}
+
+void TrendOperations::setPaperNotes(const QStringList& notes) {
+    setSetting(m_chart.state.paperNotes, notes);
+}
+
 void TrendOperations::setNotes(const QStringList& notes) {
     setSetting(m_chart.state.notes, notes);
 }

@@ -4,6 +4,7 @@
 #include "trend/curves/TrendChart.h"
 #include "trend/curves/TrendRanges.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -24,8 +25,8 @@ struct CurveDataRange {
 
 /// The operations on a chart's data and settings. Needs no widget, so that a chart can be set up
 /// without a display. Curves count from 0, Y scales from 1 to 6, times are seconds since 1970 (UTC)
-/// with a fraction. Numbers of curves or scales that there are not are ignored by setters; getters
-/// then answer as for a new curve or scale.
+/// with a fraction, or what setXAxis() says. Numbers of curves or scales that there are not are
+/// ignored by setters; getters then answer as for a new curve or scale.
 class TrendOperations {
   public:
     TrendOperations();
@@ -56,7 +57,9 @@ class TrendOperations {
     double GetFontScaleFactor() const;
     TrendFont GetFont();
     void setTitle(const QString& title);
-    void setNotes(const QStringList& notes); ///< lines about points that were left out
+    void setXAxis(const XAxis& axis); ///< what the curves' times count; a calendar at start
+    void setPaperNotes(const QStringList& notes); ///< more of them, where there are no buttons
+    void setNotes(const QStringList& notes);      ///< lines about points that were left out
     virtual void setBreakGaps(bool on);
     void setDecimalPoint(QChar point); ///< in numbers and times; '.' at start
 
@@ -80,8 +83,9 @@ class TrendOperations {
     void DeleteData(int curve);
     /// Replaces a curve's points; times may be shared with other curves. NaN = no value. False, and
     /// the curve left without points, when the lengths differ or the times are null.
+    /// `gaps`: places of points, ascending, that are known to miss a value.
     bool setCurvePoints(int curve, std::shared_ptr<const TrendTimes> times,
-                        std::vector<double>&& values);
+                        std::vector<double>&& values, std::vector<std::uint32_t>&& gaps = {});
     /// Extent of the points that have a value; nothing without one.
     std::optional<CurveDataRange> GetDataRange(int curve) const;
 

@@ -102,12 +102,13 @@ void TrendOperations::DeleteData(int curve) {
 }
 
 bool TrendOperations::setCurvePoints(int curve, std::shared_ptr<const TrendTimes> times,
-                                     std::vector<double>&& values) {
+                                     std::vector<double>&& values,
+                                     std::vector<std::uint32_t>&& gaps) {
     TrendCurve* const found = writable(curve);
     if (!found) return false;
     bool taken = times != nullptr;
     if (taken) {
-        taken = found->setPoints(std::move(times), std::move(values));
+        taken = found->setPoints(std::move(times), std::move(values), std::move(gaps));
     } else {
         found->deleteData();
     }

@@ -9,18 +9,23 @@ namespace {
 
 constexpr double kEarliest = -62135596800; // year 1
 constexpr double kLatest = 253402300800;   // year 10000
-constexpr double kShortestSpan = 2e-6;
 // Part of a time below which doubles leave too few steps to tell marks and curves apart: 34
 // microseconds today. Maps show less than half of that as something else.
 constexpr double kFinest = 2e-14;
 constexpr double kLargestValue = 1e300;
+
+double shortestSpan(const XAxis& axis) {
+    if (axis.kind == XAxis::Kind::Rows) return 1;
+    return 2 * std::pow(10.0, -axis.mostDigits());
+}
 
 } // namespace
 
 bool TrendZoom::setTime(double min, double max) {
     min = std::max(min, kEarliest);
     max = std::min(max, kLatest);
-    if (!(max - min >= std::max(kShortestSpan, std::abs(max) * kFinest))) return false;
+    if (!(max - min >= std::max(shortestSpan(m_state.xAxis), std::abs(max) * kFinest)))
+        return false;
     if (m_state.timeMin == min && m_state.timeMax == max) return false;
     m_state.timeMin = min;
     m_state.timeMax = max;

@@ -84,6 +84,7 @@ QStringList TrendChart::noteLines() const {
                          .arg(QLocale().toString(qulonglong(count)), one.text().trimmed());
     }
     QStringList lines = state.notes;
+    if (state.curveButtons == 0) lines = state.paperNotes + lines;
     if (!parts.isEmpty())
         lines += QStringLiteral("Not on a logarithmic scale (zero or below): ") +
                  parts.join(QStringLiteral(", "));

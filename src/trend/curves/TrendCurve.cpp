@@ -26,11 +26,13 @@ void TrendCurve::setMaxDataSets(std::size_t count) {
     dropOldest();
 }
 
-bool TrendCurve::setPoints(std::shared_ptr<const TrendTimes> times, std::vector<double>&& values) {
+bool TrendCurve::setPoints(std::shared_ptr<const TrendTimes> times, std::vector<double>&& values,
+                           std::vector<std::uint32_t>&& gaps) {
     deleteData();
     if (!times || times->size() != values.size()) return false;
     m_times = std::move(times);
     m_values = std::move(values);
+    m_gaps = std::move(gaps);
     m_pyramid.build(m_values.data(), m_values.size());
     const ValueRange all = valueRange();
     if (!all.empty() && !(std::isfinite(all.min) && std::isfinite(all.max))) {
@@ -58,6 +60,7 @@ void TrendCurve::deleteData() {
     m_times = noTimes();
     m_ownTimes.reset();
     m_values = {};
+    m_gaps = {};
     m_pyramid.clear();
     forgetDerived();
 }
@@ -80,6 +83,9 @@ void TrendCurve::dropOldest() {
     m_ownTimes = times;
     m_times = std::move(times);
     m_values.erase(m_values.begin(), m_values.begin() + surplus);
+    std::erase_if(m_gaps, [surplus](std::uint32_t gap) { return gap < surplus; });
+    for (std::uint32_t& gap : m_gaps)
+        gap -= static_cast<std::uint32_t>(surplus);
     m_pyramid.build(m_values.data(), m_values.size());
     forgetDerived();
 }
@@ -123,6 +129,11 @@ double TrendCurve::usualStep() const {
     const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
     std::nth_element(steps.begin(), middle, steps.end());
     return m_usualStep = *middle;
+}
+
+bool TrendCurve::gapBetween(std::size_t first, std::size_t last) const {
+    const auto gap = std::lower_bound(m_gaps.begin(), m_gaps.end(), first + 1);
+    return gap != m_gaps.end() && *gap < last;
 }
 
 std::size_t TrendCurve::notPositiveCount() const {

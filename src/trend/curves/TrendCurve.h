@@ -5,6 +5,7 @@
 #include "trend/curves/TrendTimes.h"
 
 #include <QString>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -34,8 +35,10 @@ class TrendCurve {
     /// Most points that the curve keeps; 0 = no limit. Points beyond it push the oldest out.
     void setMaxDataSets(std::size_t count);
 
-    /// Replaces all points. False, and the curve left empty, when the two lengths differ.
-    bool setPoints(std::shared_ptr<const TrendTimes> times, std::vector<double>&& values);
+    /// Replaces all points. False, and the curve left empty, when the two lengths differ. `gaps`:
+    /// places of points, ascending, over which no line goes: values that are known to be missing.
+    bool setPoints(std::shared_ptr<const TrendTimes> times, std::vector<double>&& values,
+                   std::vector<std::uint32_t>&& gaps = {});
     /// Adds a point; false when its time is not later than the last one's or not finite.
     bool append(double time, double value);
     /// Removes all points.
@@ -58,6 +61,8 @@ class TrendCurve {
     /// Median time between neighbouring points that have a value, in seconds; 0 with fewer than
     /// two.
     double usualStep() const;
+    /// Whether a value is known to be missing between two points.
+    bool gapBetween(std::size_t first, std::size_t last) const;
     /// Number of values that a logarithmic scale can't show (zero or below).
     std::size_t notPositiveCount() const;
     /// Number of points that have a value.
@@ -81,6 +86,7 @@ class TrendCurve {
     std::shared_ptr<TrendTimes>
         m_ownTimes; ///< the same object as m_times while points are appended
     std::vector<double> m_values;
+    std::vector<std::uint32_t> m_gaps;
     MinMaxPyramid m_pyramid;
     mutable std::unique_ptr<MinMaxPyramid> m_positive;
     mutable std::unique_ptr<BlockSums> m_sums;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/XAxis.h"
 #include "trend/curves/CurveStyle.h"
 #include "trend/curves/TrendScale.h"
 
@@ -18,10 +19,12 @@ struct TrendState {
     TrendState();
 
     std::array<TrendScale, trendScaleCount> scales; ///< scale a is scales[a - 1]
-    double timeMin = 0;                             ///< shown range, seconds since 1970 UTC
+    XAxis xAxis;                                    ///< what the times below count
+    double timeMin = 0;                             ///< shown range
     double timeMax = 1;
     QString title;               ///< above the drawing area; empty = none
     QStringList notes;           ///< one line each below it: points that were left out
+    QStringList paperNotes;      ///< what else stands there while curveButtons is 0
     bool rotated = false;        ///< kept only
     bool identicalXData = false; ///< kept only
     bool lassoZoom = true;

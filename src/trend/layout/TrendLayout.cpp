@@ -4,6 +4,7 @@
 #include "trend/layout/LegendLayout.h"
 #include "trend/layout/ScaleLayout.h"
 #include "trend/layout/TextMeasure.h"
+#include "trend/ticks/XAxisTicks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,11 +47,12 @@ double placeFoot(const TrendChart& chart, TrendLayout& layout, double margin) {
 }
 
 // Fewer labels are asked for until the widest has room around it.
-int timeLabelCount(const TrendLayout& layout, double span) {
+int timeLabelCount(const TrendLayout& layout, const XAxisTicks& ticks) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
     int labels = std::max(2, static_cast<int>(layout.plot.width() / (3 * metrics.height())));
     for (; labels > 1; --labels) {
-        const QString sample = TimeTicks::sampleLabel(span, labels);
+        const QString sample =
+            ticks.sampleLabel(layout.timeMap.min(), layout.timeMap.max(), labels);
         const double wide = metrics.width(sample) + 1.8 * metrics.height();
         if (wide * labels <= layout.plot.width()) break;
     }
@@ -60,10 +62,11 @@ int timeLabelCount(const TrendLayout& layout, double span) {
 void findTimeMarks(TrendLayout& layout, const TrendState& state, const TimeTicks& times) {
     const double from = layout.timeMap.min();
     const double to = layout.timeMap.max();
-    const int most = timeLabelCount(layout, to - from);
+    const XAxisTicks axis(state.xAxis, times);
+    const int most = timeLabelCount(layout, axis);
     const auto isMajor = [](const AxisTick& tick) { return tick.major; };
     for (int labels = most; labels <= most + 3; ++labels) { // a narrow axis needs one all the same
-        layout.timeMarks = times.find(from, to, labels);
+        layout.timeMarks = axis.find(from, to, labels);
         const auto& ticks = layout.timeMarks.ticks;
         if (std::any_of(ticks.begin(), ticks.end(), isMajor)) break;
     }

@@ -11,15 +11,17 @@ namespace {
 class Finder {
   public:
     Finder(const TrendCurve& curve, const ColumnGrid& grid, const ScaleMap& map, bool breakGaps)
-        : m_times(curve.times()->data()),
+        : m_curve(curve),
+          m_usual(breakGaps ? curve.usualStep() : std::numeric_limits<double>::infinity()),
+          m_times(curve.times()->data()),
           m_values(curve.values()),
           m_count(curve.size()),
           m_pyramid(curve.pyramid(map.logarithmic())),
           m_grid(grid),
           m_map(map),
           m_width((grid.to - grid.from) / grid.columns),
-          m_longest(breakGaps && curve.usualStep() > 0 ? 3 * curve.usualStep()
-                                                       : std::numeric_limits<double>::infinity()) {}
+          m_longest(breakGaps && m_usual > 0 ? 3 * m_usual
+                                             : std::numeric_limits<double>::infinity()) {}
 
     std::vector<ColumnSpan> find(const std::vector<std::size_t>& starts) {
         std::vector<ColumnSpan> spans(static_cast<std::size_t>(m_grid.columns));
@@ -115,11 +117,18 @@ class Finder {
         m_joinKnown = true;
         const double step = m_times[m_next] - m_times[m_last];
         m_fromLast = m_grid.from - m_times[m_last];
-        m_joined = step <= m_longest;
+        m_joined = step <= m_longest && !missesBetween(step);
         m_slope = step > 0 ? (m_nextPixel - m_lastPixel) / step : 0;
     }
 
+    // Values that a curve misses as a rule are no gap: it is measured less often than others.
+    bool missesBetween(double step) const {
+        return step > 1.5 * m_usual && m_curve.gapBetween(m_last, m_next);
+    }
+
     static constexpr std::size_t unknown = std::numeric_limits<std::size_t>::max();
+    const TrendCurve& m_curve;
+    double m_usual; // step between values; infinite where gaps are bridged
     const double* m_times;
     const double* m_values;
     std::size_t m_count;

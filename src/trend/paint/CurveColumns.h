@@ -34,8 +34,9 @@ struct ColumnGrid {
 class CurveColumns {
   public:
     /// starts: columnStarts() of the curve's times over the grid. With breakGaps no line crosses
-    /// more than three times the curve's usual step. Samples that a logarithmic map can't show are
-    /// passed over.
+    /// more than three times the curve's usual step, or a missing value that makes it longer than
+    /// usual. Samples that a logarithmic
+    /// map can't show are passed over.
     static std::vector<ColumnSpan> find(const TrendCurve& curve,
                                         const std::vector<std::size_t>& starts,
                                         const ColumnGrid& grid, const ScaleMap& map,

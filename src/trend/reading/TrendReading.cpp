@@ -22,12 +22,12 @@ QString tr(const char* text) {
 }
 
 // Fraction digits that a time needs, at least those that are known to be needed.
-int digitsOf(double time, int digits) {
+int digitsOf(double time, int digits, int most) {
     // Doubles around now are a quarter of a microsecond apart.
-    constexpr double slack = 3e-7;
+    const double slack = 0.3 * std::pow(10.0, -most);
     const double fraction = time - std::floor(time);
     double unit = std::pow(10.0, digits);
-    while (digits < 6 && std::abs(fraction - std::round(fraction * unit) / unit) > slack)
+    while (digits < most && std::abs(fraction - std::round(fraction * unit) / unit) > slack)
         unit = std::pow(10.0, ++digits);
     return digits;
 }
@@ -73,14 +73,15 @@ int TrendReading::findDigits() const {
         const TrendTimes& times = *m_chart.curves[static_cast<std::size_t>(curve)].times();
         const std::size_t stride = std::max<std::size_t>(1, times.size() / kMostTimesLookedAt);
         for (std::size_t i = 0; i < times.size(); i += stride)
-            digits = digitsOf(times[i], digits);
+            digits = digitsOf(times[i], digits, m_chart.state.xAxis.mostDigits());
     }
     return digits;
 }
 
 // Only some of the times were looked at: one that is shown and needs more digits has them.
 void TrendReading::noteSample(const std::optional<CurveSample>& sample) const {
-    if (sample) m_foundDigits = digitsOf(sample->time, timeDigits());
+    const int most = m_chart.state.xAxis.mostDigits();
+    if (sample) m_foundDigits = digitsOf(sample->time, timeDigits(), most);
 }
 
 void TrendReading::noteTimes(const TrendMarks& marks) const {
@@ -99,11 +100,11 @@ int TrendReading::timeDigits() const {
 }
 
 QString TrendReading::timeText(double time) const {
-    return m_chart.state.numbers(m_times.fullText(time, timeDigits()));
+    return m_chart.state.numbers(axis().fullText(time, timeDigits()));
 }
 
 QString TrendReading::spanText(double seconds) const {
-    return m_chart.state.numbers(TimeTicks::spanText(seconds, timeDigits()));
+    return m_chart.state.numbers(axis().spanText(seconds, timeDigits()));
 }
 
 QString TrendReading::valueText(double value) {
@@ -225,10 +226,12 @@ ReadoutContent TrendReading::spans(const QRectF& rect, const TrendLayout& layout
         const double from = layout.timeMap.toValue(rect.left());
         const double to = layout.timeMap.toValue(rect.right());
         const double pixel = (to - from) / std::max(1.0, rect.width());
-        const int digits = std::clamp(static_cast<int>(std::ceil(-std::log10(pixel))), 0, 6);
-        content.lines += m_chart.state.numbers(TimeTicks::spanText(to - from, digits));
-        content.lines += m_chart.state.numbers(
-            m_times.fullText(from, digits) + QStringLiteral(" – ") + m_times.fullText(to, digits));
+        const int digits = std::clamp(static_cast<int>(std::ceil(-std::log10(pixel))), 0,
+                                      m_chart.state.xAxis.mostDigits());
+        const QString ends =
+            axis().fullText(from, digits) + QStringLiteral(" – ") + axis().fullText(to, digits);
+        content.lines += m_chart.state.numbers(axis().spanText(to - from, digits));
+        content.lines += m_chart.state.numbers(ends);
     }
     if (!values) return content;
     content.titles = {QString(), tr("From"), tr("To"), tr("Span")};

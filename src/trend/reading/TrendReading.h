@@ -2,7 +2,7 @@
 
 #include "trend/curves/CurveReader.h"
 #include "trend/curves/TrendChart.h"
-#include "trend/ticks/TimeTicks.h"
+#include "trend/ticks/XAxisTicks.h"
 
 #include <map>
 #include <optional>
@@ -66,6 +66,8 @@ class TrendReading {
         double m_to = 0;
         std::map<int, CurveStatistics> m_found;
     };
+
+    XAxisTicks axis() const { return {m_chart.state.xAxis, m_times}; }
 
     void addTimes(ReadoutContent& content, const TrendMarks& marks) const;
     QStringList cells(int curve, const TrendMarks& marks, double heading) const;

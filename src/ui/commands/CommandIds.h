@@ -63,6 +63,7 @@ enum class Command : int {
     YAxis = 33020, ///< the dialog of axis 1; the five numbers after it those of axes 2 to 6
     Properties = 33026,
     OpenWithLayout = 33027,
+    MissingAsNumbers = 33028,
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace pellam {
 
@@ -23,6 +24,10 @@ struct DataExtent {
 
 DataExtent visibleExtent(const TrendOperations& trend, double now) {
     DataExtent extent{{}, now, 0};
+    if (trend.chart().state.xAxis.kind != XAxis::Kind::Calendar) {
+        extent.from = std::numeric_limits<double>::infinity();
+        extent.to = -extent.from;
+    }
     for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
         const int axis = trend.GetCurveRelatedScale(curve);
         const auto range = trend.GetDataRange(curve);

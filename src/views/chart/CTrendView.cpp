@@ -7,6 +7,7 @@
 #include "replay/time/CMyTime.h"
 #include "trend/control/CTrend.h"
 #include "ui/commands/CommandSet.h"
+#include "ui/dialogs/NoticeBar.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/ChartClipboard.h"
@@ -51,6 +52,7 @@ CTrendView::CTrendView(const Context& context, QWidget* parent)
       m_context(context),
       m_trend(new CTrend),
       m_message(new QLabel(this)),
+      m_note(new NoticeBar(tr("Draw &Them"), this)),
       m_dropTarget(new CMyDropTarget(this)) {
     OnInitialUpdate();
     connectTrend();
@@ -67,6 +69,7 @@ void CTrendView::OnInitialUpdate() {
     m_message->setWordWrap(true);
     m_message->setAlignment(Qt::AlignCenter);
     m_message->setMargin(48);
+    m_note->hide();
     TrendTable nothing;
     showChart(nothing);
 }
@@ -74,6 +77,11 @@ void CTrendView::OnInitialUpdate() {
 void CTrendView::connectTrend() {
     connect(m_trend, &CTrend::timeClicked, this, [this](double time) {
         if (const auto row = m_rows.nearest(time)) Q_EMIT rowChosen(*row);
+    });
+    connect(m_note, &NoticeBar::chosen, this, &CTrendView::missingSwitched);
+    connect(m_note, &NoticeBar::dismissed, this, [this] {
+        SizeToFit();
+        m_trend->setFocus();
     });
     connect(m_trend, &CTrend::stripChartRequested, this, &CTrendView::toggleStripChart);
     connect(m_trend, &CTrend::autoScaleRequested, this, &CTrendView::OnTrendSanity);
@@ -130,12 +138,24 @@ void CTrendView::showChart(TrendTable& table) {
     m_message->setText(nothingToDraw(table, rows));
     m_message->setVisible(!m_message->text().isEmpty());
     m_trend->setVisible(m_message->isHidden());
+    const auto [axis, shown] =
+        std::pair(m_trend->chart().state.xAxis, TrendRanges::of(m_trend->chart().state).time);
+    tellMissing(table);
     m_rows = showTable(*m_trend, table, rows);
     setUnits(table);
     m_stacked ? stackScales(*m_trend) : overlayScales(*m_trend);
     // Not as a step of the zoom history: there is nothing to go back to.
     autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
+    if (m_keepTimes && axis == table.xAxis) m_trend->showTimes(shown);
+    m_keepTimes = false;
     setCurrentRow(m_currentRow);
+}
+
+void CTrendView::tellMissing(const TrendTable& table) {
+    const QString note = missingNumbersNote(table).join(u' ');
+    m_note->button()->setText(table.missingAsNumbers ? tr("&Leave Out") : tr("Draw &Them"));
+    note.isEmpty() ? m_note->hide() : m_note->open(note);
+    SizeToFit();
 }
 
 void CTrendView::setUnits(const TrendTable& table) {
@@ -266,8 +286,11 @@ void CTrendView::exportImage() {
 // --- Events
 
 void CTrendView::SizeToFit() {
-    m_trend->setGeometry(rect());
-    m_message->setGeometry(rect());
+    QRect below = rect();
+    if (!m_note->isHidden()) below.setTop(m_note->sizeHint().height());
+    m_note->setGeometry(0, 0, width(), below.top());
+    m_trend->setGeometry(below);
+    m_message->setGeometry(below);
 }
 
 void CTrendView::resizeEvent(QResizeEvent* event) {

@@ -20,6 +20,7 @@ class CMyDropTarget;
 class CommandSet;
 class CTrend;
 class MessageSink;
+class NoticeBar;
 class ProgressSink;
 struct InternationalSettings;
 struct TrendTable;
@@ -85,6 +86,9 @@ class CTrendView : public QWidget {
     /// Prints the chart on one page; tells when the printer can't be used.
     void print(QPrinter& printer);
 
+    /// The next rebuild shows the same times as now, if it counts the same.
+    void keepTimes() { m_keepTimes = true; }
+
     /// Marks the time of a data row, counted from 1, on the chart; 0 for none.
     void setCurrentRow(qint64 row);
 
@@ -108,6 +112,8 @@ class CTrendView : public QWidget {
     void rebuilt();
     /// A moment was chosen on the chart: the data row nearest to it, counted from 0.
     void rowChosen(qint64 row);
+    /// Numbers that stand for no value are to be drawn, or left out again.
+    void missingSwitched();
     /// Something that commands depend on has changed.
     void stateChanged();
 
@@ -127,6 +133,7 @@ class CTrendView : public QWidget {
     void rebuild();
     void showChart(TrendTable& table);
     void setUnits(const TrendTable& table);
+    void tellMissing(const TrendTable& table);
     void addFontCommands();
     void changeFont(double step);
     bool OnPreparePrinting(QPrinter& printer);
@@ -135,12 +142,14 @@ class CTrendView : public QWidget {
     Context m_context;
     CTrend* m_trend;
     QLabel* m_message;
+    NoticeBar* m_note; ///< of numbers that stand for no value
     CMyDropTarget* m_dropTarget;
     RowsByTime m_rows;
     QString m_fileName;
     qint64 m_currentRow = 0;
     bool m_stacked = false;
     bool m_rebuilding = false;
+    bool m_keepTimes = false;
 };
 
 } // namespace pellam

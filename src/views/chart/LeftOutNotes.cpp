@@ -39,6 +39,33 @@ QString noteByChannel(const TrendTable& table, const QString& what, std::int64_t
     return tr("Left out, %1: %2").arg(what, list);
 }
 
+/// "-9999 left out 1,204 times in 3 channels"; empty for a text that does not occur.
+QString noteOnMissing(const TrendTable& table, std::size_t text) {
+    qlonglong times = 0;
+    int channels = 0;
+    for (const TrendTable::Curve& curve : table.curves) {
+        if (text >= curve.leftOut.missing.size() || curve.leftOut.missing[text] == 0) continue;
+        times += curve.leftOut.missing[text];
+        ++channels;
+    }
+    if (times == 0) return {};
+    const bool drawn = table.missingAsNumbers && table.missing[text].value;
+    const QString often = times == 1 ? tr("once") : tr("%L1 times").arg(times);
+    const QString where = channels == 1 ? tr("1 channel") : tr("%L1 channels").arg(channels);
+    return (drawn ? tr("%1 drawn as a value %2 in %3") : tr("%1 left out %2 in %3"))
+        .arg(screenText(table.missing[text].text), often, where);
+}
+
+/// All of them in one line, numbers or words.
+QStringList missingNote(const TrendTable& table, bool numbers) {
+    QStringList parts;
+    for (std::size_t i = 0; i < table.missing.size(); ++i) {
+        if (table.missing[i].value.has_value() == numbers) parts += noteOnMissing(table, i);
+    }
+    parts.removeAll(QString());
+    return parts.isEmpty() ? parts : QStringList(parts.join(QStringLiteral(", ")));
+}
+
 bool hasValues(const TrendTable& table) {
     const auto known = [](double value) { return std::isfinite(value); };
     return std::any_of(table.curves.begin(), table.curves.end(), [known](const auto& curve) {
@@ -60,7 +87,7 @@ QString nothingToDraw(const TrendTable& table, Row rowCount) {
         const QString why =
             tr("Attention: The selected channels hold no values, so there is nothing "
                "to draw.");
-        return (QStringList(why) + leftOutNotes(table)).join(u'\n');
+        return (QStringList(why) + missingNumbersNote(table) + leftOutNotes(table)).join(u'\n');
     }
     if (table.unreadableTimes > 0) {
         return tr("Attention: The times in the first column can't be read, so there is nothing to "
@@ -75,6 +102,10 @@ QString nothingToDraw(const TrendTable& table, Row rowCount) {
     return tr("Attention: The first column holds no times, so there is nothing to draw.");
 }
 
+QStringList missingNumbersNote(const TrendTable& table) {
+    return missingNote(table, true);
+}
+
 QStringList leftOutNotes(const TrendTable& table) {
     QStringList notes;
     if (table.aborted) notes += tr("Stopped while the chart was loading: later rows are missing");
@@ -83,6 +114,7 @@ QStringList leftOutNotes(const TrendTable& table) {
     if (table.outsideTimes > 0)
         notes += tr("Rows left out, before 1970 or after 2106: %L1").arg(table.outsideTimes);
     if (table.emptyTimes > 0) notes += tr("Rows left out, no time: %L1").arg(table.emptyTimes);
+    notes += missingNote(table, false);
     notes += noteByChannel(table, tr("sentinel values"), &LeftOut::sentinels);
     notes += noteByChannel(table, tr("no numbers"), &LeftOut::notNumbers);
     notes += noteByChannel(table, tr("time not later than before"), &LeftOut::notLater);

@@ -6,6 +6,7 @@
 #include "views/text/ScreenText.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pellam {
 
@@ -54,7 +55,11 @@ void hideEmptyScales(TrendOperations& trend) {
     }
 }
 
-/// Around a single moment, which spans no time axis, a minute is shown.
+/// What is shown on either side of a single moment, which spans no time axis.
+double aroundLoneMoment(const XAxis& axis) {
+    return axis.kind == XAxis::Kind::Rows ? 1 : 30 * std::pow(10.0, axis.unit);
+}
+
 void showLoneMoment(TrendOperations& trend) {
     ValueRange shown;
     for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
@@ -64,8 +69,9 @@ void showLoneMoment(TrendOperations& trend) {
         shown.max = std::max(shown.max, range->xTo);
     }
     if (shown.min != shown.max) return;
-    trend.SetXScActualRangeMin(shown.min - 30);
-    trend.SetXScActualRangeMax(shown.max + 30);
+    const double around = aroundLoneMoment(trend.chart().state.xAxis);
+    trend.SetXScActualRangeMin(shown.min - around);
+    trend.SetXScActualRangeMax(shown.max + around);
 }
 
 } // namespace
@@ -108,13 +114,15 @@ RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
     for (int axis = 1; axis <= trendScaleCount; ++axis)
         trend.SetYScEnabled(axis, 0);
     trend.setNotes(leftOutNotes(table));
+    trend.setPaperNotes(missingNumbersNote(table));
+    trend.setXAxis(table.xAxis);
     const auto times = TrendTimes::create(std::move(table.times));
     const auto capacity = static_cast<std::size_t>(std::max<Row>(64, rowCount));
     int index = 0;
     for (TrendTable::Curve& curve : table.curves) {
         if (index == trend.GetCurveCount()) break;
         showCurve(trend, index, curve, capacity);
-        trend.setCurvePoints(index++, times, std::move(curve.values));
+        trend.setCurvePoints(index++, times, std::move(curve.values), std::move(curve.gaps));
     }
     hideEmptyScales(trend);
     showLoneMoment(trend);

@@ -55,10 +55,8 @@ CGridView::CGridView(GridData& grid, const InternationalSettings& settings, QWid
 CGridView::~CGridView() = default;
 
 void CGridView::connectGrid() {
-    connect(m_cug, &MyCug::selectionMade, this,
-            [this] { m_statistics->setAreas(m_cug->selectedAreas()); });
-    connect(m_model, &GridModel::dataChanged, this,
-            [this] { m_statistics->setAreas(m_cug->selectedAreas()); });
+    connect(m_cug, &MyCug::selectionMade, this, &CGridView::refreshStatistics);
+    connect(m_model, &GridModel::dataChanged, this, &CGridView::refreshStatistics);
     connect(m_statistics, &SelectionStatistics::statisticsChanged, this,
             &CGridView::statisticsChanged);
     connect(m_model, &GridModel::changedMark, this, &CGridView::changedMark);
@@ -126,6 +124,10 @@ void CGridView::endLoad(bool largeFile, bool protect) {
     m_cug->scrollToTop();
     m_cug->setUpdatesEnabled(true);
     m_blank->hide();
+}
+
+void CGridView::refreshStatistics() {
+    m_statistics->setAreas(m_cug->selectedAreas());
 }
 
 void CGridView::showNote(const QString& text) {

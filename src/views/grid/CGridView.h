@@ -53,6 +53,8 @@ class CGridView : public QWidget {
     /// Shows a note above the grid, with a button "Change...", until it is closed or the next load
     /// begins; an empty one shows none.
     void showNote(const QString& text);
+    /// The figures of the selected cells are out of date.
+    void refreshStatistics();
 
     /// Name that printed pages carry at the foot.
     void setFileName(const QString& name) { m_fileName = name; }

@@ -1,5 +1,7 @@
 #include "views/grid/GoToDialog.h"
 
+#include "grid/TimeColumn.h"
+#include "times/TimeUnit.h"
 #include "views/sheet/GridModel.h"
 #include "views/text/ScreenText.h"
 
@@ -16,17 +18,16 @@ GoToDialog::GoToDialog(const GridData& grid, const InternationalSettings& settin
                        QWidget* parent)
     : QDialog(parent),
       m_grid(grid),
+      m_form(TimeColumn(grid, settings).form()),
       m_finder(grid, settings),
       m_current(current),
       m_wanted(new QLineEdit),
       m_remark(new QLabel) {
     setWindowTitle(tr("Go To"));
-    auto* label = new QLabel(tr("&Row number or time:"));
+    auto* label = new QLabel(grid.hasTimes() ? tr("&Row number or time:") : tr("&Row number:"));
     label->setBuddy(m_wanted);
-    CellBuffer buffer;
-    const QString first = screenText(grid.text(0, 0, buffer));
-    const QString last =
-        grid.rowCount() > 0 ? screenText(grid.text(0, grid.rowCount() - 1, buffer)) : QString();
+    const QString first = timeOf(0);
+    const QString last = grid.rowCount() > 0 ? timeOf(grid.rowCount() - 1) : QString();
     auto* range = new QLabel(
         last.isEmpty() ? tr("There are %L1 rows.").arg(grid.rowCount())
                        : tr("Rows 1 to %L1, %2 to %3").arg(grid.rowCount()).arg(first, last));
@@ -65,6 +66,16 @@ GoToDialog::GoToDialog(const GridData& grid, const InternationalSettings& settin
     });
 }
 
+// As it can be typed: a count with its unit, since a whole number alone is a row's.
+QString GoToDialog::timeOf(Row row) const {
+    if (!m_grid.hasTimes()) return {};
+    CellBuffer buffer;
+    const QString text = screenText(m_grid.text(0, row, buffer));
+    const std::string& form = m_form.name();
+    if (text.isEmpty() || !form.starts_with("elapsed-") || !timeUnit(form)) return text;
+    return text.trimmed() + u' ' + QString::fromStdString(form.substr(form.find('-') + 1));
+}
+
 void GoToDialog::accept() {
     m_remark->setText(tr("Searching…"));
     m_finder.locate(m_wanted->text(), m_current);
@@ -77,9 +88,14 @@ QString GoToDialog::explain(RowLocator::State why) const {
     case RowLocator::State::NoRowAtOrAfter:
         return tr("No row has this time or a later one.");
     default:
-        return tr("No row has a time that begins like this. Write a row number, or a time such as "
-                  "2008/02/25 12:30.");
+        break;
     }
+    if (!m_grid.hasTimes())
+        return tr("Write a row number from 1 to %L1: the file has no times.")
+            .arg(m_grid.rowCount());
+    const bool elapsed = m_form.kind() == TimeForm::Kind::Elapsed;
+    return tr("No row has a time that begins like this. Write a row number, or a time such as %1.")
+        .arg(elapsed ? tr("0:00:10 or 250 ms") : tr("2008/02/25 12:30"));
 }
 
 } // namespace pellam

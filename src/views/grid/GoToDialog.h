@@ -26,9 +26,11 @@ class GoToDialog : public QDialog {
     void accept() override;
 
   private:
+    [[nodiscard]] QString timeOf(Row row) const;
     [[nodiscard]] QString explain(RowLocator::State why) const;
 
     const GridData& m_grid;
+    TimeForm m_form; ///< of its times; none where it has no times
     GridFinder m_finder;
     Row m_current;
     QLineEdit* m_wanted;

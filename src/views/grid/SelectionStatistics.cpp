@@ -40,9 +40,12 @@ void SelectionStatistics::setAreas(const std::vector<CellArea>& areas) {
         const bool more = work->scan.step();
         if (!more) {
             const StatisticsScan::Result result = work->scan.result();
-            const std::string count = QLocale().toString(qlonglong(result.count)).toStdString();
+            const auto counted = [](std::int64_t number) {
+                return QLocale().toString(qlonglong(number)).toStdString();
+            };
             Q_EMIT statisticsChanged(QString::fromStdString(
-                StatisticsScan::text(result, count, m_grid.decimalSeparator())));
+                StatisticsScan::text(result, counted(result.count), counted(result.leftOut),
+                                     m_grid.decimalSeparator())));
         } else if (!work->announced && work->clock.elapsed() > patience) {
             work->announced = true;
             Q_EMIT statisticsChanged(tr("Calculating…"));

@@ -28,6 +28,11 @@ RowLocator::RowLocator(const GridData& grid, const InternationalSettings& settin
       m_prefix(trimmed(wanted)),
       m_sought(SoughtTime::read(m_prefix, m_column.form(), settings, grid.fractionUnit())),
       m_left(grid.rowCount()) {
+    // As the chart says it.
+    if (m_prefix.starts_with("row ")) {
+        const std::string_view number = trimmed(std::string_view(m_prefix).substr(4));
+        if (std::all_of(number.begin(), number.end(), isDigit)) m_prefix = std::string(number);
+    }
     if (m_prefix.empty()) {
         m_state = State::NotUnderstood;
     } else if (std::all_of(m_prefix.begin(), m_prefix.end(), isDigit)) {

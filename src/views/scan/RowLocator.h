@@ -21,10 +21,10 @@ class RowLocator {
         NoRowAtOrAfter ///< every row is earlier than this time
     };
 
-    /// `wanted` is a row number from 1, or a time or the beginning of one: see SoughtTime. A text
-    /// that is neither is looked for as the beginning of a row's time. A time of day alone is
-    /// sought from row `from` on, and then from the first row to there. `grid` must outlive the
-    /// locator.
+    /// `wanted` is a row number from 1, also as "row 12", or a time or the beginning of one: see
+    /// SoughtTime. A text that is neither is looked for as the beginning of a row's time. A time of
+    /// day alone is sought from row `from` on, and then from the first row to there. `grid` must
+    /// outlive the locator.
     RowLocator(const GridData& grid, const InternationalSettings& settings, std::string_view wanted,
                Row from = 0);
 

@@ -27,7 +27,14 @@ StatisticsScan::StatisticsScan(const GridData& grid, std::vector<CellArea> areas
     m_row = m_areas.front().firstRow - 1;
 }
 
+void StatisticsScan::readValues(std::span<double> values) {
+    if (m_column == 0) return m_grid.column(0).numbers(m_row, values);
+    if (!m_reader) m_reader.emplace(m_grid.column(m_column));
+    m_reader->read(m_row, values, m_leftOut, nullptr);
+}
+
 bool StatisticsScan::nextColumn() {
+    m_reader.reset();
     const CellArea& area = m_areas[m_area];
     if (m_column < area.lastColumn) {
         ++m_column;
@@ -48,7 +55,7 @@ bool StatisticsScan::step() {
     } else {
         const Row end = std::min(last, (m_row / kStepRows + 1) * kStepRows - 1) + 1;
         const std::span<double> values(m_values.data(), static_cast<std::size_t>(end - m_row));
-        column.numbers(m_row, values);
+        readValues(values);
         for (const double value : values) {
             if (!std::isnan(value)) add(value);
         }
@@ -70,15 +77,17 @@ void StatisticsScan::add(double value) {
 
 StatisticsScan::Result StatisticsScan::result() const {
     Result result = m_result;
+    result.leftOut = m_leftOut.gaps();
     // Once the sum has overflowed the compensation is infinity minus infinity.
     if (std::isfinite(m_compensation)) result.sum += m_compensation;
     return result;
 }
 
 std::string StatisticsScan::text(const Result& result, std::string_view count,
-                                 char decimalSeparator) {
+                                 std::string_view leftOut, char decimalSeparator) {
     std::string text = "Count: ";
     text += count;
+    if (result.leftOut > 0) text.append("   Left out: ").append(leftOut);
     if (result.count == 0) return text;
     text += "   Min: " + exactNumberText(result.minimum, decimalSeparator);
     text += "   Max: " + exactNumberText(result.maximum, decimalSeparator);

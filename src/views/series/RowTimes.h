@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/XAxis.h"
 #include "grid/TimeColumn.h"
 #include "views/series/ZoneClock.h"
 
@@ -9,9 +10,11 @@
 
 namespace pellam {
 
-/// Reads the time column as moments, in seconds since 1970 UTC with their fraction to the
-/// microsecond. Time texts are local time; where the clock repeats an hour, the moment is taken
-/// that is later than the row before, so that times stay increasing where the file allows it.
+/// Reads the time column as what the X axis counts. Dates: in seconds since 1970 UTC with their
+/// fraction to the microsecond. Time texts are local time; where the clock repeats an hour, the
+/// moment is taken that is later than the row before, so that times stay increasing where the file
+/// allows it. Elapsed times: in seconds; times of day alone are those since the first midnight.
+/// Without times: the numbers of the rows.
 class RowTimes {
   public:
     static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
@@ -23,8 +26,13 @@ class RowTimes {
     /// Rows are read in order.
     void read(Row first, std::span<double> out);
 
-    /// Rows read so far whose time is empty, those whose time text can't be read or is no date, and
-    /// those whose time lies outside 1970 to 2106, which is what CMyTime holds.
+    [[nodiscard]] XAxis::Kind kind() const { return m_kind; }
+
+    /// What the axis counts when `longest` is the time farthest from zero.
+    [[nodiscard]] XAxis axis(double longest) const;
+
+    /// Rows read so far whose time is empty, those whose time text can't be read, and those
+    /// whose date lies outside 1970 to 2106, which is what CMyTime holds.
     [[nodiscard]] std::int64_t emptyCount() const { return m_empty; }
 
     [[nodiscard]] std::int64_t unreadableCount() const { return m_unreadable; }
@@ -34,10 +42,12 @@ class RowTimes {
   private:
     double moment(Cell cell);
     double place(const TimeMoment& moment);
+    double placeElapsed(const TimeMoment& moment);
 
     const GridData& m_grid;
     TimeColumn m_column;
-    bool m_dates; ///< the column's texts are dates
+    XAxis::Kind m_kind;
+    double m_midnight = 0; ///< of the day that a time of day belongs to
     ZoneClock m_clock;
     double m_previous = -1;
     std::int64_t m_empty = 0;

@@ -4,9 +4,10 @@
 #include "base/LargePages.h"
 #include "base/ProgressSink.h"
 #include "grid/ChannelLabel.h"
-#include "grid/DecimalCell.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace pellam {
 
@@ -14,6 +15,22 @@ namespace {
 
 constexpr Row kBlock = Column::kChunkRows;
 constexpr Row kReportRows = 50;
+
+// Gaps side by side are one.
+void keepFirstOfRuns(std::vector<std::uint32_t>& gaps) {
+    if (!std::is_sorted(gaps.begin(), gaps.end())) std::sort(gaps.begin(), gaps.end());
+    std::uint32_t next = 0;
+    std::erase_if(gaps, [&next](std::uint32_t gap) {
+        const bool goesOn = next > 0 && gap <= next;
+        next = gap + 1;
+        return goesOn;
+    });
+    gaps.shrink_to_fit();
+}
+
+double farthest(const std::vector<double>& times) {
+    return times.empty() ? 0 : std::max(std::abs(times.front()), std::abs(times.back()));
+}
 
 } // namespace
 
@@ -25,10 +42,13 @@ TrendTableReader::TrendTableReader(const GridData& grid, const InternationalSett
       m_rows(grid.rowCount()) {}
 
 TrendTable TrendTableReader::read() {
+    m_table.missing = m_grid.missing();
+    m_table.missingAsNumbers = m_grid.missingAsNumbers();
     chooseCurves();
     if (m_table.curves.empty()) return std::move(m_table);
     readTimes();
     orderTimes();
+    m_table.xAxis = m_rowTimes.axis(farthest(m_table.times));
     readValues();
     return std::move(m_table);
 }
@@ -38,6 +58,7 @@ void TrendTableReader::chooseCurves() {
         const Column& column = m_grid.column(i);
         if (!column.charted()) continue;
         TrendTable::Curve& curve = m_table.curves.emplace_back();
+        m_readers.emplace_back(column);
         curve.column = i;
         curve.axis = column.axis();
         const ChannelLabel label(column.label());
@@ -68,7 +89,7 @@ void TrendTableReader::readTimes() {
 void TrendTableReader::orderTimes() {
     // A NaN is not earlier than anything, so a row without a time is found here too.
     const auto& times = m_table.times;
-    double last = -1;
+    double last = -std::numeric_limits<double>::infinity();
     const bool inOrder = std::all_of(times.begin(), times.end(), [&last](double time) {
         return time > last && (last = time, true);
     });
@@ -114,11 +135,12 @@ void TrendTableReader::readValues() {
     for (Row row = 0; row < m_rows && reportAndGoOn(row); row += kBlock) {
         const Row count = std::min(kBlock, m_rows - row);
         for (std::size_t i = 0; i < m_table.curves.size(); ++i) {
-            m_slots.empty() ? readInOrder(m_table.curves[i], row, count)
-                            : readIntoSlots(i, row, count);
+            m_slots.empty() ? readInOrder(i, row, count) : readIntoSlots(i, row, count);
         }
     }
     if (m_slots.empty()) m_table.times.resize(m_table.curves.front().values.size());
+    for (auto& curve : m_table.curves)
+        keepFirstOfRuns(curve.gaps);
 }
 
 bool TrendTableReader::reportAndGoOn(Row row) {
@@ -129,22 +151,12 @@ bool TrendTableReader::reportAndGoOn(Row row) {
     return !m_table.aborted;
 }
 
-void TrendTableReader::readInOrder(TrendTable::Curve& curve, Row first, Row count) const {
-    const Column& column = m_grid.column(curve.column);
-    const Cell* const cells = column.chunkAt(first);
+void TrendTableReader::readInOrder(std::size_t index, Row first, Row count) {
+    TrendTable::Curve& curve = m_table.curves[index];
     const std::size_t start = curve.values.size();
-    curve.values.resize(start + static_cast<std::size_t>(count), RowTimes::kNone);
-    if (!cells) return;
-    double* const out = curve.values.data() + start;
-    LeftOut leftOut;
-    for (Row i = 0; i < count; ++i) {
-        const Cell cell = cells[i];
-        // Nearly every cell: a number too short to be a sentinel.
-        const bool plain = cell.kind() == Cell::Kind::Decimal && cell.mantissa() < 999'999;
-        out[i] = plain ? DecimalCell::value(cell) : chartValue(column, cell, leftOut);
-    }
-    curve.leftOut.sentinels += leftOut.sentinels;
-    curve.leftOut.notNumbers += leftOut.notNumbers;
+    curve.values.resize(start + static_cast<std::size_t>(count));
+    const std::span<double> out(curve.values.data() + start, static_cast<std::size_t>(count));
+    m_readers[index].read(first, out, curve.leftOut, &curve.gaps);
 }
 
 void TrendTableReader::readIntoSlots(std::size_t index, Row first, Row count) {
@@ -156,7 +168,9 @@ void TrendTableReader::readIntoSlots(std::size_t index, Row first, Row count) {
     std::uint32_t& firstFree = m_firstFree[index];
     for (Row i = 0; i < count; ++i) {
         if (slots[i] == kNoSlot) continue;
-        const double value = chartValue(column, cells[i], curve.leftOut);
+        bool gap = false;
+        const double value = m_readers[index].value(cells[i], curve.leftOut, gap);
+        if (gap) curve.gaps.push_back(slots[i]);
         if (value != value) continue;
         if (slots[i] < firstFree) {
             ++curve.leftOut.notLater;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "views/series/ChartValue.h"
 #include "views/series/RowTimes.h"
+#include "views/series/ValueReader.h"
 
 #include <cstdint>
 #include <string>
@@ -19,13 +19,19 @@ struct TrendTable {
         std::string text;
         std::string units;          ///< empty when the label has none
         std::vector<double> values; ///< one a time; NaN where the channel has none
+        /// Places in `times` where a value was left out as missing, ascending; of several without a
+        /// value between them at least the first.
+        std::vector<std::uint32_t> gaps;
         LeftOut leftOut;
     };
 
-    std::vector<double> times; ///< seconds since 1970 UTC, strictly increasing
+    XAxis xAxis;               ///< what the times count
+    std::vector<double> times; ///< strictly increasing
     /// First row of each time; empty when time i stands in row i.
     std::vector<std::uint32_t> rows;
     std::vector<Curve> curves;
+    std::vector<MissingText> missing; ///< of the grid; curves count them by their place here
+    bool missingAsNumbers = false;    ///< the numbers among them are in the curves
     std::int64_t emptyTimes = 0;      ///< rows without a time
     std::int64_t unreadableTimes = 0; ///< rows whose time text can't be read
     std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
@@ -33,7 +39,8 @@ struct TrendTable {
 };
 
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
-/// a sentinel or no number, or when its time is not later than that of the curve's value before.
+/// stands for no value or is no number, or when its time is not later than that of the curve's
+/// value before.
 class TrendTableReader {
   public:
     /// All of them must outlive the reader.
@@ -49,7 +56,7 @@ class TrendTableReader {
     void orderTimes();
     void giveSlots();
     void readValues();
-    void readInOrder(TrendTable::Curve& curve, Row first, Row count) const;
+    void readInOrder(std::size_t index, Row first, Row count);
     void readIntoSlots(std::size_t index, Row first, Row count);
     bool reportAndGoOn(Row row);
 
@@ -58,6 +65,7 @@ class TrendTableReader {
     const GridData& m_grid;
     ProgressSink& m_progress;
     RowTimes m_rowTimes;
+    std::vector<ValueReader> m_readers; ///< by curve
     TrendTable m_table;
     std::vector<std::uint32_t> m_slots;     ///< time index of each row; empty when it is the row
     std::vector<std::uint32_t> m_firstFree; ///< by curve: first time index later than its last
