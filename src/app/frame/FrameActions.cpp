@@ -52,7 +52,7 @@ void FrameActions::buildMenus() {
                            FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});
     fillMenu(tr("&View"),
              {Command::Sidebar, Command::Toolbar, kSeparator, DataGrid, TrendChart, kSeparator,
-              EditAxis, AutoScale, SelectionZoom, IncreaseFont, DecreaseFont});
+              EditAxis, AutoScale, FitValues, SelectionZoom, IncreaseFont, DecreaseFont});
     auto* chart = m_window->menuBar()->addMenu(tr("&Chart"));
     fillTrendMenu(*chart, *m_sets.back(), kAllAxes);
     fillMenu(tr("&Help"), {HelpContents, About});
@@ -72,7 +72,7 @@ QToolBar* FrameActions::buildToolbar() {
                                Find, GoTo, PreviousDamaged, NextDamaged, kSeparator,
                                SelectAllChannels, DeselectAllChannels, kSeparator,
                                DataGrid, TrendChart, kSeparator,
-                               EditAxis, AutoScale, SelectionZoom, StripChart, kSeparator,
+                               EditAxis, AutoScale, FitValues, SelectionZoom, StripChart, kSeparator,
                                Preferences, HelpContents})
         command == kSeparator ? (void)bar->addSeparator() : bar->addAction(action(command));
     // clang-format on

@@ -6,6 +6,7 @@
 #include "trend/control/TrendScene.h"
 #include "trend/control/TrendZoom.h"
 #include "trend/curves/CurveReader.h"
+#include "trend/curves/ScaleFit.h"
 
 #include <QAccessible>
 #include <algorithm>
@@ -62,10 +63,29 @@ void TrendCommands::zoomForward() {
 void TrendCommands::zoomAll() {
     zoom(Step::Single, [this](TrendZoom&) {
         TrendState& state = m_trend.m_chart.state;
-        if (TrendRanges::of(state) == m_trend.homeRanges()) return false;
-        m_trend.homeRanges().applyTo(state);
+        const TrendRanges all = everything(m_trend.chart());
+        if (TrendRanges::of(state) == all) return false;
+        all.applyTo(state);
         return true;
     });
+}
+
+void TrendCommands::fitValues(int axis) {
+    zoom(Step::Single, [this, axis](TrendZoom&) {
+        TrendRanges ranges = TrendRanges::of(m_trend.chart().state);
+        for (int each = 1; each <= trendScaleCount; ++each) {
+            if (axis != 0 && axis != each) continue;
+            auto& shown = ranges.scales[static_cast<std::size_t>(each - 1)].shown;
+            shown = fittedToShownTimes(m_trend.chart(), each).value_or(shown);
+        }
+        if (TrendRanges::of(m_trend.chart().state) == ranges) return false;
+        ranges.applyTo(m_trend.m_chart.state);
+        return true;
+    });
+}
+
+void TrendCommands::chooseTime(double time) {
+    Q_EMIT m_trend.timeClicked(sampleTime(time).value_or(time));
 }
 
 void TrendCommands::panTime(double part) {

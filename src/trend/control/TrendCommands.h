@@ -32,6 +32,8 @@ class TrendCommands {
     void zoomBack();
     void zoomForward();
     void zoomAll();
+    /// Fits an axis (1 to 6; 0 = all) to the values between the shown times.
+    void fitValues(int axis = 0);
     /// By parts of what is shown: 0.1 = a tenth; earlier (lower) when negative.
     void panTime(double part);
     void panValues(double part);
@@ -47,6 +49,8 @@ class TrendCommands {
     void pointAt(const std::optional<QPointF>& pointer);
     /// The crosshair goes to a time by itself; nothing hides it.
     void setCrosshair(std::optional<double> time);
+    /// Chooses the row that the crosshair reads at a time: that of the latest sample before it.
+    void chooseTime(double time);
     /// To the next (direction 1) or previous (-1) sample of any drawn curve.
     void stepCrosshair(int direction);
 

@@ -129,7 +129,7 @@ bool TrendKeys::mark(const QKeyEvent& event) {
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (crosshair) Q_EMIT m_trend.timeClicked(*crosshair);
+        if (crosshair) m_commands.chooseTime(*crosshair);
         return crosshair.has_value();
     case Qt::Key_Escape:
         if (m_interaction.cancel()) return true;

@@ -18,6 +18,7 @@ void TrendScene::setSurface(const QSize& size, double pixelRatio,
 }
 
 void TrendScene::invalidate() {
+    m_painter.follow(m_chart.state);
     m_laidOut = false;
     m_overlaid = false;
     m_drawn = false;

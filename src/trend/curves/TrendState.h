@@ -5,6 +5,7 @@
 
 #include <QStringList>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace pellam {
@@ -20,6 +21,8 @@ struct TrendState {
     std::array<TrendScale, trendScaleCount> scales; ///< scale a is scales[a - 1]
     double timeMin = 0;                             ///< shown range, seconds since 1970 UTC
     double timeMax = 1;
+    /// Offset from UTC, in seconds, of the clock that times are shown by; nothing = by the zone's.
+    std::optional<int> utcOffset;
     QString title;               ///< above the drawing area; empty = none
     QStringList notes;           ///< one line each below it: points that were left out
     bool rotated = false;        ///< kept only

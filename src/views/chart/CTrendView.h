@@ -2,10 +2,12 @@
 
 #include "grid/GridData.h"
 #include "views/chart/RowsByTime.h"
+#include "views/series/ClockChoice.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -16,6 +18,8 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class ClockBar;
+class ClockMemory;
 class CMyDropTarget;
 class CommandSet;
 class CTrend;
@@ -38,6 +42,8 @@ class CTrendView : public QWidget {
         std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
         /// Where saving an image starts.
         std::function<QString()> saveFolder = [] { return QString(); };
+        /// Knows the clocks of files; without it a choice lasts until the chart is built anew.
+        ClockMemory* clocks = nullptr;
     };
 
     explicit CTrendView(const Context& context, QWidget* parent = nullptr);
@@ -85,6 +91,11 @@ class CTrendView : public QWidget {
     /// Prints the chart on one page; tells when the printer can't be used.
     void print(QPrinter& printer);
 
+    /// The clock that the times of the chart are of.
+    [[nodiscard]] ClockChoice clock() const;
+    /// Draws the chart anew by another clock, and from now on all files with these headings.
+    void chooseClock(ClockChoice clock);
+
     /// Marks the time of a data row, counted from 1, on the chart; 0 for none.
     void setCurrentRow(qint64 row);
 
@@ -124,10 +135,11 @@ class CTrendView : public QWidget {
 
     void OnInsufficientTextSpace() {}
 
-    void rebuild();
+    void rebuild(std::optional<ClockChoice> clock);
     void showChart(TrendTable& table);
     void setUnits(const TrendTable& table);
     void addFontCommands();
+    void addClockCommands();
     void changeFont(double step);
     bool OnPreparePrinting(QPrinter& printer);
     void PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
@@ -135,6 +147,7 @@ class CTrendView : public QWidget {
     Context m_context;
     CTrend* m_trend;
     QLabel* m_message;
+    ClockBar* m_clock;
     CMyDropTarget* m_dropTarget;
     RowsByTime m_rows;
     QString m_fileName;

@@ -1,6 +1,7 @@
 #include "views/chart/ShowTable.h"
 
 #include "trend/control/TrendOperations.h"
+#include "trend/curves/ScaleFit.h"
 #include "views/chart/LeftOutNotes.h"
 #include "views/series/TrendTableReader.h"
 #include "views/text/ScreenText.h"
@@ -54,18 +55,12 @@ void hideEmptyScales(TrendOperations& trend) {
     }
 }
 
-/// Around a single moment, which spans no time axis, a minute is shown.
-void showLoneMoment(TrendOperations& trend) {
-    ValueRange shown;
-    for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
-        const auto range = trend.GetDataRange(curve);
-        if (!range) continue;
-        shown.min = std::min(shown.min, range->xFrom);
-        shown.max = std::max(shown.max, range->xTo);
-    }
-    if (shown.min != shown.max) return;
-    trend.SetXScActualRangeMin(shown.min - 30);
-    trend.SetXScActualRangeMax(shown.max + 30);
+/// Around a single moment, which automatic scaling leaves alone, a minute is shown.
+void showTimes(TrendOperations& trend) {
+    const auto shown = timesOfAll(trend.chart());
+    if (!shown) return;
+    trend.SetXScActualRangeMin(shown->min);
+    trend.SetXScActualRangeMax(shown->max);
 }
 
 } // namespace
@@ -108,6 +103,8 @@ RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
     for (int axis = 1; axis <= trendScaleCount; ++axis)
         trend.SetYScEnabled(axis, 0);
     trend.setNotes(leftOutNotes(table));
+    trend.setUtcOffset(table.utcOffset ? std::optional(static_cast<int>(*table.utcOffset))
+                                       : std::nullopt);
     const auto times = TrendTimes::create(std::move(table.times));
     const auto capacity = static_cast<std::size_t>(std::max<Row>(64, rowCount));
     int index = 0;
@@ -117,7 +114,7 @@ RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
         trend.setCurvePoints(index++, times, std::move(curve.values));
     }
     hideEmptyScales(trend);
-    showLoneMoment(trend);
+    showTimes(trend);
     return times ? RowsByTime(times, std::move(table.rows)) : RowsByTime();
 }
 

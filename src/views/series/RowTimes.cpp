@@ -8,11 +8,14 @@ constexpr double kEnd = 4294967296.0; // one past the last second that a time st
 
 } // namespace
 
-RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings)
+RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings, ClockChoice clock)
     : m_grid(grid),
       m_column(grid, settings),
       m_dates(m_column.form().kind() != TimeForm::Kind::TimeOfDay &&
-              m_column.form().kind() != TimeForm::Kind::Elapsed) {}
+              m_column.form().kind() != TimeForm::Kind::Elapsed),
+      m_timesOfDay(m_column.form().kind() != TimeForm::Kind::Calendar ||
+                   m_column.form().name().find('H') != std::string::npos),
+      m_clock(clock) {}
 
 void RowTimes::read(Row first, std::span<double> out) {
     const Column& times = m_grid.column(0);

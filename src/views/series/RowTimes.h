@@ -5,19 +5,21 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace pellam {
 
 /// Reads the time column as moments, in seconds since 1970 UTC with their fraction to the
-/// microsecond. Time texts are local time; where the clock repeats an hour, the moment is taken
-/// that is later than the row before, so that times stay increasing where the file allows it.
+/// microsecond. Time texts are those of a clock; where it repeats an hour, the moment is taken that
+/// is later than the row before, so that times stay increasing where the file allows it.
 class RowTimes {
   public:
     static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
     /// `grid` must outlive the reader.
-    RowTimes(const GridData& grid, const InternationalSettings& settings);
+    RowTimes(const GridData& grid, const InternationalSettings& settings,
+             ClockChoice clock = ClockChoice::Computer);
 
     /// Writes the moments of rows `first` to `first + out.size() - 1`, kNone where there is none.
     /// Rows are read in order.
@@ -31,13 +33,24 @@ class RowTimes {
 
     [[nodiscard]] std::int64_t outsideCount() const { return m_outside; }
 
+    /// Whether rows stand in an hour that this computer's clock leaves out when it is put forward:
+    /// their logger's clock is not put forward. Known after reading, by the computer's clock. Dates
+    /// without a time of day tell nothing.
+    [[nodiscard]] bool standInSkippedHour() const { return m_timesOfDay && m_clock.sawSkipped(); }
+
+    /// The one offset from UTC by which times were read, in seconds; nothing when it changes.
+    [[nodiscard]] std::optional<std::int64_t> utcOffset() {
+        return m_clock.offset(static_cast<std::int64_t>(m_previous));
+    }
+
   private:
     double moment(Cell cell);
     double place(const TimeMoment& moment);
 
     const GridData& m_grid;
     TimeColumn m_column;
-    bool m_dates; ///< the column's texts are dates
+    bool m_dates;      ///< the column's texts are dates
+    bool m_timesOfDay; ///< and have times of day
     ZoneClock m_clock;
     double m_previous = -1;
     std::int64_t m_empty = 0;

@@ -4,6 +4,7 @@
 #include "views/series/RowTimes.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,19 +27,24 @@ struct TrendTable {
     /// First row of each time; empty when time i stands in row i.
     std::vector<std::uint32_t> rows;
     std::vector<Curve> curves;
-    std::int64_t emptyTimes = 0;      ///< rows without a time
-    std::int64_t unreadableTimes = 0; ///< rows whose time text can't be read
-    std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
-    bool aborted = false;             ///< stopped by the person: later rows are missing
+    std::int64_t emptyTimes = 0;               ///< rows without a time
+    std::int64_t unreadableTimes = 0;          ///< rows whose time text can't be read
+    std::int64_t outsideTimes = 0;             ///< rows whose time is not one from 1970 to 2106
+    ClockChoice clock = ClockChoice::Computer; ///< by which the times were read
+    /// Its offset from UTC in seconds, where it has one all the time.
+    std::optional<std::int64_t> utcOffset;
+    bool skippedHour = false; ///< rows stand in an hour that the computer's clock skips
+    bool aborted = false;     ///< stopped by the person: later rows are missing
 };
 
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
 /// a sentinel or no number, or when its time is not later than that of the curve's value before.
 class TrendTableReader {
   public:
-    /// All of them must outlive the reader.
+    /// All of them must outlive the reader. Without a clock it is this computer's, or, when rows
+    /// prove that their logger's is never put forward, the one without daylight saving.
     TrendTableReader(const GridData& grid, const InternationalSettings& settings,
-                     ProgressSink& progress);
+                     ProgressSink& progress, std::optional<ClockChoice> clock = {});
 
     /// The whole table, or what was read of it until the person stopped it.
     [[nodiscard]] TrendTable read();
@@ -46,6 +52,7 @@ class TrendTableReader {
   private:
     void chooseCurves();
     void readTimes();
+    void readTimesBy(ClockChoice clock);
     void orderTimes();
     void giveSlots();
     void readValues();
@@ -56,8 +63,9 @@ class TrendTableReader {
     static constexpr std::uint32_t kNoSlot = UINT32_MAX;
 
     const GridData& m_grid;
+    const InternationalSettings& m_settings;
     ProgressSink& m_progress;
-    RowTimes m_rowTimes;
+    std::optional<ClockChoice> m_clock;
     TrendTable m_table;
     std::vector<std::uint32_t> m_slots;     ///< time index of each row; empty when it is the row
     std::vector<std::uint32_t> m_firstFree; ///< by curve: first time index later than its last
