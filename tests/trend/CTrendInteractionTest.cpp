@@ -185,6 +185,45 @@ TEST(CTrendInteraction, AxesAreFittedToTheValuesBetweenTheShownTimes) {
     }
 }
 
+TEST(CTrendInteraction, KeysMoveTheCrosshair) {
+    constexpr char kWaves[] = "0 1 -\n 2 2 -\n 4 1 -\n 6 1.01 -\n 8 1 5\n 10 5 -\n 12 9 -\n"
+                              " 40 2 5\n 42 1 -\n 70 9 -\n 72 8.9 -\n 74 9 -\n 76 3 -\n";
+    const Table<const char*, double, double> rows = {
+        {"X", 0, 2},
+        {"X, X", 0, 4}, // but not the ripple at 6
+        {"X, X, X", 0, 12},
+        {"X", 41, 42},
+        {"X", 70, 70}, // no turn comes any more
+        {"Shift+X", 76, 74},
+        {"Shift+X", 41, 12},
+        {"N", 0, 12},
+        {"N, N", 0, 42},
+        {"N, N, N", 0, 42},
+        {"Shift+N", 76, 42},
+        {"Shift+N, Shift+N", 76, 12},
+    };
+    for (const auto& [keys, from, to] : rows) {
+        TrendBench bench(kWaves);
+        bench.trend.commands().setCrosshair(from);
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(keys)));
+        EXPECT_EQ(bench.scene().marks.crosshair.value_or(-1), to) << keys << ' ' << from;
+    }
+    TrendBench bench(kWaves);
+    bench.trend.commands().setCrosshair(50);
+    const ScaleMap map = bench.layout().timeMap;
+    const Table<const char*, double> steps = {
+        {"Alt+Right", 1}, {"Alt+Shift+Right", 11}, {"Alt+Left", 10}, {"Alt+Shift+Left", 0}};
+    for (const auto& [key, pixels] : steps) {
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(key)));
+        EXPECT_NEAR(map.toPixel(*bench.scene().marks.crosshair), map.toPixel(50) + pixels, 1e-6)
+            << key;
+    }
+    bench.key(Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = bench.trend.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    delete menu;
+}
+
 TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
     TrendBench bench(kRows);
     bench.wheel(bench.at(0.5, 0.5), 1);

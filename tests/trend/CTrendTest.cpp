@@ -163,9 +163,9 @@ TEST(CTrend, PopUpMenuOffersWhatCanBeDone) {
     }
     EXPECT_EQ(lines.join(u'\n').toStdString(),
               "Selection Zoom x\nZoom Back\nZoom Forward -\nShow Everything\nAuto Scale\n"
-              "Fit Values to View\nFit Y Axis 1 to View\nCrosshair x\nSet Cursor A\nSet Cursor B\n"
-              "Remove Cursors -\nStrip Chart\nBreak Lines at Gaps x\nY Axis 1...\nEdit Axis...\n"
-              "Copy\nExport Image...");
+              "Fit Values to View\nFit Y Axis 1 to View\nCrosshair x\nMove Crosshair\n"
+              "Set Cursor A\nSet Cursor B\nRemove Cursors -\nStrip Chart\n"
+              "Break Lines at Gaps x\nY Axis 1...\nEdit Axis...\nCopy\nExport Image...");
     menu->close();
 }
 

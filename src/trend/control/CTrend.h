@@ -113,6 +113,7 @@ class CTrend : public QWidget, public TrendOperations {
     friend class TrendCommands;
     void setColours();
     void showFocus(bool shown);
+    void openMenuByKey();
     bool showToolTip(const QPoint& at, const QPoint& global);
 
     std::unique_ptr<TrendScene> m_scene;

@@ -69,6 +69,21 @@ void addMarks(CommandSet& commands, CTrend& trend) {
             chart.setCrosshairFollows(!chart.crosshairFollows());
         },
         {}, [&trend] { return trend.commands().crosshairFollows(); });
+    const auto add = [&](Command command, const char* text, const char* key, const char* tip,
+                         void (TrendCommands::*step)(int), int direction) {
+        commands.add(
+            readByControl(command, text, key, tip),
+            [&trend, step, direction] { (trend.commands().*step)(direction); }, drawn);
+    };
+    add(NextExtreme, "&Next Extreme", "X", "Move the crosshair to where a curve turns next",
+        &TrendCommands::stepToExtreme, 1);
+    add(PreviousExtreme, "&Previous Extreme", "Shift+X",
+        "Move the crosshair to where a curve turned before", &TrendCommands::stepToExtreme, -1);
+    add(NextChartGap, "Next &Gap", "N", "Move the crosshair to the last sample before the next gap",
+        &TrendCommands::stepToGap, 1);
+    add(PreviousChartGap, "Previous G&ap", "Shift+N",
+        "Move the crosshair to the last sample before the gap before", &TrendCommands::stepToGap,
+        -1);
     commands.add(
         readByControl(CursorA, "&Set Cursor A", "A",
                       "Put the first measuring cursor at the crosshair"),
@@ -153,8 +168,11 @@ void fillTrendMenu(QMenu& menu, const CommandSet& commands, int axis) {
     } else if (axis > 0 && commands.action(fitAxisCommand(axis))->isEnabled()) {
         commands.addTo(menu, {fitAxisCommand(axis)});
     }
-    commands.addTo(menu, {kSeparator, Crosshair, CursorA, CursorB, RemoveCursors, kSeparator,
-                          StripChart, BreakGaps, kSeparator});
+    commands.addTo(menu, {kSeparator, Crosshair});
+    commands.addTo(*addSubmenu("&Move Crosshair"),
+                   {NextExtreme, PreviousExtreme, NextChartGap, PreviousChartGap});
+    commands.addTo(
+        menu, {CursorA, CursorB, RemoveCursors, kSeparator, StripChart, BreakGaps, kSeparator});
     if (axis == kAllAxes) {
         auto* axes = addSubmenu("&Y Axis");
         for (int each = 1; each <= trendScaleCount; ++each)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trend/curves/CurveReader.h"
 #include "trend/curves/ZoomHistory.h"
 
 #include <QElapsedTimer>
@@ -54,6 +55,13 @@ class TrendCommands {
     /// To the next (direction 1) or previous (-1) sample of any drawn curve.
     void stepCrosshair(int direction);
 
+    /// By pixels to the right.
+    void moveCrosshair(double pixels);
+    /// To the next (direction 1) or previous (-1) turn of a drawn curve, or last sample before a
+    /// gap.
+    void stepToExtreme(int direction);
+    void stepToGap(int direction);
+
     bool crosshairFollows() const { return m_follow; }
 
     void setCrosshairFollows(bool on);
@@ -86,6 +94,9 @@ class TrendCommands {
     void rangesChanged();
     std::optional<double> sampleTime(double time) const;
     std::optional<double> neighbour(double time, int direction) const;
+    using Next = std::function<std::optional<CurveSample>(int curve, double time)>;
+    void stepToNearest(int direction, const Next& next);
+    void showCrosshair(double time);
     void announce();
 
     CTrend& m_trend;

@@ -56,9 +56,8 @@ QRegion TrendScene::refreshOverlay() {
 
 void TrendScene::paintOverlay(QPainter& painter) {
     if (!m_overlaid) refreshOverlay();
-    TrendOverlay::Colours colours = m_colours;
-    colours.theme = colours.theme.with(m_chart.state);
-    m_overlay.paint(painter, colours);
+    const TrendTheme theme = m_colours.theme.with(m_chart.state);
+    m_overlay.paint(painter, TrendOverlay::Colours::of(theme, m_colours.accent));
 }
 
 } // namespace pellam
