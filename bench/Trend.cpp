@@ -42,7 +42,7 @@ TrendChart chartOf(const benchmark::State& state) {
 
 void redraw(benchmark::State& state) {
     const TrendChart chart = chartOf(state);
-    const TrendPainter painter;
+    TrendPainter painter;
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         const TrendLayout layout = painter.layout(chart, size);
@@ -53,7 +53,7 @@ void redraw(benchmark::State& state) {
 
 void hundredMillion(benchmark::State& state) {
     static const TrendChart chart = bench::waveChart(1, 100000000); // seconds of work
-    const TrendPainter painter;
+    TrendPainter painter;
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state)
         painter.draw(image, chart, painter.layout(chart, size), TrendTheme::light());

@@ -19,4 +19,8 @@ inline const QString kRecentSection = QStringLiteral("Recent File List");
 inline const QString kTextLayoutSection = QStringLiteral("Text Layouts");
 inline const QString kTextLayouts = QStringLiteral("Known"); ///< newest first, see LayoutMemory
 
+/// The chart.
+inline const QString kChartSection = QStringLiteral("Chart");
+inline const QString kClocks = QStringLiteral("Clocks"); ///< by headings, see ClockMemory
+
 } // namespace pellam::profile

@@ -144,7 +144,7 @@ TEST(CTrendInteraction, KeysMoveAndZoom) {
         {"+, Backspace", "time 0..100 | 0..10 | 0..20"},
         {"+, Backspace, Shift+Backspace", "time 10..90 | 0..10 | 0..20"},
         {"+, Up, Backspace", "time 10..90 | 0..10 | 0..20"},
-        {"+, Up, Home", "time 0..100 | 0..10 | 0..20"},
+        {"+, Up, Home", "time 0..100 | 0.9..5.5 | 9.9..16.5"},
         {"+, Home, Backspace", "time 10..90 | 0..10 | 0..20"},
         {"Backspace", "time 0..100 | 0..10 | 0..20"},
     };
@@ -153,6 +153,75 @@ TEST(CTrendInteraction, KeysMoveAndZoom) {
         QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(keys)));
         EXPECT_EQ(bench.shown(), shown) << keys;
     }
+}
+
+TEST(CTrendInteraction, AxesAreFittedToTheValuesBetweenTheShownTimes) {
+    constexpr char kWaves[] = "0 -100 7\n 40 1 7\n 50 3 -\n 60 2 7\n 100 900 7\n";
+
+    struct Case {
+        const char* name;
+        const char* keys;
+        double from, to;
+        bool logarithmic;
+        const char* shown;
+    };
+
+    const Case cases[] = {
+        {"all axes", "Shift+F5", 30, 70, false, "time 30..70 | 0.9..3.1 | 6.65..7.35"},
+        {"one axis", "Alt+2", 30, 70, false, "time 30..70 | 0..10 | 6.65..7.35"},
+        {"the other", "Alt+1", 30, 70, false, "time 30..70 | 0.9..3.1 | 0..20"},
+        {"none that is there", "Alt+3", 30, 70, false, "time 30..70 | 0..10 | 0..20"},
+        {"no sample in view", "Alt+1", 52, 58, false, "time 52..58 | 1.95..3.05 | 0..20"},
+        {"logarithmic", "Alt+1", 0, 50, true, "time 0..50 | 0.95..3.17 | 0..20"},
+        {"back", "Shift+F5, Backspace", 30, 70, false, "time 30..70 | 0..10 | 0..20"},
+    };
+    for (const Case& row : cases) {
+        TrendBench bench(kWaves);
+        bench.trend.SetXScActualRangeMin(row.from);
+        bench.trend.SetXScActualRangeMax(row.to);
+        bench.trend.SetYScLogarithmic(1, row.logarithmic ? 1 : 0);
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(row.keys)));
+        EXPECT_EQ(bench.shown(), row.shown) << row.name;
+    }
+}
+
+TEST(CTrendInteraction, KeysMoveTheCrosshair) {
+    constexpr char kWaves[] = "0 1 -\n 2 2 -\n 4 1 -\n 6 1.01 -\n 8 1 5\n 10 5 -\n 12 9 -\n"
+                              " 40 2 5\n 42 1 -\n 70 9 -\n 72 8.9 -\n 74 9 -\n 76 3 -\n";
+    const Table<const char*, double, double> rows = {
+        {"X", 0, 2},
+        {"X, X", 0, 4}, // but not the ripple at 6
+        {"X, X, X", 0, 12},
+        {"X", 41, 42},
+        {"X", 70, 70}, // no turn comes any more
+        {"Shift+X", 76, 74},
+        {"Shift+X", 41, 12},
+        {"N", 0, 12},
+        {"N, N", 0, 42},
+        {"N, N, N", 0, 42},
+        {"Shift+N", 76, 42},
+        {"Shift+N, Shift+N", 76, 12},
+    };
+    for (const auto& [keys, from, to] : rows) {
+        TrendBench bench(kWaves);
+        bench.trend.commands().setCrosshair(from);
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(keys)));
+        EXPECT_EQ(bench.scene().marks.crosshair.value_or(-1), to) << keys << ' ' << from;
+    }
+    TrendBench bench(kWaves);
+    bench.trend.commands().setCrosshair(50);
+    const ScaleMap map = bench.layout().timeMap;
+    const Table<const char*, double> steps = {
+        {"Alt+Right", 1}, {"Alt+Shift+Right", 11}, {"Alt+Left", 10}, {"Alt+Shift+Left", 0}};
+    for (const auto& [key, pixels] : steps) {
+        QTest::keySequence(&bench.trend, QKeySequence(QString::fromLatin1(key)));
+        EXPECT_NEAR(map.toPixel(*bench.scene().marks.crosshair), map.toPixel(50) + pixels, 1e-6)
+            << key;
+    }
+    bench.key(Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = bench.trend.findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    delete menu;
 }
 
 TEST(CTrendInteraction, TurnsOfTheWheelAreOneStepUntilAPause) {
@@ -183,7 +252,7 @@ TEST(CTrendInteraction, ZoomLastsUntilNewData) {
     EXPECT_EQ(bench.shown(), "time 10..90 | 0..50 | 0..20");
     EXPECT_TRUE(bench.trend.canZoomBack());
     bench.doubleClick(bench.at(0.5, 0.5));
-    EXPECT_EQ(bench.shown(), "time 0..100 | 0..50 | 0..20");
+    EXPECT_EQ(bench.shown(), "time 0..100 | 0.9..5.5 | 0..20") << "hidden curves count for nothing";
     bench.trend.DeleteData(0);
     EXPECT_FALSE(bench.trend.canZoomBack());
 }
@@ -242,7 +311,8 @@ TEST(CTrendInteraction, ClicksChooseTimesDragsDoNot) {
     bench.click(bench.axis(0));
     bench.hover(bench.at(0.8, 0.5));
     bench.key(Qt::Key_Return);
-    EXPECT_EQ(chosen.join(u' ').toStdString(), "30 60 80");
+    EXPECT_EQ(chosen.join(u' ').toStdString(), "25 50 75")
+        << "the times of the values that the crosshair reads";
 }
 
 TEST(CTrendInteraction, LegendSwitchesCurvesByMouseAndKeys) {
@@ -325,6 +395,7 @@ TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
                 else if (edit->text() == u"10")
                     edit->setText(QString::fromLatin1(max));
             }
+            dialog->findChild<QLineEdit*>()->setText(u"another title"_s);
             dialog->findChild<QCheckBox*>()->setChecked(logarithmic);
             auto* ok = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
             accepted = ok->isEnabled();
@@ -335,6 +406,10 @@ TEST(CTrendInteraction, ScaleDialogChangesItsScale) {
         EXPECT_EQ(bench.shown(), accepted ? shown : "time 0..100 | 0..10 | 0..20");
         EXPECT_EQ(bench.trend.GetYScLogarithmic(1), accepted && logarithmic ? 1 : 0);
         EXPECT_EQ(bench.trend.canZoomBack(), accepted);
+        bench.trend.zoomBack();
+        EXPECT_EQ(bench.shown(), "time 0..100 | 0..10 | 0..20");
+        EXPECT_EQ(bench.trend.GetYScLogarithmic(1), 0);
+        EXPECT_EQ(bench.trend.GetYScText(1), u"u1"_s);
     }
 }
 

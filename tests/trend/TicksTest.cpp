@@ -37,6 +37,8 @@ TEST(DecimalTicks, AreRound) {
         {"far from zero", 1000000.1, 1000000.3, 3, "1000000.1 1000000.2 1000000.3"},
         {"large", 0, 3e9, 4, "0 1e9 2e9 3e9"},
         {"small", 0, 3e-8, 4, "0 1e-8 2e-8 3e-8"},
+        {"one form", -1e9, 1e9, 5, "-1.0e9 -0.5e9 0 0.5e9 1.0e9"},
+        {"one form over a power of ten", 9.8e6, 1.02e7, 5, "0.98e7 0.99e7 1.00e7 1.01e7 1.02e7"},
         {"reversed", 1, 0, 4, ""},
     };
     for (const auto& [name, min, max, labels, expected] : rows)

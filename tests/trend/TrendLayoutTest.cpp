@@ -46,11 +46,47 @@ std::string bands(const TrendLayout& layout) {
 
 } // namespace
 
-TEST(TrendLayout, LabelsANarrowTimeAxisAllTheSame) {
+TEST(TrendLayout, ATimeAxisHasTwoLabelsOrOneAndItsStep) {
+    QLocale::setDefault(QLocale::c());
     TrendChart chart = chartOf(1, 1);
-    chart.state.timeMax = chart.state.timeMin + 3 * 86400;
-    for (int width = 200; width < 600; width += 20)
-        EXPECT_FALSE(layoutOf(chart, QSizeF(width, 300)).timeLabels.empty()) << width;
+    int alone = 0;
+    for (double span = 1e-3; span < 4e9; span *= 1.31) {
+        chart.state.timeMax = chart.state.timeMin + span;
+        for (int width = 120; width < 700; width += 20) {
+            const auto labels = layoutOf(chart, QSizeF(width, 300)).timeLabels;
+            const auto marks = std::count_if(labels.begin(), labels.end(),
+                                             [](const AxisLabel& label) { return !label.context; });
+            if (marks > 1) continue;
+            ++alone;
+            EXPECT_TRUE(labels.back().text.contains(u"marks: ") || width < 200)
+                << width << ' ' << span;
+            EXPECT_LT(width, 300) << span;
+        }
+    }
+    EXPECT_GT(alone, 0);
+}
+
+TEST(TrendLayout, TheFirstDateStandsAtTheStart) {
+    QLocale::setDefault(QLocale::c());
+    TrendChart chart = chartOf(1, 1);
+    const double noon = 1710086400; // 2024-03-10 12:00 EDT
+    const Table<double, double, const char*> rows = {
+        {noon + 3300, noon + 18000, "10 Mar 2024"},
+        {noon + 18000, noon + 90000, "10 Mar 2024, 11 Mar 2024"},
+        {noon + 43190, noon + 90000, "11 Mar 2024"}, // a few seconds of the day before
+    };
+    for (const auto& [from, to, expected] : rows) {
+        chart.state.timeMin = from;
+        chart.state.timeMax = to;
+        const TrendLayout layout = layoutOf(chart, QSizeF(800, 300));
+        QStringList dates;
+        for (const AxisLabel& label : layout.timeLabels)
+            if (label.context) dates += label.text;
+        EXPECT_EQ(dates.join(QStringLiteral(", ")).toStdString(), expected);
+        const auto first = std::find_if(layout.timeLabels.begin(), layout.timeLabels.end(),
+                                        [](const AxisLabel& label) { return label.context; });
+        EXPECT_EQ(first->rect.left() == layout.plot.left(), from < noon + 43190);
+    }
 }
 
 TEST(TrendLayout, ShowsAFewMicrosecondsAsThemselves) {

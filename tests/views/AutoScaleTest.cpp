@@ -66,6 +66,21 @@ TEST(AutoScale, RangesFollowTheValues) {
     }
 }
 
+TEST(AutoScale, ALogarithmicAxisStartsBelowTheSmallestPositiveValue) {
+    const Table<const char*, std::vector<double>, const char*> rows = {
+        {"above zero", {0.002, 700, 5}, "0.0018..770"},
+        {"zero and below beside it", {-5, 0, 0.002, 700}, "0.0018..770"},
+        {"nothing above zero", {-8, -2}, "-8.8..-1.8"},
+    };
+    for (const auto& [name, values, expected] : rows) {
+        TrendOperations trend;
+        addCurve(trend, 0, 2, values);
+        trend.SetYScLogarithmic(2, 1);
+        autoScale(trend, 5000);
+        EXPECT_EQ(ranges(trend, 2).substr(ranges(trend, 2).find("shown") + 6), expected) << name;
+    }
+}
+
 TEST(AutoScale, TakesVisibleCurvesOfAllAxesForTheTime) {
     TrendOperations trend;
     addCurve(trend, 0, 1, {1, 2});
@@ -157,6 +172,35 @@ TEST_F(AxisSheet, ShowsAndTakesNumbersInTheUsersForm) {
     EXPECT_EQ(ranges(m_trend, 2), "range -101.5..108.5 shown -1.5..8.5");
     EXPECT_EQ(m_trend.GetYScLogarithmic(3), 1);
     EXPECT_EQ(m_trend.GetYScActualRangeMin(6), 899999.91);
+}
+
+TEST_F(AxisSheet, LeavesWhatWasNotEditedAndShowsWhatWillBeUsed) {
+    m_trend.SetYScActualRangeMin(1, -2.87521008403);
+    m_trend.SetYScActualRangeMax(1, 2.87521008403);
+    m_trend.SetYScLogarithmic(2, 1);
+    m_trend.SetYScActualRangeMin(2, 0.00123456789);
+    const std::string second = ranges(m_trend, 2);
+    {
+        ChartAxisSheet sheet(m_trend, '.');
+        EXPECT_EQ(field(sheet, "Maximum1")->text(), u"2.875"_s);
+        EXPECT_EQ(field(sheet, "Minimum2")->text(), u"0.001235"_s);
+        field(sheet, "Maximum1")->setText(u"5"_s);
+        field(sheet, "Title2")->setText(u"renamed"_s);
+        sheet.accept();
+    }
+    EXPECT_EQ(m_trend.GetYScActualRangeMin(1), -2.87521008403) << "with all its digits";
+    EXPECT_EQ(m_trend.GetYScActualRangeMax(1), 5);
+    EXPECT_EQ(ranges(m_trend, 2), second);
+    EXPECT_EQ(m_trend.GetYScText(2), u"renamed"_s);
+    ChartAxisSheet sheet(m_trend, '.');
+    field(sheet, "Maximum2")->setText(u"50"_s);
+    EXPECT_EQ(field(sheet, "Minimum2")->text(), u"1"_s);
+    sheet.findChild<QCheckBox*>(u"Logarithmic1"_s)->setChecked(true);
+    EXPECT_EQ(field(sheet, "Minimum1")->text(), u"1"_s);
+    sheet.findChild<QCheckBox*>(u"Logarithmic1"_s)->setChecked(false);
+    EXPECT_EQ(field(sheet, "Minimum1")->text(), u"-2.875"_s);
+    sheet.accept();
+    EXPECT_EQ(m_trend.GetYScActualRangeMin(2), 1);
 }
 
 TEST_F(AxisSheet, TellsWhatIsWrongAndChangesNothing) {

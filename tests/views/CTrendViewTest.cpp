@@ -3,8 +3,13 @@
 
 #include "RecordingSinks.h"
 #include "base/InternationalSettings.h"
+#include "settings/SettingsStore.h"
 #include "trend/control/CTrend.h"
+#include "trend/control/TrendScene.h"
+#include "ui/commands/CommandSet.h"
 #include "views/chart/CTrendView.h"
+#include "views/chart/ChartAxisSheet.h"
+#include "views/chart/ClockMemory.h"
 
 #include <QPrinter>
 
@@ -62,6 +67,7 @@ TEST_F(CTrendViewTest, StartsWithTheControlSetUpAndAMessage) {
     EXPECT_EQ(trend().chart().curves[11].style().colour, QColor(0, 0, 0));
     EXPECT_EQ(trend().chart().state.fontName, u"Verdana"_s);
     EXPECT_FALSE(m_view.hasChart());
+    EXPECT_EQ(shown(1), "-100..100");
     m_grid.setRowCount(0);
     activate();
     EXPECT_EQ(m_view.message().toStdString(),
@@ -121,6 +127,33 @@ TEST_F(CTrendViewTest, ThePrintJobHasTheNameOfTheFile) {
     EXPECT_EQ(printer.docName(), u"mast.week 3.dlr");
 }
 
+TEST_F(CTrendViewTest, EverythingComesBackWhateverWasEdited) {
+    activate();
+    const auto edit = [this](const std::function<void(ChartAxisSheet&)>& type) {
+        ChartAxisSheet sheet(trend(), '.');
+        type(sheet);
+        sheet.accept();
+    };
+    trend().setGeometry(0, 0, 900, 600);
+    QTest::keyClick(&trend(), Qt::Key_Plus, Qt::AltModifier);
+    const std::string zoomed = shown(1);
+    EXPECT_NE(zoomed, "-2.2..8.8");
+    edit([](ChartAxisSheet&) {});
+    EXPECT_EQ(shown(1), zoomed);
+    trend().zoomAll();
+    EXPECT_EQ(shown(1), "-2.2..8.8") << "after OK with nothing edited";
+    edit([](ChartAxisSheet& sheet) {
+        sheet.findChild<QLineEdit*>(u"Maximum1"_s)->setText(u"2.5"_s);
+        sheet.findChild<QCheckBox*>(u"Logarithmic2"_s)->setChecked(true);
+    });
+    EXPECT_EQ(shown(1), "-2.2..2.5");
+    EXPECT_EQ(shown(2), "1..33");
+    trend().zoomAll();
+    EXPECT_EQ(shown(1), "-2.2..8.8");
+    EXPECT_EQ(shown(2), "9..33");
+    EXPECT_EQ(trend().GetYScLogarithmic(2), 1);
+}
+
 TEST_F(CTrendViewTest, ASingleMomentStandsInAMinute) {
     m_grid.setRowCount(1);
     activate();
@@ -168,6 +201,44 @@ TEST_F(CTrendViewTest, TellsWhyThereIsNothingToDraw) {
     EXPECT_EQ(m_view.message().toStdString(),
               "Attention: The selected channels hold no values, so there is nothing to draw.\n"
               "Left out, sentinel values: Wind 3");
+}
+
+TEST_F(CTrendViewTest, AChosenClockIsRememberedForFilesWithTheSameHeadings) {
+    const ZoneScope zone("America/New_York");
+    QTemporaryDir folder;
+    SettingsStore settings(folder.filePath(u"p.ini"_s));
+    ClockMemory clocks(settings);
+    CTrendView view({.grid = m_grid,
+                     .international = m_international,
+                     .clearMark = [this] { m_grid.setChanged(false); },
+                     .messages = m_messages,
+                     .progress = [this]() -> ProgressSink& { return m_progress; },
+                     .clocks = &clocks});
+    const auto rebuilt = [&] {
+        m_grid.setChanged(true);
+        view.OnActivateView(true, &view, &m_other);
+        return view.clock();
+    };
+    EXPECT_EQ(rebuilt(), ClockChoice::Computer);
+    EXPECT_EQ(view.trend().GetXScActualRangeMin(), 1704067800 + 18000);
+    view.commands().action(Command::ClockUtc)->trigger();
+    EXPECT_EQ(view.findChild<QComboBox*>()->currentText(), u"UTC"_s);
+    EXPECT_TRUE(view.commands().action(Command::ClockUtc)->isChecked());
+    EXPECT_EQ(view.trend().GetXScActualRangeMin(), 1704067800);
+    EXPECT_EQ(view.trend().scene().reading().timeText(1704067800).toStdString(),
+              "2024-01-01 00:10:00");
+    EXPECT_EQ(rebuilt(), ClockChoice::Utc);
+    m_grid.column(2).setLabel("Other(m)");
+    EXPECT_EQ(rebuilt(), ClockChoice::Computer);
+    EXPECT_EQ(view.trend().scene().reading().timeText(1704067800).toStdString(),
+              "2023-12-31 19:10:00");
+    for (int i = 0; i < 2 * ClockMemory::kMaximum; ++i) {
+        m_grid.column(1).setLabel("T" + std::to_string(i));
+        clocks.remember(m_grid, ClockChoice::NoDaylightSaving);
+    }
+    EXPECT_EQ(settings.GetProfileString("Chart", "Clocks").split(u' ').size(),
+              ClockMemory::kMaximum);
+    EXPECT_EQ(clocks.recall(m_grid), ClockChoice::NoDaylightSaving);
 }
 
 TEST_F(CTrendViewTest, FontSizesStopAtTheirEnds) {

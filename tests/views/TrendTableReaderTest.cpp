@@ -80,6 +80,64 @@ TEST(TrendTableReader, SkipsEmptyTimesSentinelsWordsAndTimesThatAreNotLater) {
               "Left out, time not later than before: A 1, B 2");
 }
 
+TEST(TrendTableReader, ClocksThatDoNotFollowTheZoneLoseNoRow) {
+    constexpr const char* kWinter = "2024/03/31 01:30:00|1\n2024/03/31 02:00:00|2\n"
+                                    "2024/03/31 02:30:00|3\n2024/03/31 03:00:00|4\n"
+                                    "2024/03/31 03:30:00|5\n2024/07/01 12:00:00|6\n";
+    constexpr const char* kSummer = "2024/03/31 01:30:00|1\n2024/03/31 03:00:00|2\n"
+                                    "2024/10/27 02:30:00|3\n2024/10/27 02:30:00|4\n";
+    constexpr const char* kDays = "2024-03-30|1\n2024-03-31|2\n2024-04-01|3\n";
+    using enum ClockChoice;
+    constexpr int kChanging = -1;
+
+    struct Case {
+        const char* name;
+        const char* zone;
+        const char* rows;
+        std::optional<ClockChoice> choice;
+        ClockChoice clock;
+        int offset;
+        std::size_t points;
+        std::int64_t lost;
+        double last; // time of the last row, as UTC from 2024-03-31 00:00 in hours
+    };
+
+    const Case cases[] = {
+        {"proved by its rows", "Europe/Berlin", kWinter, {}, NoDaylightSaving, 3600, 6, 0, 2219},
+        {"kept as chosen", "Europe/Berlin", kWinter, Computer, Computer, kChanging, 4, 2, 2218},
+        {"chosen", "Europe/Berlin", kSummer, NoDaylightSaving, NoDaylightSaving, 3600, 3, 1,
+         5041.5},
+        {"UTC", "Europe/Berlin", kWinter, Utc, Utc, 0, 6, 0, 2220},
+        {"follows the zone", "Europe/Berlin", kSummer, {}, Computer, kChanging, 4, 0, 5041.5},
+        {"days alone prove nothing", "Asia/Beirut", kDays, {}, Computer, kChanging, 3, 0, 21},
+        {"southern winter", "Australia/Sydney", "2024/01/01 10:00:00|1\n", NoDaylightSaving,
+         NoDaylightSaving, 36000, 1, 0, -2160},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        const ZoneScope zone(row.zone);
+        GridData grid;
+        fillCharted(grid, std::string("Time|A\n") + row.rows);
+        test::RecordedProgress progress;
+        const TrendTable table = TrendTableReader(grid, {}, progress, row.choice).read();
+        EXPECT_EQ(table.clock, row.clock);
+        EXPECT_EQ(table.utcOffset.value_or(kChanging), row.offset);
+        const auto& curve = table.curves.front();
+        EXPECT_EQ(std::count_if(curve.values.begin(), curve.values.end(),
+                                [](double value) { return value == value; }),
+                  std::ptrdiff_t(row.points));
+        EXPECT_EQ(curve.leftOut.notLater, row.lost);
+        EXPECT_EQ((table.times.back() - 1711843200) / 3600, row.last);
+        const bool told = !row.choice && row.clock == NoDaylightSaving;
+        EXPECT_EQ(leftOutNotes(table).join(u' ').startsWith(u"Drawn without daylight saving"),
+                  told);
+        TrendOperations trend;
+        TrendTable shown = table;
+        showTable(trend, shown, grid.rowCount());
+        EXPECT_EQ(trend.chart().state.utcOffset.value_or(kChanging), row.offset);
+    }
+}
+
 // Each channel only looks at its own last point, so one schedule's clock doesn't hide another's.
 TEST(TrendTableReader, ChannelsWithTimesOfTheirOwnKeepTheirPoints) {
     const ZoneScope zone("UTC");

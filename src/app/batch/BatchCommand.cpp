@@ -10,6 +10,7 @@
 #include "replay/load/FileLoader.h"
 #include "replay/outcome/FileFacts.h"
 #include "settings/SaveFolder.h"
+#include "views/chart/ClockMemory.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -190,7 +191,7 @@ Failure BatchCommand::print(const std::string& path) {
 }
 
 bool BatchCommand::drawCharts() {
-    ChartOutput chart(m_grid, m_international, m_progress, m_title);
+    ChartOutput chart(m_grid, m_international, m_progress, ClockMemory(m_settings), m_title);
     if (m_progress.aborted()) {
         return report({Failure::Kind::Aborted, m_line.charts.front(), -1, {}});
     }

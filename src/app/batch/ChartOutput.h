@@ -7,6 +7,7 @@
 
 namespace pellam {
 
+class ClockMemory;
 class GridData;
 class ProgressSink;
 class TrendOperations;
@@ -17,8 +18,9 @@ struct InternationalSettings;
 class ChartOutput {
   public:
     /// Builds the chart of the channels that are selected for charting; `title` stands above it.
+    /// `clocks` knows the clocks that were chosen for files in the window.
     ChartOutput(const GridData& grid, const InternationalSettings& settings, ProgressSink& progress,
-                const std::string& title);
+                const ClockMemory& clocks, const std::string& title);
     ~ChartOutput();
 
     /// Why there is no chart; empty when there is one.

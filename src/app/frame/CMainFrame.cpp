@@ -28,6 +28,7 @@
 #include "ui/dialogs/TabPages.h"
 #include "ui/icons/IconSet.h"
 #include "views/chart/CTrendView.h"
+#include "views/chart/ClockMemory.h"
 #include "views/grid/CGridView.h"
 #include "views/grid/GridClipboard.h"
 #include "views/grid/MyCug.h"
@@ -79,6 +80,7 @@ CMainFrame::~CMainFrame() {
 }
 
 void CMainFrame::createPages() {
+    m_clocks = std::make_unique<ClockMemory>(m_app.settings());
     m_gridView = new CGridView(m_data, m_international);
     m_trendView =
         new CTrendView({.grid = m_data,
@@ -86,7 +88,8 @@ void CMainFrame::createPages() {
                         .clearMark = [this] { Grid()->gridModel().setChanged(false); },
                         .messages = m_messages,
                         .progress = [this]() -> ProgressSink& { return m_loader->progress(); },
-                        .saveFolder = [this] { return m_app.saveFolder(); }});
+                        .saveFolder = [this] { return m_app.saveFolder(); },
+                        .clocks = m_clocks.get()});
 }
 
 void CMainFrame::createCommands() {

@@ -19,6 +19,7 @@ namespace pellam {
 
 class CGridView;
 class CLumasetApp;
+class ClockMemory;
 class CTrendView;
 class CommandSet;
 class FrameActions;
@@ -195,6 +196,7 @@ class CMainFrame : public QMainWindow {
     QStackedWidget* m_stack = nullptr;
     TabPages* m_pages = nullptr;
     CGridView* m_gridView = nullptr;
+    std::unique_ptr<ClockMemory> m_clocks;
     CTrendView* m_trendView = nullptr;
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.

@@ -51,7 +51,7 @@ void FrameActions::buildMenus() {
                            SelectAllChannels, DeselectAllChannels, kSeparator, Find, FindNext,
                            FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});
     fillMenu(tr("&View"), {Command::Sidebar, Command::Toolbar, kSeparator, DataGrid, TrendChart,
-                           kSeparator, EditAxis, AutoScale, SelectionZoom, IncreaseFont,
+                           kSeparator, EditAxis, AutoScale, FitValues, SelectionZoom, IncreaseFont,
                            DecreaseFont, kSeparator, MissingAsNumbers});
     auto* chart = m_window->menuBar()->addMenu(tr("&Chart"));
     fillTrendMenu(*chart, *m_sets.back(), kAllAxes);
@@ -72,7 +72,7 @@ QToolBar* FrameActions::buildToolbar() {
                                Find, GoTo, PreviousDamaged, NextDamaged, kSeparator,
                                SelectAllChannels, DeselectAllChannels, kSeparator,
                                DataGrid, TrendChart, kSeparator,
-                               EditAxis, AutoScale, SelectionZoom, StripChart, kSeparator,
+                               EditAxis, AutoScale, FitValues, SelectionZoom, StripChart, kSeparator,
                                Preferences, HelpContents})
         command == kSeparator ? (void)bar->addSeparator() : bar->addAction(action(command));
     // clang-format on

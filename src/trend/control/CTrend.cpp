@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace pellam {
 
 CTrend::CTrend(QWidget* parent, const QTimeZone& zone)
@@ -215,11 +217,24 @@ bool CTrend::showToolTip(const QPoint& at, const QPoint& global) {
 }
 
 void CTrend::keyPressEvent(QKeyEvent* event) {
-    if (m_keys->press(*event)) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        openMenuByKey();
+    } else if (m_keys->press(*event)) {
         showFocus(true);
     } else {
         QWidget::keyPressEvent(event);
     }
+}
+
+// The key Menu is the toolkit's.
+void CTrend::openMenuByKey() {
+    const QRectF& plot = m_scene->layout().plot;
+    const auto crosshair = m_scene->marks.crosshair;
+    const double x = crosshair ? m_scene->layout().timeMap.toPixel(*crosshair) : plot.center().x();
+    const QPoint at =
+        QPointF(std::clamp(x, plot.left(), plot.right()), plot.center().y()).toPoint();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, at, mapToGlobal(at));
+    contextMenuEvent(&event);
 }
 
 // The frame is for those who use keys; it would only disturb others.

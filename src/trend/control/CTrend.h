@@ -16,6 +16,7 @@ class TrendCommands;
 class TrendInteraction;
 class TrendKeys;
 class TrendScene;
+struct TrendRanges;
 
 /// The trend chart control: curves against time on up to six Y scales, with legend, zooming,
 /// crosshair and two measuring cursors. The operations of TrendOperations set it up.
@@ -69,11 +70,12 @@ class CTrend : public QWidget, public TrendOperations {
   public Q_SLOTS:
     void zoomBack();
     void zoomForward();
-    /// To the ranges that were last set by operations.
+    /// To ranges that show all visible curves.
     void zoomAll();
 
   Q_SIGNALS:
-    /// The drawing area was clicked (without a drag), or a time chosen with Enter at the crosshair.
+    /// The drawing area was clicked (without a drag), or Enter was pressed: the time of the sample
+    /// that the crosshair reads there, or, before the first one, of the place itself.
     void timeClicked(double time);
     void selectionZoomChanged(bool on);
     void breakGapsChanged(bool on);
@@ -113,6 +115,7 @@ class CTrend : public QWidget, public TrendOperations {
     friend class TrendCommands;
     void setColours();
     void showFocus(bool shown);
+    void openMenuByKey();
     bool showToolTip(const QPoint& at, const QPoint& global);
 
     std::unique_ptr<TrendScene> m_scene;

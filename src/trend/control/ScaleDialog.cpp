@@ -1,6 +1,6 @@
 #include "trend/control/ScaleDialog.h"
 
-#include "trend/reading/TrendReading.h"
+#include "trend/reading/BoundText.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -30,13 +30,17 @@ std::optional<double> number(const QLineEdit& edit) {
 ScaleDialog::ScaleDialog(int axis, const TrendState& state, QWidget* parent)
     : QDialog(parent),
       m_scale(state.scales[static_cast<std::size_t>(axis - 1)]),
+      m_given(boundTexts(m_scale.actualMin, m_scale.actualMax, m_scale.logarithmic)),
       m_title(new QLineEdit(m_scale.text)),
-      m_min(new QLineEdit(state.numbers(TrendReading::valueText(m_scale.actualMin)))),
-      m_max(new QLineEdit(state.numbers(TrendReading::valueText(m_scale.actualMax)))),
+      m_min(new QLineEdit),
+      m_max(new QLineEdit),
       m_logarithmic(new QCheckBox(tr("&Logarithmic"))),
       m_fault(new QLabel),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)) {
     setWindowTitle(tr("Y Axis %1").arg(axis));
+    m_given = {state.numbers(m_given.min), state.numbers(m_given.max)};
+    m_min->setText(m_given.min);
+    m_max->setText(m_given.max);
     m_logarithmic->setChecked(m_scale.logarithmic);
     m_logarithmic->setEnabled(m_scale.dialogLogarithmic);
     m_fault->setWordWrap(true);
@@ -76,8 +80,9 @@ void ScaleDialog::check() {
 TrendScale ScaleDialog::scale() const {
     TrendScale edited = m_scale;
     edited.text = m_title->text();
-    edited.actualMin = number(*m_min).value_or(m_scale.actualMin);
-    edited.actualMax = number(*m_max).value_or(m_scale.actualMax);
+    // What was not touched keeps the digits that are not written.
+    if (m_min->text() != m_given.min) edited.actualMin = number(*m_min).value_or(edited.actualMin);
+    if (m_max->text() != m_given.max) edited.actualMax = number(*m_max).value_or(edited.actualMax);
     edited.logarithmic = m_logarithmic->isChecked();
     return edited;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trend/curves/TrendState.h"
+#include "trend/reading/BoundText.h"
 
 #include <QDialog>
 
@@ -27,6 +28,7 @@ class ScaleDialog : public QDialog {
     void check();
 
     TrendScale m_scale;
+    BoundTexts m_given;
     QLineEdit* m_title;
     QLineEdit* m_min;
     QLineEdit* m_max;

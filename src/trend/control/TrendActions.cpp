@@ -3,6 +3,7 @@
 #include "trend/control/CTrend.h"
 #include "trend/control/TrendCommands.h"
 #include "trend/control/TrendScene.h"
+#include "trend/curves/ScaleFit.h"
 #include "ui/commands/CommandSet.h"
 
 #include <QCoreApplication>
@@ -33,7 +34,29 @@ void addZooming(CommandSet& commands, CTrend& trend) {
     commands.add(
         readByControl(ShowEverything, "Show &Everything", "Home", "Show all times and values"),
         [&trend] { trend.zoomAll(); },
-        [&trend] { return TrendRanges::of(trend.chart().state) != trend.homeRanges(); });
+        [&trend] { return TrendRanges::of(trend.chart().state) != everything(trend.chart()); });
+}
+
+void addFitting(CommandSet& commands, CTrend& trend) {
+    commands.add(
+        {FitValues, "Fit &Values to View", "Shift+F5",
+         "Fit the axes to the values between the shown times", IconName::FitValues},
+        [&trend] { trend.commands().fitValues(); },
+        [&trend] { return !trend.scene().reading().drawnCurves().empty(); });
+    static constexpr const char* kAxes[] = {"Fit Y Axis &1 to View", "Fit Y Axis &2 to View",
+                                            "Fit Y Axis &3 to View", "Fit Y Axis &4 to View",
+                                            "Fit Y Axis &5 to View", "Fit Y Axis &6 to View"};
+    static constexpr const char* kKeys[] = {"Alt+1", "Alt+2", "Alt+3", "Alt+4", "Alt+5", "Alt+6"};
+    for (int axis = 1; axis <= trendScaleCount; ++axis) {
+        commands.add(
+            readByControl(fitAxisCommand(axis), kAxes[axis - 1], kKeys[axis - 1],
+                          "Fit this axis to the values between the shown times"),
+            [&trend, axis] { trend.commands().fitValues(axis); },
+            [&trend, axis] {
+                const TrendScale* scale = trend.chart().scale(axis);
+                return scale && scale->enabled && !trend.chart().isIdle(axis);
+            });
+    }
 }
 
 void addMarks(CommandSet& commands, CTrend& trend) {
@@ -46,6 +69,21 @@ void addMarks(CommandSet& commands, CTrend& trend) {
             chart.setCrosshairFollows(!chart.crosshairFollows());
         },
         {}, [&trend] { return trend.commands().crosshairFollows(); });
+    const auto add = [&](Command command, const char* text, const char* key, const char* tip,
+                         void (TrendCommands::*step)(int), int direction) {
+        commands.add(
+            readByControl(command, text, key, tip),
+            [&trend, step, direction] { (trend.commands().*step)(direction); }, drawn);
+    };
+    add(NextExtreme, "&Next Extreme", "X", "Move the crosshair to where a curve turns next",
+        &TrendCommands::stepToExtreme, 1);
+    add(PreviousExtreme, "&Previous Extreme", "Shift+X",
+        "Move the crosshair to where a curve turned before", &TrendCommands::stepToExtreme, -1);
+    add(NextChartGap, "Next &Gap", "N", "Move the crosshair to the last sample before the next gap",
+        &TrendCommands::stepToGap, 1);
+    add(PreviousChartGap, "Previous G&ap", "Shift+N",
+        "Move the crosshair to the last sample before the gap before", &TrendCommands::stepToGap,
+        -1);
     commands.add(
         readByControl(CursorA, "&Set Cursor A", "A",
                       "Put the first measuring cursor at the crosshair"),
@@ -110,6 +148,7 @@ void addRequests(CommandSet& commands, CTrend& trend) {
 
 void addTrendCommands(CommandSet& commands, CTrend& trend) {
     addZooming(commands, trend);
+    addFitting(commands, trend);
     addMarks(commands, trend);
     addDisplay(commands, trend);
     addRequests(commands, trend);
@@ -117,17 +156,36 @@ void addTrendCommands(CommandSet& commands, CTrend& trend) {
 
 void fillTrendMenu(QMenu& menu, const CommandSet& commands, int axis) {
     using enum Command;
-    commands.addTo(menu, {SelectionZoom, ZoomBack, ZoomForward, ShowEverything, kSeparator,
-                          Crosshair, CursorA, CursorB, RemoveCursors, kSeparator, StripChart,
-                          BreakGaps, kSeparator});
+    const auto addSubmenu = [&](const char* title) {
+        return menu.addMenu(QCoreApplication::translate("Commands", title));
+    };
+    commands.addTo(menu,
+                   {SelectionZoom, ZoomBack, ZoomForward, ShowEverything, AutoScale, FitValues});
     if (axis == kAllAxes) {
-        auto* axes = menu.addMenu(QCoreApplication::translate("Commands", "&Y Axis"));
+        auto* axes = addSubmenu("Fit &One Axis to View");
+        for (int each = 1; each <= trendScaleCount; ++each)
+            commands.addTo(*axes, {fitAxisCommand(each)});
+    } else if (axis > 0 && commands.action(fitAxisCommand(axis))->isEnabled()) {
+        commands.addTo(menu, {fitAxisCommand(axis)});
+    }
+    commands.addTo(menu, {kSeparator, Crosshair});
+    commands.addTo(*addSubmenu("&Move Crosshair"),
+                   {NextExtreme, PreviousExtreme, NextChartGap, PreviousChartGap});
+    commands.addTo(
+        menu, {CursorA, CursorB, RemoveCursors, kSeparator, StripChart, BreakGaps, kSeparator});
+    if (axis == kAllAxes) {
+        auto* axes = addSubmenu("&Y Axis");
         for (int each = 1; each <= trendScaleCount; ++each)
             commands.addTo(*axes, {yAxisCommand(each)});
     } else if (axis > 0 && commands.action(yAxisCommand(axis))->isEnabled()) {
         commands.addTo(menu, {yAxisCommand(axis)});
     }
-    commands.addTo(menu, {EditAxis, AutoScale, kSeparator, Copy, ExportImage});
+    commands.addTo(menu, {EditAxis});
+    if (commands.action(ClockComputer)) {
+        auto* clocks = addSubmenu("Cloc&k");
+        commands.addTo(*clocks, {ClockComputer, ClockNoDaylightSaving, ClockUtc});
+    }
+    commands.addTo(menu, {kSeparator, Copy, ExportImage});
 }
 
 } // namespace pellam

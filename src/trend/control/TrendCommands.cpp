@@ -5,7 +5,8 @@
 #include "trend/control/ScaleDialog.h"
 #include "trend/control/TrendScene.h"
 #include "trend/control/TrendZoom.h"
-#include "trend/curves/CurveReader.h"
+#include "trend/curves/CurveWalk.h"
+#include "trend/curves/ScaleFit.h"
 
 #include <QAccessible>
 #include <algorithm>
@@ -62,10 +63,29 @@ void TrendCommands::zoomForward() {
 void TrendCommands::zoomAll() {
     zoom(Step::Single, [this](TrendZoom&) {
         TrendState& state = m_trend.m_chart.state;
-        if (TrendRanges::of(state) == m_trend.homeRanges()) return false;
-        m_trend.homeRanges().applyTo(state);
+        const TrendRanges all = everything(m_trend.chart());
+        if (TrendRanges::of(state) == all) return false;
+        all.applyTo(state);
         return true;
     });
+}
+
+void TrendCommands::fitValues(int axis) {
+    zoom(Step::Single, [this, axis](TrendZoom&) {
+        TrendRanges ranges = TrendRanges::of(m_trend.chart().state);
+        for (int each = 1; each <= trendScaleCount; ++each) {
+            if (axis != 0 && axis != each) continue;
+            auto& shown = ranges.scales[static_cast<std::size_t>(each - 1)].shown;
+            shown = fittedToShownTimes(m_trend.chart(), each).value_or(shown);
+        }
+        if (TrendRanges::of(m_trend.chart().state) == ranges) return false;
+        ranges.applyTo(m_trend.m_chart.state);
+        return true;
+    });
+}
+
+void TrendCommands::chooseTime(double time) {
+    Q_EMIT m_trend.timeClicked(sampleTime(time).value_or(time));
 }
 
 void TrendCommands::panTime(double part) {
@@ -154,12 +174,56 @@ void TrendCommands::stepCrosshair(int direction) {
     const double start = sampleTime(crosshair.value_or(middle)).value_or(view.min());
     // The first step only shows the crosshair.
     const std::optional<double> target = crosshair ? neighbour(start, direction) : start;
-    if (!target) return;
-    if (*target < view.min() || *target > view.max())
+    if (target) showCrosshair(*target);
+}
+
+// Outside the shown times, these are moved until it stands in their middle.
+void TrendCommands::showCrosshair(double time) {
+    const ScaleMap view = m_scene.layout().timeMap;
+    const double middle = (view.min() + view.max()) / 2;
+    if (time < view.min() || time > view.max())
         zoom(Step::KeyTime, [&](TrendZoom& zoom) {
-            return zoom.panTime(view.toPixel(middle) - view.toPixel(*target));
+            return zoom.panTime(view.toPixel(middle) - view.toPixel(time));
         });
-    setCrosshair(target);
+    setCrosshair(time);
+}
+
+void TrendCommands::moveCrosshair(double pixels) {
+    const ScaleMap view = m_scene.layout().timeMap;
+    const auto crosshair = m_scene.marks.crosshair;
+    if (!crosshair) return showCrosshair((view.min() + view.max()) / 2);
+    showCrosshair(view.toValue(view.toPixel(*crosshair) + pixels));
+}
+
+void TrendCommands::stepToNearest(int direction, const Next& next) {
+    const ScaleMap& view = m_scene.layout().timeMap;
+    const double start = m_scene.marks.crosshair.value_or(direction > 0 ? view.min() : view.max());
+    std::optional<double> nearest;
+    for (const int curve : m_scene.reading().drawnCurves()) {
+        const auto sample = next(curve, start);
+        if (!sample) continue;
+        const bool nearer = !nearest || (sample->time - *nearest) * direction < 0;
+        if (nearer) nearest = sample->time;
+    }
+    if (nearest) showCrosshair(*nearest);
+}
+
+void TrendCommands::stepToExtreme(int direction) {
+    constexpr double kDepth = 0.04; // of the height of a scale: smaller turns are ripples
+    const TrendLayout layout = m_scene.layout();
+    stepToNearest(direction, [&](int index, double time) -> std::optional<CurveSample> {
+        const TrendCurve& curve = m_scene.chart().curves[static_cast<std::size_t>(index)];
+        const ScaleBand* const band = layout.scale(curve.style().relatedScale);
+        if (!band) return {};
+        return CurveWalk(curve, direction).extreme(time, band->map, kDepth * band->band.height());
+    });
+}
+
+void TrendCommands::stepToGap(int direction) {
+    stepToNearest(direction, [&](int index, double time) {
+        return CurveWalk(m_scene.chart().curves[static_cast<std::size_t>(index)], direction)
+            .gap(time);
+    });
 }
 
 void TrendCommands::setCursor(int cursor, std::optional<double> time) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "trend/curves/CurveReader.h"
 #include "trend/curves/ZoomHistory.h"
 
 #include <QElapsedTimer>
@@ -32,6 +33,8 @@ class TrendCommands {
     void zoomBack();
     void zoomForward();
     void zoomAll();
+    /// Fits an axis (1 to 6; 0 = all) to the values between the shown times.
+    void fitValues(int axis = 0);
     /// By parts of what is shown: 0.1 = a tenth; earlier (lower) when negative.
     void panTime(double part);
     void panValues(double part);
@@ -47,8 +50,17 @@ class TrendCommands {
     void pointAt(const std::optional<QPointF>& pointer);
     /// The crosshair goes to a time by itself; nothing hides it.
     void setCrosshair(std::optional<double> time);
+    /// Chooses the row that the crosshair reads at a time: that of the latest sample before it.
+    void chooseTime(double time);
     /// To the next (direction 1) or previous (-1) sample of any drawn curve.
     void stepCrosshair(int direction);
+
+    /// By pixels to the right.
+    void moveCrosshair(double pixels);
+    /// To the next (direction 1) or previous (-1) turn of a drawn curve, or last sample before a
+    /// gap.
+    void stepToExtreme(int direction);
+    void stepToGap(int direction);
 
     bool crosshairFollows() const { return m_follow; }
 
@@ -82,6 +94,9 @@ class TrendCommands {
     void rangesChanged();
     std::optional<double> sampleTime(double time) const;
     std::optional<double> neighbour(double time, int direction) const;
+    using Next = std::function<std::optional<CurveSample>(int curve, double time)>;
+    void stepToNearest(int direction, const Next& next);
+    void showCrosshair(double time);
     void announce();
 
     CTrend& m_trend;

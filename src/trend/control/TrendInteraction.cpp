@@ -130,7 +130,7 @@ void TrendInteraction::click(const QPointF& at) {
         if (hit.part == TrendPart::LegendMore) m_commands.openLegendMenu();
     } else if (hit.part == TrendPart::Plot && m_button == Qt::LeftButton &&
                m_drag != Drag::Cursor) {
-        Q_EMIT m_trend.timeClicked(m_scene.layout().timeMap.toValue(at.x()));
+        m_commands.chooseTime(m_scene.layout().timeMap.toValue(at.x()));
     }
 }
 

@@ -13,6 +13,7 @@ namespace pellam {
 namespace {
 
 constexpr double kStep = 0.1;
+constexpr double kManyPixels = 10;
 constexpr double kPage = 0.9;
 constexpr double kCloser = 0.8;
 
@@ -33,7 +34,7 @@ bool TrendKeys::handles(const QKeyEvent& event) const {
     switch (event.key()) {
     case Qt::Key_Left:
     case Qt::Key_Right:
-        return !(held & Qt::AltModifier);
+        return !(held & Qt::AltModifier) || !(held & Qt::ControlModifier);
     case Qt::Key_Plus:
     case Qt::Key_Equal:
     case Qt::Key_Minus:
@@ -88,12 +89,17 @@ bool TrendKeys::pressInLegend(const QKeyEvent& event) {
 }
 
 bool TrendKeys::move(const QKeyEvent& event) {
-    const bool pan = modifiers(event) != Qt::NoModifier;
+    const auto held = modifiers(event);
+    const bool pan = held != Qt::NoModifier;
+    const bool alt = held & Qt::AltModifier;
+    const double pixels = held & Qt::ShiftModifier ? kManyPixels : 1;
     switch (event.key()) {
     case Qt::Key_Left:
+        if (alt) return m_commands.moveCrosshair(-pixels), true;
         pan ? m_commands.panTime(-kStep) : m_commands.stepCrosshair(-1);
         return true;
     case Qt::Key_Right:
+        if (alt) return m_commands.moveCrosshair(pixels), true;
         pan ? m_commands.panTime(kStep) : m_commands.stepCrosshair(1);
         return true;
     case Qt::Key_Up:
@@ -129,7 +135,7 @@ bool TrendKeys::mark(const QKeyEvent& event) {
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (crosshair) Q_EMIT m_trend.timeClicked(*crosshair);
+        if (crosshair) m_commands.chooseTime(*crosshair);
         return crosshair.has_value();
     case Qt::Key_Escape:
         if (m_interaction.cancel()) return true;

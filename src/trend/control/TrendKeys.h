@@ -15,7 +15,8 @@ class TrendScene;
 
 /// The control's keys: those that move things, here, and those of its commands.
 ///
-/// Left, Right: crosshair to the neighbouring sample; with Ctrl (or Shift): move a tenth in time.
+/// Left, Right: crosshair to the neighbouring sample; with Alt: by a pixel, with Alt+Shift by ten;
+/// with Ctrl (or Shift): move a tenth in time.
 /// Up, Down: move a tenth in values. PageUp, PageDown: a page earlier, later. Plus, Minus: zoom
 /// time; with Alt: values. Enter: choose the crosshair's time. Escape: give up a drag, else hide
 /// the crosshair. Space held: the left button moves the chart. Tab goes to the legend: there arrows

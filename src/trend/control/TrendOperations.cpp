@@ -10,7 +10,7 @@
 
 namespace pellam {
 
-TrendOperations::TrendOperations() : m_home(TrendRanges::of(m_chart.state)) {}
+TrendOperations::TrendOperations() = default;
 
 TrendOperations::~TrendOperations() = default;
 
@@ -99,12 +99,12 @@ void TrendOperations::setBreakGaps(bool on) {
 }
 
 void TrendOperations::SetXScActualRangeMin(double time) {
-    m_chart.state.timeMin = m_home.time.min = time;
+    m_chart.state.timeMin = time;
     chartChanged(Change::Range);
 }
 
 void TrendOperations::SetXScActualRangeMax(double time) {
-    m_chart.state.timeMax = m_home.time.max = time;
+    m_chart.state.timeMax = time;
     chartChanged(Change::Range);
 }
 
@@ -116,6 +116,10 @@ double TrendOperations::GetXScActualRangeMax() const {
     return m_chart.state.timeMax;
 }
 
+void TrendOperations::setUtcOffset(std::optional<int> offset) {
+    setSetting(m_chart.state.utcOffset, offset);
+}
+
 void TrendOperations::SetLockUpdate(int lock) {
     if (lock != 0) {
         ++m_locks;
@@ -125,13 +129,12 @@ void TrendOperations::SetLockUpdate(int lock) {
 }
 
 void TrendOperations::SaveTrend() {
-    m_saved.push_back({m_chart.save(), m_home});
+    m_saved.push_back(m_chart.save());
 }
 
 void TrendOperations::RestoreTrend() {
     if (m_saved.empty()) return;
-    m_chart.restore(m_saved.back().state);
-    m_home = m_saved.back().home;
+    m_chart.restore(m_saved.back());
     m_saved.pop_back();
     chartChanged(Change::Range);
 }

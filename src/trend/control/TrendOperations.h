@@ -2,7 +2,6 @@
 
 #include "trend/control/TrendFont.h"
 #include "trend/curves/TrendChart.h"
-#include "trend/curves/TrendRanges.h"
 
 #include <cstdint>
 #include <memory>
@@ -104,7 +103,7 @@ class TrendOperations {
     void SetYScRangeMax(int axis, double value);
     double GetYScRangeMin(int axis) const;
     double GetYScRangeMax(int axis) const;
-    /// What is shown; also what zooming to everything comes back to.
+    /// What is shown.
     void SetYScActualRangeMin(int axis, double value);
     void SetYScActualRangeMax(int axis, double value);
     double GetYScActualRangeMin(int axis) const;
@@ -116,11 +115,14 @@ class TrendOperations {
     void SetYScForeColor(int axis, const QColor& colour);
     void YScSetPosition(int axis, const ScalePosition& position);
 
-    // The time axis: what is shown, and what zooming to everything comes back to.
+    // The time axis: what is shown.
     void SetXScActualRangeMin(double time);
     void SetXScActualRangeMax(double time);
     double GetXScActualRangeMin() const;
     double GetXScActualRangeMax() const;
+    /// Offset from UTC, in seconds, of the clock that times are shown by; without one it is that
+    /// of the zone that the chart was made for.
+    void setUtcOffset(std::optional<int> offset);
 
     /// 1 suspends redrawing, 0 resumes it; calls nest.
     void SetLockUpdate(int lock);
@@ -130,9 +132,6 @@ class TrendOperations {
     /// Saves all display settings; RestoreTrend() puts the last saved ones back. Calls nest.
     void SaveTrend();
     void RestoreTrend();
-
-    /// The ranges that were last set by operations: what zooming to everything comes back to.
-    const TrendRanges& homeRanges() const { return m_home; }
 
     /// Draws the chart into a rectangle of a painter's units, of which `unitsPerInch` make an inch,
     /// with the settings as they are, on white where no background colour is set.
@@ -161,11 +160,6 @@ class TrendOperations {
         int averageCompression = 0;
     };
 
-    struct Saved {
-        TrendState state;
-        TrendRanges home;
-    };
-
     TrendCurve* writable(int curve);
     const TrendCurve* find(int curve) const;
     const TrendScale& scaleOrNew(int axis) const;
@@ -177,9 +171,8 @@ class TrendOperations {
     template <typename Value>
     void setSetting(Value& setting, const Value& value);
 
-    TrendRanges m_home;
     std::vector<CurveExtras> m_extras;
-    std::vector<Saved> m_saved;
+    std::vector<TrendState> m_saved;
     int m_locks = 0;
 };
 

@@ -73,10 +73,8 @@ double TrendOperations::GetYScRangeMax(int axis) const {
 }
 
 void TrendOperations::SetYScActualRangeMin(int axis, double value) {
-    const auto edit = [&](TrendScale& scale) {
-        scale.actualMin = m_home.scales[static_cast<std::size_t>(axis - 1)].min = value;
-    };
-    editScale(axis, edit, Change::Range);
+    editScale(
+        axis, [&](TrendScale& scale) { scale.actualMin = value; }, Change::Range);
 }
 
 double TrendOperations::GetYScActualRangeMin(int axis) const {
@@ -84,10 +82,8 @@ double TrendOperations::GetYScActualRangeMin(int axis) const {
 }
 
 void TrendOperations::SetYScActualRangeMax(int axis, double value) {
-    const auto edit = [&](TrendScale& scale) {
-        scale.actualMax = m_home.scales[static_cast<std::size_t>(axis - 1)].max = value;
-    };
-    editScale(axis, edit, Change::Range);
+    editScale(
+        axis, [&](TrendScale& scale) { scale.actualMax = value; }, Change::Range);
 }
 
 double TrendOperations::GetYScActualRangeMax(int axis) const {

@@ -18,6 +18,7 @@ void TrendScene::setSurface(const QSize& size, double pixelRatio,
 }
 
 void TrendScene::invalidate() {
+    m_painter.follow(m_chart.state);
     m_laidOut = false;
     m_overlaid = false;
     m_drawn = false;
@@ -55,9 +56,8 @@ QRegion TrendScene::refreshOverlay() {
 
 void TrendScene::paintOverlay(QPainter& painter) {
     if (!m_overlaid) refreshOverlay();
-    TrendOverlay::Colours colours = m_colours;
-    colours.theme = colours.theme.with(m_chart.state);
-    m_overlay.paint(painter, colours);
+    const TrendTheme theme = m_colours.theme.with(m_chart.state);
+    m_overlay.paint(painter, TrendOverlay::Colours::of(theme, m_colours.accent));
 }
 
 } // namespace pellam

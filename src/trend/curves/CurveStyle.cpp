@@ -7,9 +7,10 @@
 namespace pellam {
 namespace {
 
-// The last nine are Paul Tol's "muted" scheme, made to be told apart by colour-blind readers.
+// The first eight are told apart under every common colour blindness; the last nine are Paul Tol's
+// "muted" scheme, made to be told apart by colour-blind readers.
 constexpr std::array<QRgb, 21> palette = {
-    0xff0060c0, 0xffd02020, 0xff00a090, 0xff8030b0, 0xff906030, 0xff40b0f0, 0xffffff00,
+    0xff355bff, 0xffcc0e02, 0xff369fbd, 0xff8c2d6c, 0xff7e996f, 0xff79695f, 0xffffff00,
     0xffff8000, 0xff8080ff, 0xffff0080, 0xff008000, 0xff000000, 0xff332288, 0xff88ccee,
     0xff44aa99, 0xff117733, 0xff999933, 0xffddcc77, 0xffcc6677, 0xff882255, 0xffaa4499,
 };
@@ -70,10 +71,13 @@ QList<qreal> dashPattern(CurveDash dash) {
 
 CurveStyle defaultCurveStyle(int index) {
     constexpr int hues = static_cast<int>(palette.size());
+    constexpr int kPlain = 8; // that are told apart by their hues alone
     const int place = std::max(0, index);
     CurveStyle style;
     style.colour = QColor::fromRgb(palette[static_cast<std::size_t>(place % hues)]);
-    style.dash = static_cast<CurveDash>(place / hues % 4);
+    // More hues can't be told apart by all: dashes help.
+    const int beyond = place - kPlain;
+    if (beyond >= 0) style.dash = static_cast<CurveDash>(1 + (beyond + place / hues) % 3);
     return style;
 }
 

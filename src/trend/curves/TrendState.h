@@ -6,6 +6,7 @@
 
 #include <QStringList>
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace pellam {
@@ -22,6 +23,8 @@ struct TrendState {
     XAxis xAxis;                                    ///< what the times below count
     double timeMin = 0;                             ///< shown range
     double timeMax = 1;
+    /// Offset from UTC, in seconds, of the clock that times are shown by; nothing = by the zone's.
+    std::optional<int> utcOffset;
     QString title;               ///< above the drawing area; empty = none
     QStringList notes;           ///< one line each below it: points that were left out
     QStringList paperNotes;      ///< what else stands there while curveButtons is 0

@@ -6,6 +6,7 @@
 #include "trend/layout/TextMeasure.h"
 #include "trend/ticks/XAxisTicks.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -59,29 +60,26 @@ int timeLabelCount(const TrendLayout& layout, const XAxisTicks& ticks) {
     return labels;
 }
 
-void findTimeMarks(TrendLayout& layout, const TrendState& state, const TimeTicks& times) {
-    const double from = layout.timeMap.min();
-    const double to = layout.timeMap.max();
-    const XAxisTicks axis(state.xAxis, times);
-    const int most = timeLabelCount(layout, axis);
-    const auto isMajor = [](const AxisTick& tick) { return tick.major; };
-    for (int labels = most; labels <= most + 3; ++labels) { // a narrow axis needs one all the same
-        layout.timeMarks = axis.find(from, to, labels);
-        const auto& ticks = layout.timeMarks.ticks;
-        if (std::any_of(ticks.begin(), ticks.end(), isMajor)) break;
-    }
-    for (AxisTick& tick : layout.timeMarks.ticks)
-        tick.label = state.numbers(std::move(tick.label));
-}
-
-// A label that would touch the one before is left out.
-void placeTimeLabels(TrendLayout& layout) {
+// A label that would touch the one before is left out. Gives how many labels there are, those of
+// the second line not counted.
+int placeTimeLabels(TrendLayout& layout) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
     const double height = metrics.height();
     const double top = layout.timeAxis.top() + std::round(height * 0.4) + 2;
     double lastLabel = -1e9;
     double lastContext = -1e9;
     std::size_t firstContext = 0;
+    int placed = 0;
+    layout.timeLabels.clear();
+    const QString& start = layout.timeMarks.start;
+    if (!start.isEmpty()) {
+        const double width = metrics.width(start) + 1;
+        const double left = std::min(layout.plot.left(), layout.size.width() - width - 1);
+        layout.timeLabels.push_back(
+            {QRectF(std::max(0.0, left), top + height, width, height), start, true});
+        lastContext = layout.timeLabels.back().rect.right();
+        firstContext = 1;
+    }
     for (const AxisTick& tick : layout.timeMarks.ticks) {
         const double x = layout.timeMap.toPixel(tick.value);
         const auto place = [&](const QString& text, double y) {
@@ -93,10 +91,11 @@ void placeTimeLabels(TrendLayout& layout) {
             const QRectF rect = place(tick.label, top);
             if (rect.left() > lastLabel + 0.4 * height) {
                 layout.timeLabels.push_back({rect, tick.label, false});
+                ++placed;
                 lastLabel = rect.right();
             }
         }
-        if (tick.context.isEmpty()) continue;
+        if (tick.context.isEmpty() || tick.context == start) continue;
         const QRectF rect = place(tick.context, top + height);
         if (rect.left() <= lastContext + 0.6 * height) {
             // The date that changes soon after the start says more than the one at the start.
@@ -109,6 +108,45 @@ void placeTimeLabels(TrendLayout& layout) {
         }
         lastContext = rect.right();
     }
+    return placed;
+}
+
+void tellStep(TrendLayout& layout) {
+    TextMeasure& metrics = TextMeasure::of(layout.font);
+    std::erase_if(layout.timeLabels, [](const AxisLabel& label) { return label.context; });
+    const TimeMarks& marks = layout.timeMarks;
+    if (marks.step.isEmpty()) return;
+    QString text = QCoreApplication::translate("pellam::TrendLayout", "marks: %1").arg(marks.step);
+    if (!marks.start.isEmpty()) text = marks.start + QStringLiteral(" · ") + text;
+    text = metrics.elided(text, layout.size.width() - 2, Qt::ElideLeft);
+    const double width = metrics.width(text) + 1;
+    const double left = std::min(layout.plot.left(), layout.size.width() - width - 1);
+    const double top = layout.timeAxis.top() + std::round(metrics.height() * 0.4) + 2;
+    layout.timeLabels.push_back(
+        {QRectF(std::max(0.0, left), top + metrics.height(), width, metrics.height()), text, true});
+}
+
+// One label alone gives no measure: more are tried for, and where there is no room for two, the
+// step is told behind the date.
+void labelTimeAxis(TrendLayout& layout, const TrendState& state, const TimeTicks& times) {
+    const double from = layout.timeMap.min();
+    const double to = layout.timeMap.max();
+    const XAxisTicks axis(state.xAxis, times);
+    const int most = timeLabelCount(layout, axis);
+    const auto label = [&](int labels) {
+        layout.timeMarks = axis.find(from, to, labels);
+        for (AxisTick& tick : layout.timeMarks.ticks)
+            tick.label = state.numbers(std::move(tick.label));
+        return placeTimeLabels(layout);
+    };
+    constexpr int kTries = 6;
+    int labels = most;
+    while (label(labels) < 2 && labels < most + kTries)
+        ++labels;
+    if (labels < most + kTries) return;
+    for (labels = most; label(labels) == 0 && labels < most + kTries;)
+        ++labels;
+    tellStep(layout);
 }
 
 // Times so near to each other that doubles can't tell what lies between them stand in the middle of
@@ -152,8 +190,7 @@ TrendLayout TrendLayout::compute(const TrendChart& chart, const QSizeF& size,
     layout.timeAxis =
         QRectF(layout.plot.left(), layout.plot.bottom(), layout.plot.width(), axisHeight);
     layout.timeMap = timeMapOf(chart.state, layout.plot);
-    findTimeMarks(layout, chart.state, times);
-    placeTimeLabels(layout);
+    labelTimeAxis(layout, chart.state, times);
     return layout;
 }
 

@@ -21,7 +21,7 @@ QImage chartImage(const TrendChart& chart, const QSize& size, const TrendTheme& 
                   double scale) {
     QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
-    const TrendPainter painter;
+    TrendPainter painter;
     painter.draw(image, chart, painter.layout(chart, size), theme);
     return image;
 }
@@ -36,7 +36,7 @@ bool writeChartSvg(QIODevice& device, const TrendChart& chart, const QSize& size
     generator.setResolution(static_cast<int>(logicalInch));
     QPainter painter;
     if (!painter.begin(&generator)) return false;
-    const TrendPainter chartPainter;
+    TrendPainter chartPainter;
     chartPainter.draw(painter, chart, chartPainter.layout(chart, size), theme, 1);
     return painter.end() && isWritten(device, before);
 }
@@ -64,7 +64,7 @@ void paintChart(QPainter& painter, const QRectF& target, double unitsPerInch,
     painter.save();
     painter.translate(target.topLeft());
     painter.scale(units, units);
-    const TrendPainter chartPainter;
+    TrendPainter chartPainter;
     chartPainter.draw(painter, chart, chartPainter.layout(chart, target.size() / units), theme);
     painter.restore();
 }

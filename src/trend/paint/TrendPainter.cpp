@@ -136,7 +136,8 @@ void drawSymbols(QPainter& painter, const TrendChart& chart, const TrendLayout& 
 
 } // namespace
 
-TrendLayout TrendPainter::layout(const TrendChart& chart, const QSizeF& size) const {
+TrendLayout TrendPainter::layout(const TrendChart& chart, const QSizeF& size) {
+    follow(chart.state);
     return TrendLayout::compute(chart, size, m_times);
 }
 

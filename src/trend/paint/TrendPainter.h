@@ -19,7 +19,11 @@ class TrendPainter {
   public:
     explicit TrendPainter(const QTimeZone& zone = QTimeZone::systemTimeZone()) : m_times(zone) {}
 
-    TrendLayout layout(const TrendChart& chart, const QSizeF& size) const;
+    /// Times are those of the chart's clock from here on.
+    void follow(const TrendState& state) { m_times.setUtcOffset(state.utcOffset); }
+
+    /// Lays the chart out, and follows its clock.
+    TrendLayout layout(const TrendChart& chart, const QSizeF& size);
 
     /// Fills an image (Format_ARGB32_Premultiplied or Format_RGB32, its devicePixelRatio respected)
     /// with a chart whose layout was made for its logical size.

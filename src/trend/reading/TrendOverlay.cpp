@@ -20,6 +20,11 @@ constexpr double kTriangle = 5;
 
 } // namespace
 
+TrendOverlay::Colours TrendOverlay::Colours::of(const TrendTheme& theme, const QColor& accent) {
+    constexpr double kSeen = 3; // as WCAG 2.1 wants it of what is no text
+    return {theme, colourOfContrast(accent, theme.plot, kSeen)};
+}
+
 void TrendOverlay::addLine(Line::Kind kind, double time, const TrendLayout& layout,
                            const QString& label) {
     const double x = layout.timeMap.toPixel(time);

@@ -21,6 +21,9 @@ class TrendOverlay {
     struct Colours {
         TrendTheme theme;
         QColor accent;
+
+        /// A theme with an accent that can be seen on it.
+        static Colours of(const TrendTheme& theme, const QColor& accent);
     };
 
     void prepare(const TrendChart& chart, const TrendLayout& layout, const TrendReading& reading,

@@ -26,18 +26,30 @@ int powerOf(double value) {
     return static_cast<int>(std::floor(std::log10(value) + 1e-9));
 }
 
-QString textAt(double value, double step, int stepPower) {
-    if (std::abs(value) < step * 1e-6) value = 0;
-    const double largest = std::max(std::abs(value), step);
-    const int decimals = std::max(0, -stepPower);
-    if (largest < 1e7 && decimals <= 6) return QString::number(value, 'f', decimals);
-    if (value == 0.0) return QStringLiteral("0");
-    const int digits = powerOf(std::abs(value)) - stepPower;
-    QString text = QString::number(value, 'e', std::clamp(digits, 0, 15));
-    // 1.50e+07 is read as 1.5e7
-    const qsizetype exponent = text.indexOf(u'e');
-    return text.left(exponent) + u'e' + QString::number(text.mid(exponent + 1).toInt());
-}
+/// How numbers of up to a largest one are written, all with the same digits: "-0.5e9", "1.0e9".
+class NumberForm {
+  public:
+    NumberForm(double largest, double step)
+        : m_step(step),
+          m_decimals(std::max(0, -powerOf(step))) {
+        if (largest < 1e7 && m_decimals <= 6) return;
+        m_exponent = powerOf(std::max(largest, step));
+        m_decimals = std::clamp(m_exponent - powerOf(step), 0, 15);
+    }
+
+    QString text(double value) const {
+        if (std::abs(value) < m_step * 1e-6) value = 0;
+        if (m_exponent == 0) return QString::number(value, 'f', m_decimals);
+        if (value == 0.0) return QStringLiteral("0");
+        const double mantissa = value / std::pow(10.0, m_exponent);
+        return QString::number(mantissa, 'f', m_decimals) + u'e' + QString::number(m_exponent);
+    }
+
+  private:
+    double m_step;
+    int m_decimals;
+    int m_exponent = 0; ///< 0 = plain
+};
 
 } // namespace
 
@@ -46,7 +58,7 @@ double DecimalTicks::step(double min, double max, int labels) {
 }
 
 QString DecimalTicks::text(double value, double step) {
-    return textAt(value, step, powerOf(step));
+    return NumberForm(std::abs(value), step).text(value);
 }
 
 std::vector<AxisTick> DecimalTicks::find(double min, double max, int labels) {
@@ -59,12 +71,12 @@ std::vector<AxisTick> DecimalTicks::find(double min, double max, int labels) {
     const double first = std::ceil((min - slack) / minor);
     const double last = std::floor((max + slack) / minor);
     if (!(last - first < mostTicks)) return ticks;
-    const int power = powerOf(round.step);
+    const NumberForm form(std::max(std::abs(min), std::abs(max)), round.step);
     for (double index = first; index <= last; ++index) {
         AxisTick tick;
         tick.major = std::fmod(index, divisions) == 0.0;
         tick.value = tick.major ? index / divisions * round.step : index * minor;
-        if (tick.major) tick.label = textAt(tick.value, round.step, power);
+        if (tick.major) tick.label = form.text(tick.value);
         ticks.push_back(std::move(tick));
     }
     return ticks;

@@ -103,6 +103,28 @@ QString context(const LocalTime& time, const CalendarStep& step) {
     return {};
 }
 
+QString stepText(const CalendarStep& step) {
+    const auto text = [](double count, const char* unit) {
+        return QString::number(count) + u' ' + QString::fromUtf8(unit);
+    };
+    const auto count = static_cast<double>(step.count);
+    switch (step.unit) {
+    case CalendarUnit::Microsecond:
+        return step.count < 1000 ? text(count, "µs") : text(count / 1000, "ms");
+    case CalendarUnit::Second:
+        return step.count < 60     ? text(count, "s")
+               : step.count < 3600 ? text(count / 60, "min")
+                                   : text(count / 3600, "h");
+    case CalendarUnit::Day:
+        return text(count, "d");
+    case CalendarUnit::Month:
+        return text(count, "mo");
+    case CalendarUnit::Year:
+        return text(count, "y");
+    }
+    return {};
+}
+
 const ZoneStretch& stretchAt(double time, const std::vector<ZoneStretch>& stretches) {
     for (const ZoneStretch& stretch : stretches)
         if (time < stretch.to) return stretch;
@@ -140,6 +162,12 @@ std::vector<ClockChange> clockChanges(double from, double to,
 
 } // namespace
 
+void TimeTicks::setUtcOffset(std::optional<int> offset) {
+    if (offset == m_utcOffset) return;
+    m_utcOffset = offset;
+    m_offsets = ZoneOffsets(offset ? QTimeZone(*offset) : m_zone);
+}
+
 TimeMarks TimeTicks::find(double from, double to, int labels) const {
     TimeMarks marks;
     from = std::max(from, -61e9); // the years of four digits
@@ -154,6 +182,8 @@ TimeMarks TimeTicks::find(double from, double to, int labels) const {
         if (!std::binary_search(majors.begin(), majors.end(), time))
             marks.ticks.push_back({time, false, {}, {}});
 
+    marks.start = context(localTime(from, stretchAt(from, stretches).offset), step);
+    marks.step = stepText(step);
     QString lastContext;
     const ZoneStretch* lastStretch = nullptr;
     for (const double time : majors) {

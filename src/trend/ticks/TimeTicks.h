@@ -4,6 +4,7 @@
 #include "trend/ticks/ZoneOffsets.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace pellam {
@@ -19,6 +20,8 @@ struct ClockChange {
 struct TimeMarks {
     std::vector<AxisTick> ticks;
     std::vector<ClockChange> changes; ///< only while marks are closer than a day
+    QString start; ///< context of the axis' start, as marks have it: the date; may be empty
+    QString step;  ///< how far labelled marks stand apart: "2 h"
 };
 
 /// Marks of a time axis at round local times: microseconds to seconds, minutes, hours, days, weeks,
@@ -26,7 +29,13 @@ struct TimeMarks {
 /// gets none.
 class TimeTicks {
   public:
-    explicit TimeTicks(const QTimeZone& zone = QTimeZone::systemTimeZone()) : m_offsets(zone) {}
+    explicit TimeTicks(const QTimeZone& zone = QTimeZone::systemTimeZone())
+        : m_zone(zone),
+          m_offsets(zone) {}
+
+    /// From now on local times are those of one offset from UTC, in seconds; without one those of
+    /// the zone again.
+    void setUtcOffset(std::optional<int> offset);
 
     /// Marks of from..to (seconds since 1970 UTC, from below to) with at most `labels` labelled
     /// ones.
@@ -40,6 +49,8 @@ class TimeTicks {
     static QString sampleLabel(double span, int labels);
 
   private:
+    QTimeZone m_zone;
+    std::optional<int> m_utcOffset;
     ZoneOffsets m_offsets;
 };
 

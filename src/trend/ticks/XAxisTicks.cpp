@@ -148,6 +148,7 @@ TimeMarks XAxisTicks::find(double from, double to, int labels) const {
     if (m_axis.kind == XAxis::Kind::Rows) from = std::max(from, 1.0);
     if (!(from < to)) return marks;
     const Step step = stepOf(m_axis, to - from, labels);
+    marks.step = spanText(step.major, digitsOf(step.major));
     const std::vector<double> majors = multiples(step.major, from, to);
     for (const double value : multiples(step.minor, from, to)) {
         const double off = std::abs(value / step.major - std::round(value / step.major));

@@ -64,6 +64,15 @@ enum class Command : int {
     Properties = 33026,
     OpenWithLayout = 33027,
     MissingAsNumbers = 33028,
+    FitValues = 33100,
+    FitYAxis = 33101, ///< fits axis 1; the five numbers after it axes 2 to 6
+    ClockComputer = 33107,
+    ClockNoDaylightSaving = 33108,
+    ClockUtc = 33109,
+    NextExtreme = 33110,
+    PreviousExtreme = 33111,
+    NextChartGap = 33112,
+    PreviousChartGap = 33113,
     FirstRecentFile = 57616, ///< and the three numbers after it
 };
 
@@ -73,6 +82,11 @@ constexpr Command kSeparator{};
 /// The command of the dialog of an axis, 1 to 6.
 constexpr Command yAxisCommand(int axis) {
     return static_cast<Command>(static_cast<int>(Command::YAxis) + axis - 1);
+}
+
+/// The command that fits an axis, 1 to 6.
+constexpr Command fitAxisCommand(int axis) {
+    return static_cast<Command>(static_cast<int>(Command::FitYAxis) + axis - 1);
 }
 
 } // namespace pellam

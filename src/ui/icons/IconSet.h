@@ -22,6 +22,7 @@ enum class IconName {
     DeselectAll,
     EditAxes,
     AutoScale,
+    FitValues,
     SelectionZoomOn,
     SelectionZoomOff,
     IncreaseFont,

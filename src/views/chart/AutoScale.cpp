@@ -1,6 +1,7 @@
 #include "views/chart/AutoScale.h"
 
 #include "trend/control/TrendOperations.h"
+#include "trend/curves/ScaleFit.h"
 
 #include <algorithm>
 #include <array>
@@ -32,11 +33,14 @@ DataExtent visibleExtent(const TrendOperations& trend, double now) {
         const int axis = trend.GetCurveRelatedScale(curve);
         const auto range = trend.GetDataRange(curve);
         if (!trend.GetCurveVisible(curve) || !range || axis < 1 || axis > trendScaleCount) continue;
-        Extent& values = extent.axes[static_cast<std::size_t>(axis - 1)];
-        values.min = std::min(values.min, range->yFrom);
-        values.max = std::max(values.max, range->yTo);
         extent.from = std::min(extent.from, range->xFrom);
         extent.to = std::max(extent.to, range->xTo);
+    }
+    for (int axis = 1; axis <= trendScaleCount; ++axis) {
+        Extent& values = extent.axes[static_cast<std::size_t>(axis - 1)];
+        const ValueRange all = valuesOnAxis(trend.chart(), axis);
+        values.min = std::min(values.min, all.min);
+        values.max = std::max(values.max, all.max);
     }
     return extent;
 }
@@ -55,7 +59,8 @@ void applyRanges(TrendOperations& trend, int axis, const Extent& extent) {
 AxisRanges scaledToData(double min, double max) {
     const double span = std::abs(max - min);
     const double beyond = span < 1.0 ? span : 10 * span;
-    return {min - beyond, max + beyond, min - 0.1 * std::abs(min), max + 0.1 * std::abs(max)};
+    const TrendRanges::Range shown = shownRange({min, max});
+    return {min - beyond, max + beyond, shown.min, shown.max};
 }
 
 void autoScale(TrendOperations& trend, double now) {

@@ -18,8 +18,8 @@ struct AxisRanges {
 AxisRanges scaledToData(double min, double max);
 
 /// Scales all six axes to the visible curves, and the time axis to their times; `now` is the
-/// latest moment at which a time axis of dates can start. An axis without data gets reversed
-/// ranges.
+/// latest moment at which a time axis of dates can start. Logarithmic axes count values above zero.
+/// An axis without data gets reversed ranges.
 void autoScale(TrendOperations& trend, double now);
 
 /// Scales an axis (1 to 6) to its visible curves when it stands reversed: it was scaled while all

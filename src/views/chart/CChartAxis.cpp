@@ -1,7 +1,6 @@
 #include "views/chart/CChartAxis.h"
 
 #include "grid/DecimalText.h"
-#include "views/scan/NumberText.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -68,9 +67,11 @@ void CChartAxis::addRow(QGridLayout* grid, int axis) {
     row.minimum->setAccessibleName(tr("Minimum of axis %1").arg(axis));
     row.maximum = addNumber(grid, axis, kMaximum, QStringLiteral("Maximum%1"));
     row.maximum->setAccessibleName(tr("Maximum of axis %1").arg(axis));
-    // A logarithmic axis always starts at 1.
-    const auto follow = [row](bool on) { row.minimum->setEnabled(!on); };
-    connect(row.logarithmic, &QCheckBox::toggled, this, follow);
+    connect(row.logarithmic, &QCheckBox::toggled, this,
+            [this, &row](bool on) { setLogarithmic(row, on); });
+    connect(row.maximum, &QLineEdit::textChanged, this, [this, &row] {
+        if (row.logarithmic->isChecked()) showLogarithmicMinimum(row);
+    });
 }
 
 QLineEdit* CChartAxis::addNumber(QGridLayout* grid, int axis, int column, const QString& name) {
@@ -86,34 +87,64 @@ QLineEdit* CChartAxis::addNumber(QGridLayout* grid, int axis, int column, const 
 void CChartAxis::setAxis(int axis, const Axis& values, bool used) {
     Row& row = m_rows[static_cast<std::size_t>(axis - 1)];
     row.given = values;
+    const BoundTexts texts = boundTexts(values.minimum, values.maximum, values.logarithmic != 0);
+    row.texts = {written(texts.min), written(texts.max)};
     row.title->setText(values.title);
     row.title->setPlaceholderText(used ? QString() : tr("not in use"));
-    row.minimum->setText(numberText(values.minimum));
-    row.maximum->setText(numberText(values.maximum));
+    row.minimum->setText(row.texts.min);
+    row.maximum->setText(row.texts.max);
     row.minimum->setCursorPosition(0);
     row.maximum->setCursorPosition(0);
+    row.typed = row.texts.min;
     row.logarithmic->setChecked(values.logarithmic != 0);
 }
 
-QString CChartAxis::numberText(double value) const {
-    constexpr int kDigits = 12; // what the last bits of a product add is no use to anybody
-    return QString::fromStdString(pellam::numberText(value, kDigits, m_separator));
+void CChartAxis::setLogarithmic(Row& row, bool on) {
+    row.minimum->setEnabled(!on);
+    if (on) {
+        row.typed = row.minimum->text();
+        showLogarithmicMinimum(row);
+    } else {
+        row.minimum->setText(row.typed);
+    }
 }
 
-std::optional<double> CChartAxis::number(const QLineEdit* field, double given) const {
-    // What was not touched stays as it is, even if it is no number that could be typed.
-    if (field->text() == numberText(given)) return given;
-    const auto value = parseDecimal(field->text().toStdString(), m_separator);
+// An axis that is taken over as logarithmic starts at 1; one that is left as it was does not move.
+void CChartAxis::showLogarithmicMinimum(const Row& row) {
+    const bool kept = row.given.logarithmic != 0 && row.maximum->text() == row.texts.max;
+    row.minimum->setText(kept ? row.texts.min : QStringLiteral("1"));
+}
+
+QString CChartAxis::written(const QString& number) const {
+    return QString(number).replace(u'.', QLatin1Char(m_separator));
+}
+
+std::optional<double> CChartAxis::number(const QString& text) const {
+    const auto value = parseDecimal(text.toStdString(), m_separator);
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+// What was not touched stays as it is, with the digits that are not written.
+std::optional<double> CChartAxis::minimum(const Row& row) const {
+    const QString text = row.minimum->text();
+    return text == row.texts.min ? row.given.minimum : number(text);
+}
+
+std::optional<double> CChartAxis::maximum(const Row& row) const {
+    const QString text = row.maximum->text();
+    return text == row.texts.max ? row.given.maximum : number(text);
+}
+
+const CChartAxis::Axis& CChartAxis::given(int axis) const {
+    return m_rows[static_cast<std::size_t>(axis - 1)].given;
 }
 
 std::optional<CChartAxis::Axis> CChartAxis::axis(int axis) const {
     const Row& row = m_rows[static_cast<std::size_t>(axis - 1)];
-    auto minimum = number(row.minimum, row.given.minimum);
-    const auto maximum = number(row.maximum, row.given.maximum);
-    if (!row.minimum->isEnabled()) minimum = minimum.value_or(row.given.minimum);
-    if (!minimum || !maximum) return {};
-    return Axis{row.title->text(), row.logarithmic->isChecked() ? 1 : 0, *minimum, *maximum};
+    const auto min = minimum(row);
+    const auto max = maximum(row);
+    if (!min || !max) return {};
+    return Axis{row.title->text(), row.logarithmic->isChecked() ? 1 : 0, *min, *max};
 }
 
 QString CChartAxis::error() const {
@@ -129,24 +160,24 @@ bool CChartAxis::refuse(QLineEdit* field, const QString& why) {
 
 bool CChartAxis::validateRow(int axis) {
     const Row& row = m_rows[static_cast<std::size_t>(axis - 1)];
-    const auto minimum = number(row.minimum, row.given.minimum);
-    const auto maximum = number(row.maximum, row.given.maximum);
-    const QString example = numberText(12.5);
-    if (!minimum && row.minimum->isEnabled()) {
+    const auto min = minimum(row);
+    const auto max = maximum(row);
+    const QString example = written(QStringLiteral("12.5"));
+    if (!min) {
         return refuse(row.minimum, tr("Attention: The minimum of axis %1 is not a number. Type a "
                                       "number such as %2.")
                                        .arg(axis)
                                        .arg(example));
     }
-    if (!maximum) {
+    if (!max) {
         return refuse(row.maximum, tr("Attention: The maximum of axis %1 is not a number. Type a "
                                       "number such as %2.")
                                        .arg(axis)
                                        .arg(example));
     }
     // Axes that nothing is drawn against have their bounds the other way round until they are used.
-    const bool touched = minimum != row.given.minimum || *maximum != row.given.maximum;
-    if (touched && !row.logarithmic->isChecked() && *minimum >= *maximum) {
+    const bool touched = *min != row.given.minimum || *max != row.given.maximum;
+    if (touched && !row.logarithmic->isChecked() && *min >= *max) {
         return refuse(row.maximum,
                       tr("Attention: The maximum of axis %1 must be above its minimum.").arg(axis));
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "trend/reading/BoundText.h"
+
 #include <QWidget>
 
 #include <array>
@@ -24,6 +26,7 @@ class CChartAxis : public QWidget {
         int logarithmic = 0; ///< 0 or 1
         double minimum = 0;
         double maximum = 0;
+        bool operator==(const Axis&) const = default;
     };
 
     /// Numbers are written with this decimal separator and read with it or a point.
@@ -33,6 +36,9 @@ class CChartAxis : public QWidget {
     void setAxis(int axis, const Axis& values, bool used);
     /// The row of an axis as it was typed; nothing when one of its numbers can't be read.
     [[nodiscard]] std::optional<Axis> axis(int axis) const;
+
+    /// The row of an axis as it was filled.
+    [[nodiscard]] const Axis& given(int axis) const;
 
     /// Whether all rows can be taken over. If not, tells why and puts the cursor there.
     bool validate();
@@ -47,13 +53,19 @@ class CChartAxis : public QWidget {
         QLineEdit* minimum;
         QLineEdit* maximum;
         Axis given;
+        BoundTexts texts; ///< of the given bounds
+        QString typed;    ///< minimum that is typed, while that of a logarithmic axis is shown
     };
 
     void addHeadings(QGridLayout* grid);
     void addRow(QGridLayout* grid, int axis);
     QLineEdit* addNumber(QGridLayout* grid, int axis, int column, const QString& name);
-    [[nodiscard]] std::optional<double> number(const QLineEdit* field, double given) const;
-    [[nodiscard]] QString numberText(double value) const;
+    void setLogarithmic(Row& row, bool on);
+    void showLogarithmicMinimum(const Row& row);
+    [[nodiscard]] std::optional<double> minimum(const Row& row) const;
+    [[nodiscard]] std::optional<double> maximum(const Row& row) const;
+    [[nodiscard]] std::optional<double> number(const QString& text) const;
+    [[nodiscard]] QString written(const QString& number) const;
     bool refuse(QLineEdit* field, const QString& why);
     bool validateRow(int axis);
 

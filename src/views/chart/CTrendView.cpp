@@ -6,12 +6,15 @@
 #include "drop/CMyDropTarget.h"
 #include "replay/time/CMyTime.h"
 #include "trend/control/CTrend.h"
+#include "trend/curves/TrendRanges.h"
 #include "ui/commands/CommandSet.h"
 #include "ui/dialogs/NoticeBar.h"
 #include "views/chart/AutoScale.h"
 #include "views/chart/ChartAxisSheet.h"
 #include "views/chart/ChartClipboard.h"
 #include "views/chart/ChartFile.h"
+#include "views/chart/ClockBar.h"
+#include "views/chart/ClockMemory.h"
 #include "views/chart/LeftOutNotes.h"
 #include "views/chart/ShowTable.h"
 #include "views/chart/StripLayout.h"
@@ -53,10 +56,12 @@ CTrendView::CTrendView(const Context& context, QWidget* parent)
       m_trend(new CTrend),
       m_message(new QLabel(this)),
       m_note(new NoticeBar(tr("Draw &Them"), this)),
+      m_clock(new ClockBar(this)),
       m_dropTarget(new CMyDropTarget(this)) {
     OnInitialUpdate();
     connectTrend();
     addFontCommands();
+    addClockCommands();
 }
 
 CTrendView::~CTrendView() = default;
@@ -93,6 +98,7 @@ void CTrendView::connectTrend() {
     });
     connect(m_trend, &CTrend::selectionZoomChanged, this, &CTrendView::stateChanged);
     connect(m_trend, &CTrend::zoomChanged, this, &CTrendView::OnTrendStep);
+    connect(m_clock, &ClockBar::chosen, this, &CTrendView::chooseClock);
     connect(m_trend, &CTrend::textCutShort, this, &CTrendView::OnInsufficientTextSpace);
 }
 
@@ -101,14 +107,23 @@ void CTrendView::connectTrend() {
 void CTrendView::OnActivateView(bool activate, const QWidget* activated,
                                 const QWidget* deactivated) {
     if (activated == deactivated || !activate || !m_context.grid.changed()) return;
-    rebuild();
+    rebuild(m_context.clocks ? m_context.clocks->recall(m_context.grid) : std::nullopt);
+}
+
+ClockChoice CTrendView::clock() const {
+    return m_clock->clock();
+}
+
+void CTrendView::chooseClock(ClockChoice clock) {
+    if (m_context.clocks) m_context.clocks->remember(m_context.grid, clock);
+    rebuild(clock);
 }
 
 void CTrendView::ResetView() {
     resetTrend(*m_trend);
 }
 
-void CTrendView::rebuild() {
+void CTrendView::rebuild(std::optional<ClockChoice> clock) {
     if (m_rebuilding) return;
     const QScopedValueRollback busy(m_rebuilding, true);
     m_context.clearMark();
@@ -121,7 +136,7 @@ void CTrendView::rebuild() {
                                   std::max<Row>(1, m_context.grid.rowCount()));
         progress.setWindowText("Loading Pellam");
         TrendTable table =
-            TrendTableReader(m_context.grid, m_context.international, progress).read();
+            TrendTableReader(m_context.grid, m_context.international, progress, clock).read();
         progress.addString("Auto scaling, please wait...");
         showChart(table);
     } catch (const std::exception&) {
@@ -138,6 +153,8 @@ void CTrendView::showChart(TrendTable& table) {
     m_message->setText(nothingToDraw(table, rows));
     m_message->setVisible(!m_message->text().isEmpty());
     m_trend->setVisible(m_message->isHidden());
+    m_clock->setVisible(m_message->isHidden() && table.xAxis.kind == XAxis::Kind::Calendar);
+    m_clock->setClock(table.clock);
     const auto [axis, shown] =
         std::pair(m_trend->chart().state.xAxis, TrendRanges::of(m_trend->chart().state).time);
     tellMissing(table);
@@ -208,6 +225,21 @@ void CTrendView::addFontCommands() {
         {Command::DecreaseFont, "&Decrease Font Size", "Ctrl+-", "Make the chart's texts smaller",
          IconName::DecreaseFont},
         [this] { OnViewDecreasefontsize(); }, [this] { return canDecreaseFont(); });
+}
+
+void CTrendView::addClockCommands() {
+    const auto add = [this](Command command, const char* text, const char* tip, ClockChoice which) {
+        commands().add(
+            {command, text, "", tip}, [this, which] { chooseClock(which); },
+            [this] { return hasChart(); }, [this, which] { return clock() == which; });
+    };
+    add(Command::ClockComputer, "As This &Computer",
+        "Take the times as those of this computer's clock, put forward in summer where it is",
+        ClockChoice::Computer);
+    add(Command::ClockNoDaylightSaving, "&Without Daylight Saving",
+        "Take the times as those of a clock that shows winter time all year round",
+        ClockChoice::NoDaylightSaving);
+    add(Command::ClockUtc, "&UTC", "Take the times as those of Greenwich", ClockChoice::Utc);
 }
 
 void CTrendView::changeFont(double step) {
@@ -286,11 +318,16 @@ void CTrendView::exportImage() {
 // --- Events
 
 void CTrendView::SizeToFit() {
-    QRect below = rect();
-    if (!m_note->isHidden()) below.setTop(m_note->sizeHint().height());
-    m_note->setGeometry(0, 0, width(), below.top());
-    m_trend->setGeometry(below);
-    m_message->setGeometry(below);
+    QRect chart = rect();
+    if (!m_note->isHidden()) chart.setTop(m_note->sizeHint().height());
+    m_note->setGeometry(0, 0, width(), chart.top());
+    m_message->setGeometry(chart);
+    if (!m_clock->isHidden()) {
+        const int height = m_clock->sizeHint().height();
+        m_clock->setGeometry(0, chart.bottom() + 1 - height, chart.width(), height);
+        chart.setBottom(chart.bottom() - height);
+    }
+    m_trend->setGeometry(chart);
 }
 
 void CTrendView::resizeEvent(QResizeEvent* event) {

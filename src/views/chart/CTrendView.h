@@ -2,10 +2,12 @@
 
 #include "grid/GridData.h"
 #include "views/chart/RowsByTime.h"
+#include "views/series/ClockChoice.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QLabel;
@@ -16,6 +18,8 @@ QT_END_NAMESPACE
 
 namespace pellam {
 
+class ClockBar;
+class ClockMemory;
 class CMyDropTarget;
 class CommandSet;
 class CTrend;
@@ -39,6 +43,8 @@ class CTrendView : public QWidget {
         std::function<ProgressSink&()> progress; ///< asked for when a rebuild starts
         /// Where saving an image starts.
         std::function<QString()> saveFolder = [] { return QString(); };
+        /// Knows the clocks of files; without it a choice lasts until the chart is built anew.
+        ClockMemory* clocks = nullptr;
     };
 
     explicit CTrendView(const Context& context, QWidget* parent = nullptr);
@@ -89,6 +95,11 @@ class CTrendView : public QWidget {
     /// The next rebuild shows the same times as now, if it counts the same.
     void keepTimes() { m_keepTimes = true; }
 
+    /// The clock that the times of the chart are of.
+    [[nodiscard]] ClockChoice clock() const;
+    /// Draws the chart anew by another clock, and from now on all files with these headings.
+    void chooseClock(ClockChoice clock);
+
     /// Marks the time of a data row, counted from 1, on the chart; 0 for none.
     void setCurrentRow(qint64 row);
 
@@ -130,11 +141,12 @@ class CTrendView : public QWidget {
 
     void OnInsufficientTextSpace() {}
 
-    void rebuild();
+    void rebuild(std::optional<ClockChoice> clock);
     void showChart(TrendTable& table);
     void setUnits(const TrendTable& table);
     void tellMissing(const TrendTable& table);
     void addFontCommands();
+    void addClockCommands();
     void changeFont(double step);
     bool OnPreparePrinting(QPrinter& printer);
     void PrintTitlePage(QPainter& painter, const QRectF& area, double unit) const;
@@ -143,6 +155,7 @@ class CTrendView : public QWidget {
     CTrend* m_trend;
     QLabel* m_message;
     NoticeBar* m_note; ///< of numbers that stand for no value
+    ClockBar* m_clock;
     CMyDropTarget* m_dropTarget;
     RowsByTime m_rows;
     QString m_fileName;

@@ -31,7 +31,13 @@ void ChartAxisSheet::accept() {
     if (!m_page->validate()) return;
     m_trend.SetLockUpdate(1);
     for (int axis = 1; axis <= trendScaleCount; ++axis) {
-        if (const auto values = m_page->axis(axis)) applyAxis(m_trend, axis, *values);
+        const CChartAxis::Axis& given = m_page->given(axis);
+        const auto values = m_page->axis(axis);
+        if (!values || *values == given) continue;
+        CChartAxis::Axis renamed = given;
+        renamed.title = values->title;
+        *values == renamed ? m_trend.SetYScText(axis, values->title)
+                           : applyAxis(m_trend, axis, *values);
     }
     m_trend.SetLockUpdate(0);
     QDialog::accept();

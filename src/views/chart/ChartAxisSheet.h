@@ -8,7 +8,8 @@ namespace pellam {
 
 class TrendOperations;
 
-/// The property sheet "Chart Axis" with its one page; OK takes the page over onto the chart.
+/// The property sheet "Chart Axis" with its one page; OK takes the rows that were edited over onto
+/// the chart.
 class ChartAxisSheet : public QDialog {
     Q_OBJECT
   public:

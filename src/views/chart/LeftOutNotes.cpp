@@ -109,6 +109,9 @@ QStringList missingNumbersNote(const TrendTable& table) {
 QStringList leftOutNotes(const TrendTable& table) {
     QStringList notes;
     if (table.aborted) notes += tr("Stopped while the chart was loading: later rows are missing");
+    if (table.skippedHour && table.clock == ClockChoice::NoDaylightSaving)
+        notes += tr("Drawn without daylight saving: rows stand in an hour that the clock of this "
+                    "computer skips");
     if (table.unreadableTimes > 0)
         notes += tr("Rows left out, time not readable: %L1").arg(table.unreadableTimes);
     if (table.outsideTimes > 0)

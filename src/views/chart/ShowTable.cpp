@@ -1,6 +1,7 @@
 #include "views/chart/ShowTable.h"
 
 #include "trend/control/TrendOperations.h"
+#include "trend/curves/ScaleFit.h"
 #include "views/chart/LeftOutNotes.h"
 #include "views/series/TrendTableReader.h"
 #include "views/text/ScreenText.h"
@@ -55,23 +56,12 @@ void hideEmptyScales(TrendOperations& trend) {
     }
 }
 
-/// What is shown on either side of a single moment, which spans no time axis.
-double aroundLoneMoment(const XAxis& axis) {
-    return axis.kind == XAxis::Kind::Rows ? 1 : 30 * std::pow(10.0, axis.unit);
-}
-
-void showLoneMoment(TrendOperations& trend) {
-    ValueRange shown;
-    for (int curve = 0; curve < trend.GetUsedCurveCount(); ++curve) {
-        const auto range = trend.GetDataRange(curve);
-        if (!range) continue;
-        shown.min = std::min(shown.min, range->xFrom);
-        shown.max = std::max(shown.max, range->xTo);
-    }
-    if (shown.min != shown.max) return;
-    const double around = aroundLoneMoment(trend.chart().state.xAxis);
-    trend.SetXScActualRangeMin(shown.min - around);
-    trend.SetXScActualRangeMax(shown.max + around);
+/// Around a single moment, which automatic scaling leaves alone, a little is shown.
+void showTimes(TrendOperations& trend) {
+    const auto shown = timesOfAll(trend.chart());
+    if (!shown) return;
+    trend.SetXScActualRangeMin(shown->min);
+    trend.SetXScActualRangeMax(shown->max);
 }
 
 } // namespace
@@ -116,6 +106,8 @@ RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
     trend.setNotes(leftOutNotes(table));
     trend.setPaperNotes(missingNumbersNote(table));
     trend.setXAxis(table.xAxis);
+    trend.setUtcOffset(table.utcOffset ? std::optional(static_cast<int>(*table.utcOffset))
+                                       : std::nullopt);
     const auto times = TrendTimes::create(std::move(table.times));
     const auto capacity = static_cast<std::size_t>(std::max<Row>(64, rowCount));
     int index = 0;
@@ -125,7 +117,7 @@ RowsByTime showTable(TrendOperations& trend, TrendTable& table, Row rowCount) {
         trend.setCurvePoints(index++, times, std::move(curve.values), std::move(curve.gaps));
     }
     hideEmptyScales(trend);
-    showLoneMoment(trend);
+    showTimes(trend);
     return times ? RowsByTime(times, std::move(table.rows)) : RowsByTime();
 }
 

@@ -21,10 +21,13 @@ XAxis::Kind kindOf(const GridData& grid, const TimeForm& form) {
 
 } // namespace
 
-RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings)
+RowTimes::RowTimes(const GridData& grid, const InternationalSettings& settings, ClockChoice clock)
     : m_grid(grid),
       m_column(grid, settings),
-      m_kind(kindOf(grid, m_column.form())) {}
+      m_kind(kindOf(grid, m_column.form())),
+      m_timesOfDay(m_column.form().kind() != TimeForm::Kind::Calendar ||
+                   m_column.form().name().find('H') != std::string::npos),
+      m_clock(clock) {}
 
 void RowTimes::read(Row first, std::span<double> out) {
     if (m_kind == XAxis::Kind::Rows) {

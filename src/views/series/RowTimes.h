@@ -6,12 +6,13 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace pellam {
 
 /// Reads the time column as what the X axis counts. Dates: in seconds since 1970 UTC with their
-/// fraction to the microsecond. Time texts are local time; where the clock repeats an hour, the
+/// fraction to the microsecond. Time texts are those of a clock; where it repeats an hour, the
 /// moment is taken that is later than the row before, so that times stay increasing where the file
 /// allows it. Elapsed times: in seconds; times of day alone are those since the first midnight.
 /// Without times: the numbers of the rows.
@@ -20,7 +21,8 @@ class RowTimes {
     static constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
     /// `grid` must outlive the reader.
-    RowTimes(const GridData& grid, const InternationalSettings& settings);
+    RowTimes(const GridData& grid, const InternationalSettings& settings,
+             ClockChoice clock = ClockChoice::Computer);
 
     /// Writes the moments of rows `first` to `first + out.size() - 1`, kNone where there is none.
     /// Rows are read in order.
@@ -39,6 +41,16 @@ class RowTimes {
 
     [[nodiscard]] std::int64_t outsideCount() const { return m_outside; }
 
+    /// Whether rows stand in an hour that this computer's clock leaves out when it is put forward:
+    /// their logger's clock is not put forward. Known after reading, by the computer's clock. Dates
+    /// without a time of day tell nothing.
+    [[nodiscard]] bool standInSkippedHour() const { return m_timesOfDay && m_clock.sawSkipped(); }
+
+    /// The one offset from UTC by which times were read, in seconds; nothing when it changes.
+    [[nodiscard]] std::optional<std::int64_t> utcOffset() {
+        return m_clock.offset(static_cast<std::int64_t>(m_previous));
+    }
+
   private:
     double moment(Cell cell);
     double place(const TimeMoment& moment);
@@ -47,6 +59,7 @@ class RowTimes {
     const GridData& m_grid;
     TimeColumn m_column;
     XAxis::Kind m_kind;
+    bool m_timesOfDay;     ///< dates have times of day
     double m_midnight = 0; ///< of the day that a time of day belongs to
     ZoneClock m_clock;
     double m_previous = -1;

@@ -35,10 +35,11 @@ double farthest(const std::vector<double>& times) {
 } // namespace
 
 TrendTableReader::TrendTableReader(const GridData& grid, const InternationalSettings& settings,
-                                   ProgressSink& progress)
+                                   ProgressSink& progress, std::optional<ClockChoice> clock)
     : m_grid(grid),
+      m_settings(settings),
       m_progress(progress),
-      m_rowTimes(grid, settings),
+      m_clock(clock),
       m_rows(grid.rowCount()) {}
 
 TrendTable TrendTableReader::read() {
@@ -48,7 +49,7 @@ TrendTable TrendTableReader::read() {
     if (m_table.curves.empty()) return std::move(m_table);
     readTimes();
     orderTimes();
-    m_table.xAxis = m_rowTimes.axis(farthest(m_table.times));
+    m_table.xAxis = m_rowTimes->axis(farthest(m_table.times));
     readValues();
     return std::move(m_table);
 }
@@ -69,21 +70,32 @@ void TrendTableReader::chooseCurves() {
 
 void TrendTableReader::readTimes() {
     reserveLarge(m_table.times, static_cast<std::size_t>(m_rows));
+    readTimesBy(m_clock.value_or(ClockChoice::Computer));
+    if (m_clock || !m_table.skippedHour) return;
+    readTimesBy(ClockChoice::NoDaylightSaving);
+    m_table.skippedHour = true;
+}
+
+void TrendTableReader::readTimesBy(ClockChoice clock) {
+    RowTimes& rowTimes = m_rowTimes.emplace(m_grid, m_settings, clock);
     m_table.times.resize(static_cast<std::size_t>(m_rows));
     const std::span<double> all(m_table.times);
     for (Row row = 0; row < m_rows; row += kBlock) {
         const Row count = std::min(kBlock, m_rows - row);
-        m_rowTimes.read(
-            row, all.subspan(static_cast<std::size_t>(row), static_cast<std::size_t>(count)));
+        rowTimes.read(row,
+                      all.subspan(static_cast<std::size_t>(row), static_cast<std::size_t>(count)));
         m_progress.setPosition(0);
         if (!m_progress.aborted()) continue;
         m_rows = row + count;
         m_table.aborted = true;
     }
     m_table.times.resize(static_cast<std::size_t>(m_rows));
-    m_table.emptyTimes = m_rowTimes.emptyCount();
-    m_table.unreadableTimes = m_rowTimes.unreadableCount();
-    m_table.outsideTimes = m_rowTimes.outsideCount();
+    m_table.emptyTimes = rowTimes.emptyCount();
+    m_table.unreadableTimes = rowTimes.unreadableCount();
+    m_table.outsideTimes = rowTimes.outsideCount();
+    m_table.clock = clock;
+    m_table.utcOffset = rowTimes.utcOffset();
+    m_table.skippedHour = rowTimes.standInSkippedHour();
 }
 
 void TrendTableReader::orderTimes() {

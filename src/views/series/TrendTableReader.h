@@ -4,6 +4,7 @@
 #include "views/series/ValueReader.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,7 +36,11 @@ struct TrendTable {
     std::int64_t emptyTimes = 0;      ///< rows without a time
     std::int64_t unreadableTimes = 0; ///< rows whose time text can't be read
     std::int64_t outsideTimes = 0;    ///< rows whose time is not one from 1970 to 2106
-    bool aborted = false;             ///< stopped by the person: later rows are missing
+    ClockChoice clock = ClockChoice::Computer; ///< by which the times were read
+    /// Its offset from UTC in seconds, where it has one all the time.
+    std::optional<std::int64_t> utcOffset;
+    bool skippedHour = false; ///< rows stand in an hour that the computer's clock skips
+    bool aborted = false;     ///< stopped by the person: later rows are missing
 };
 
 /// Reads the selected channels of the grid as curves. A value is left out when its text is empty,
@@ -43,9 +48,10 @@ struct TrendTable {
 /// value before.
 class TrendTableReader {
   public:
-    /// All of them must outlive the reader.
+    /// All of them must outlive the reader. Without a clock it is this computer's, or, when rows
+    /// prove that their logger's is never put forward, the one without daylight saving.
     TrendTableReader(const GridData& grid, const InternationalSettings& settings,
-                     ProgressSink& progress);
+                     ProgressSink& progress, std::optional<ClockChoice> clock = {});
 
     /// The whole table, or what was read of it until the person stopped it.
     [[nodiscard]] TrendTable read();
@@ -53,6 +59,7 @@ class TrendTableReader {
   private:
     void chooseCurves();
     void readTimes();
+    void readTimesBy(ClockChoice clock);
     void orderTimes();
     void giveSlots();
     void readValues();
@@ -63,8 +70,10 @@ class TrendTableReader {
     static constexpr std::uint32_t kNoSlot = UINT32_MAX;
 
     const GridData& m_grid;
+    const InternationalSettings& m_settings;
     ProgressSink& m_progress;
-    RowTimes m_rowTimes;
+    std::optional<ClockChoice> m_clock;
+    std::optional<RowTimes> m_rowTimes;
     std::vector<ValueReader> m_readers; ///< by curve
     TrendTable m_table;
     std::vector<std::uint32_t> m_slots;     ///< time index of each row; empty when it is the row
