@@ -148,6 +148,7 @@ bool CMainFrame::chartInFront() const {
 
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
+    connect(m_gridView, &CGridView::currentCellTold, m_status, &FrameStatusBar::showCell);
     connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
     connect(m_status, &FrameStatusBar::detailsWanted, this,
             [this] { OnFileProperties(QStringLiteral("passed over")); });

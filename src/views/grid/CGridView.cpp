@@ -57,20 +57,32 @@ CGridView::~CGridView() = default;
 void CGridView::connectGrid() {
     connect(m_cug, &MyCug::selectionMade, this,
             [this] { m_statistics->setAreas(m_cug->selectedAreas()); });
-    connect(m_model, &GridModel::dataChanged, this,
-            [this] { m_statistics->setAreas(m_cug->selectedAreas()); });
+    connect(m_model, &GridModel::dataChanged, this, [this] {
+        m_statistics->setAreas(m_cug->selectedAreas());
+        tellCurrentCell();
+    });
     connect(m_statistics, &SelectionStatistics::statisticsChanged, this,
             &CGridView::statisticsChanged);
     connect(m_model, &GridModel::changedMark, this, &CGridView::changedMark);
-    connect(m_cug, &MyCug::currentCellChanged, this,
-            [this](int, qint64 row) { Q_EMIT currentRowChanged(row); });
+    connect(m_cug, &MyCug::currentCellChanged, this, [this](int, qint64 row) {
+        tellCurrentCell();
+        Q_EMIT currentRowChanged(row);
+    });
     GridClipboard& clipboard = m_cug->clipboard();
     connect(&clipboard, &GridClipboard::notice, this, &CGridView::notice);
     connect(&clipboard, &GridClipboard::refused, this,
             [this](const QString& why) { QMessageBox::information(this, tr("Pellam"), why); });
     clipboard.setQuestion([this](const QString& question) {
-        return QMessageBox::question(this, tr("Pellam"), question) == QMessageBox::Yes;
+        return QMessageBox::question(this, tr("Pellam"), question,
+                                     QMessageBox::Yes | QMessageBox::No,
+                                     QMessageBox::No) == QMessageBox::Yes;
     });
+}
+
+void CGridView::tellCurrentCell() {
+    const QModelIndex current = m_cug->currentIndex();
+    Q_EMIT currentCellTold(current.isValid() ? m_model->facts(current.column(), current.row())
+                                             : QStringList());
 }
 
 void CGridView::connectSearch() {

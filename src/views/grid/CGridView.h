@@ -81,9 +81,11 @@ class CGridView : public QWidget {
     void previousDamagedLine();
 
   Q_SIGNALS:
-    /// Count, minimum, maximum, mean and sum of the selected numbers, ready for the status bar;
-    /// empty when fewer than two cells are selected.
-    void statisticsChanged(const QString& text);
+    /// Figures of the selected numbers, the most wanted first; none when fewer than two cells are
+    /// selected.
+    void statisticsChanged(const QStringList& figures);
+    /// What the current cell is: its channel and whole value, then its time; none without one.
+    void currentCellTold(const QStringList& facts);
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
     /// The current cell is in another data row, counted from 1; 0 on the axis row.
@@ -95,6 +97,7 @@ class CGridView : public QWidget {
 
   private:
     void connectGrid();
+    void tellCurrentCell();
     void connectSearch();
     void search(bool forward);
     void goToCell(int column, Row row);

@@ -74,11 +74,15 @@ void MyCug::OnSetup() {
     connect(m_corner, &GridCorner::clicked, this, &MyCug::selectAll);
     connect(&m_grid, &GridModel::changedMark, m_corner, &GridCorner::setMarked);
     connect(&m_grid, &GridModel::columnMoved, this, &MyCug::columnMoved);
+    connect(&m_grid, &GridModel::stepRepeated, this, &MyCug::selectArea);
     connect(&m_grid, &GridModel::modelReset, this, &MyCug::ensureCurrentCell);
     connect(m_delegate, &GridDelegate::spun, this, [this](int column, bool up) {
-        setCurrentIndex(m_grid.index(GridModel::kAxisRow, column));
+        selectArea({column, column, GridModel::kAxisRow, GridModel::kAxisRow});
         OnCellTypeNotify(kSpinButtonType, column, GridModel::kAxisRow, up ? kSpinUp : kSpinDown);
     });
+    // Enter and Tab lead from an editor to the cell that they lead to without one.
+    connect(m_delegate, &GridDelegate::leftByKey, this,
+            [this](int key, Qt::KeyboardModifiers modifiers) { m_keys->move(key, modifiers); });
     ensureCurrentCell();
     adaptToPalette();
 }
@@ -187,15 +191,15 @@ void MyCug::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void MyCug::ensureCurrentCell() {
-    const GridData& grid = m_grid.grid();
-    const int last = grid.channelCount() > 0 ? grid.channelCount() : grid.columnCount() - 1;
+    const int last = m_grid.lastColumn();
     m_headings->setLastMovable(m_swapping ? last : 0);
     if (m_grid.rowCount() < 2 || currentIndex().isValid()) return;
-    setCurrentIndex(m_grid.index(1, 1));
+    const int column = std::min(1, last);
+    selectArea({column, column, 1, 1});
 }
 
 void MyCug::moveColumn(int from, int to) {
-    m_grid.undoStack().push(new MoveColumnCommand(m_grid, from, to));
+    m_grid.take(std::make_unique<MoveColumnCommand>(m_grid, from, to));
 }
 
 void MyCug::columnMoved(int from, int to) {
@@ -234,6 +238,12 @@ std::vector<CellArea> MyCug::selectedAreas() const {
 void MyCug::selectArea(const CellArea& area) {
     if (area.isEmpty()) return;
     m_selection.select(area);
+    scrollTo(currentIndex());
+}
+
+void MyCug::moveTo(int column, int row, bool extend) {
+    if (!extend) return selectArea({column, column, row, row});
+    m_selection.moveEnd(m_grid.index(row, column));
     scrollTo(currentIndex());
 }
 
@@ -357,6 +367,14 @@ void MyCug::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void MyCug::keyPressEvent(QKeyEvent* event) {
     if (state() == EditingState || !m_keys->handle(*event)) QTableView::keyPressEvent(event);
+}
+
+bool MyCug::focusNextPrevChild(bool next) {
+    if (hasFocus() && currentIndex().isValid() &&
+        m_keys->move(next ? Qt::Key_Tab : Qt::Key_Backtab, {})) {
+        return true;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
 }
 
 void MyCug::adaptToPalette() {

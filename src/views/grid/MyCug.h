@@ -79,6 +79,9 @@ class MyCug : public QTableView {
     [[nodiscard]] std::vector<CellArea> selectedAreas() const;
     /// Selects one area alone, makes its first cell the current one and scrolls there.
     void selectArea(const CellArea& area);
+    /// Makes a cell the current one and shows it; it is selected alone, or with everything from
+    /// where the selection began.
+    void moveTo(int column, int row, bool extend);
     /// Every data cell; the axis row is left out, here and in columns selected by their heading.
     void selectAll() override;
     /// The data cells of one column; with Shift up to it from where the selection began, with
@@ -111,6 +114,7 @@ class MyCug : public QTableView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     using QTableView::edit;
 
@@ -132,7 +136,7 @@ class MyCug : public QTableView {
     GridClipboard* m_clipboard;
     CommandSet* m_commands;
     std::unique_ptr<GridKeys> m_keys;
-    GridSelection m_selection{*this};
+    GridSelection m_selection{*this, m_grid};
     int m_enableProtection = 0;
     int m_largeFileMode = 0;
     bool m_swapping = true;

@@ -14,8 +14,8 @@ static_assert(Column::kChunkRows % kStepRows == 0);
 
 StatisticsScan::StatisticsScan(const GridData& grid, std::vector<CellArea> areas)
     : m_grid(grid),
-      m_areas(std::move(areas)),
-      m_values(kStepRows) {
+      m_areas(std::move(areas)) {
+    m_values.reserve(kStepRows);
     for (CellArea& area : m_areas) {
         area.firstRow = std::max<GridRow>(area.firstRow, 1);
         area.lastRow = std::min<GridRow>(area.lastRow, grid.rowCount());
@@ -47,14 +47,41 @@ bool StatisticsScan::step() {
         m_row = (m_row / Column::kChunkRows + 1) * Column::kChunkRows;
     } else {
         const Row end = std::min(last, (m_row / kStepRows + 1) * kStepRows - 1) + 1;
-        const std::span<double> values(m_values.data(), static_cast<std::size_t>(end - m_row));
-        column.numbers(m_row, values);
-        for (const double value : values) {
-            if (!std::isnan(value)) add(value);
-        }
+        readValues(column, end);
+        for (const double value : m_values)
+            add(value);
+        addDeviations();
         m_row = end;
     }
     return m_row <= last || nextColumn();
+}
+
+void StatisticsScan::readValues(const Column& column, Row end) {
+    m_values.clear();
+    const Cell* const cells = column.chunkAt(m_row) + m_row % Column::kChunkRows;
+    for (Row i = 0; i < end - m_row; ++i) {
+        if (cells[i].isTime()) continue; // writing its text only to find no number takes long
+        const double value = chartValue(column, cells[i], m_leftOut);
+        if (!std::isnan(value)) m_values.push_back(value);
+    }
+}
+
+void StatisticsScan::addDeviations() {
+    if (m_values.empty()) return;
+    const auto count = static_cast<double>(m_values.size());
+    double mean = 0;
+    for (const double value : m_values)
+        mean += value;
+    mean /= count;
+    double squares = 0;
+    for (const double value : m_values)
+        squares += (value - mean) * (value - mean);
+    const auto before = static_cast<double>(m_joined);
+    const double apart = mean - m_mean;
+    m_joined += static_cast<std::int64_t>(m_values.size());
+    const double share = count / static_cast<double>(m_joined);
+    m_mean += apart * share;
+    m_squares += squares + apart * apart * before * share;
 }
 
 void StatisticsScan::add(double value) {
@@ -72,19 +99,30 @@ StatisticsScan::Result StatisticsScan::result() const {
     Result result = m_result;
     // Once the sum has overflowed the compensation is infinity minus infinity.
     if (std::isfinite(m_compensation)) result.sum += m_compensation;
+    result.sentinels = m_leftOut.sentinels;
+    if (m_joined > 1) {
+        result.standardDeviation = std::sqrt(m_squares / static_cast<double>(m_joined - 1));
+    }
     return result;
 }
 
-std::string StatisticsScan::text(const Result& result, std::string_view count,
-                                 char decimalSeparator) {
-    std::string text = "Count: ";
-    text += count;
-    if (result.count == 0) return text;
-    text += "   Min: " + exactNumberText(result.minimum, decimalSeparator);
-    text += "   Max: " + exactNumberText(result.maximum, decimalSeparator);
-    text += "   Mean: " + numberText(result.mean(), 10, decimalSeparator);
-    text += "   Sum: " + numberText(result.sum, 15, decimalSeparator);
-    return text;
+std::vector<std::string>
+StatisticsScan::texts(const Result& result, const std::function<std::string(std::int64_t)>& count,
+                      char decimalSeparator) {
+    std::vector<std::string> texts{"Count: " + count(result.count)};
+    if (result.sentinels > 0) {
+        texts.push_back(count(result.sentinels) +
+                        (result.sentinels == 1 ? " sentinel left out" : " sentinels left out"));
+    }
+    if (result.count == 0) return texts;
+    texts.push_back("Mean: " + numberText(result.mean(), 10, decimalSeparator));
+    texts.push_back("Min: " + exactNumberText(result.minimum, decimalSeparator));
+    texts.push_back("Max: " + exactNumberText(result.maximum, decimalSeparator));
+    if (result.count > 1) {
+        texts.push_back("Std dev: " + numberText(result.standardDeviation, 6, decimalSeparator));
+    }
+    texts.push_back("Sum: " + numberText(result.sum, 15, decimalSeparator));
+    return texts;
 }
 
 } // namespace pellam

@@ -2,15 +2,18 @@
 
 #include "grid/GridData.h"
 #include "views/scan/CellArea.h"
+#include "views/series/ChartValue.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace pellam {
 
-/// Count, minimum, maximum, mean and sum of the numbers in some areas of the grid, in steps of
-/// bounded work. Axis numbers are no data and are passed over, as are texts and empty cells.
+/// Count, minimum, maximum, mean, standard deviation and sum of the numbers in some areas of the
+/// grid, in steps of bounded work. Axis numbers are no data and are passed over, as are texts and
+/// empty cells; values that mark a missing reading are left out and counted.
 class StatisticsScan {
   public:
     struct Result {
@@ -18,6 +21,9 @@ class StatisticsScan {
         double minimum = 0; ///< meaningful only when count is above 0, like all below
         double maximum = 0;
         double sum = 0; ///< with Neumaier's compensation of rounding errors
+        /// Of the sample, with count - 1; meaningful only when count is above 1.
+        double standardDeviation = 0;
+        std::int64_t sentinels = 0; ///< left out of all above
 
         [[nodiscard]] double mean() const { return sum / static_cast<double>(count); }
     };
@@ -31,12 +37,16 @@ class StatisticsScan {
 
     [[nodiscard]] Result result() const;
 
-    /// One line for a status bar, numbers with the given decimal separator.
-    [[nodiscard]] static std::string text(const Result& result, std::string_view count,
-                                          char decimalSeparator);
+    /// The figures for a status bar, the most wanted first, each with its name; numbers with the
+    /// given decimal separator, counts as `count` writes them.
+    [[nodiscard]] static std::vector<std::string>
+    texts(const Result& result, const std::function<std::string(std::int64_t)>& count,
+          char decimalSeparator);
 
   private:
+    void readValues(const Column& column, Row end);
     void add(double value);
+    void addDeviations();
     bool nextColumn();
 
     const GridData& m_grid;
@@ -46,7 +56,13 @@ class StatisticsScan {
     int m_column = 0;
     Row m_row = 0; ///< data row
     Result m_result;
+    LeftOut m_leftOut;
     double m_compensation = 0;
+    // Of the values so far, joined block by block (T. F. Chan, G. H. Golub, R. J. LeVeque,
+    // "Updating formulae and a pairwise algorithm for computing sample variances", 1979).
+    double m_mean = 0;
+    double m_squares = 0; ///< sum of the squared distances from the mean
+    std::int64_t m_joined = 0;
 };
 
 } // namespace pellam

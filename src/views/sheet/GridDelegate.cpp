@@ -44,6 +44,11 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem plain = option;
     plain.state &= ~QStyle::State_HasFocus;
+    // Columns that only fill the window look like what lies around the table.
+    if (!(index.flags() & Qt::ItemIsEnabled)) {
+        painter->fillRect(option.rect, option.palette.window());
+        return;
+    }
     QStyledItemDelegate::paint(painter, plain, index);
     if (option.state & QStyle::State_HasFocus) {
         painter->setPen(QPen(option.palette.color(QPalette::Text), 1, Qt::SolidLine));
@@ -95,6 +100,23 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
         // A line edit shows line ends as other characters: an untouched text must stay as it is.
         if (line->isModified()) model->setData(index, line->text(), Qt::EditRole);
     }
+}
+
+bool GridDelegate::eventFilter(QObject* object, QEvent* event) {
+    auto* const editor = qobject_cast<QWidget*>(object);
+    if (editor == nullptr || event->type() != QEvent::KeyPress)
+        return QStyledItemDelegate::eventFilter(object, event);
+    const auto* pressed = static_cast<QKeyEvent*>(event);
+    const int key = pressed->key();
+    const Qt::KeyboardModifiers modifiers = pressed->modifiers();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab &&
+        key != Qt::Key_Backtab) {
+        return QStyledItemDelegate::eventFilter(object, event);
+    }
+    Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor);
+    Q_EMIT leftByKey(key, modifiers);
+    return true;
 }
 
 bool GridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
