@@ -224,6 +224,12 @@ TEST_F(MyCugTest, LargeFileModeForbidsResizingColumns) {
     const int width = m_cug.columnWidth(1);
     m_cug.SetLargeFileMode(1);
     EXPECT_EQ(drag(), width);
+    // The edge is not taken for the heading: neither is the column moved.
+    m_cug.EnableColSwapping(true);
+    QSignalSpy notices(&m_view, &CGridView::notice);
+    EXPECT_EQ(drag(), width);
+    EXPECT_EQ(firstRow(), "11|21|31|41|51|61|71");
+    EXPECT_EQ(notices.count(), 1);
     m_cug.SetLargeFileMode(0);
     EXPECT_EQ(drag(), width + 40);
 }
@@ -341,6 +347,80 @@ TEST_F(MyCugTest, EmptyingEverythingAsksAndIsOneStep) {
     EXPECT_EQ(gridRows(m_grid), before);
     EXPECT_EQ(selected(), "0-7x1-3 ");
     EXPECT_FALSE(m_view.undoStack().canUndo());
+}
+
+// One cell in 2000 rows is wider than the others; where it is must not matter.
+TEST_F(MyCugTest, FittedColumnsShowTheirWidestCell) {
+    for (const Row wide : {0, 1, 37, 1999}) {
+        fillGrid(m_grid, "Time|A|B\n1|2|3\n");
+        for (Row row = 0; row < 2000; ++row) {
+            m_grid.setText(1, row, row == wide ? "-1234567890.123" : "1");
+            m_grid.setText(2, row, row == wide ? "a rather long text" : "x");
+        }
+        m_grid.setRowCount(2000);
+        m_view.beginLoad();
+        m_view.endLoad(false, false);
+        const QFontMetricsF metrics(m_cug.font());
+        EXPECT_GT(m_cug.columnWidth(1), metrics.horizontalAdvance(u"-1234567890.123"_s)) << wide;
+        EXPECT_GT(m_cug.columnWidth(2), metrics.horizontalAdvance(u"a rather long text"_s)) << wide;
+        m_cug.setColumnWidth(1, 30);
+        m_cug.resizeColumnToContents(1);
+        EXPECT_GT(m_cug.columnWidth(1), metrics.horizontalAdvance(u"-1234567890.123"_s)) << wide;
+    }
+}
+
+TEST_F(MyCugTest, NumbersAreNeverShortened) {
+    struct Probe : GridDelegate {
+        using GridDelegate::initStyleOption;
+    } probe;
+
+    m_grid.setText(1, 0, "-12.345");
+    m_grid.setText(2, 0, "-9.00000E9");
+    m_grid.setText(3, 0, "a text that is long");
+    const auto shown = [&](int column, int width) {
+        QStyleOptionViewItem option;
+        option.initFrom(&m_cug);
+        option.widget = &m_cug;
+        option.rect = QRect(0, 0, width, 20);
+        probe.initStyleOption(&option, m_model.index(1, column));
+        return option.text.toStdString();
+    };
+    EXPECT_EQ(shown(1, 300) + shown(2, 300), "-12.345-9.00000E9");
+    for (const int column : {1, 2}) {
+        EXPECT_EQ(shown(column, 40).find_first_not_of('#'), std::string::npos) << column;
+        EXPECT_EQ(shown(column, 2), "#") << column;
+    }
+    EXPECT_EQ(shown(3, 40), "a text that is long") << "the style cuts it with an ellipsis";
+}
+
+TEST_F(MyCugTest, UndoGoesToWhatItChanges) {
+    select(1, 2, 3, 3);
+    m_cug.clipboard().clear();
+    m_cug.moveTo(7, 1, false);
+    m_view.undoStack().undo();
+    EXPECT_EQ(selected(), "1-2x3-3 ");
+    m_cug.moveTo(7, 1, false);
+    m_view.undoStack().redo();
+    EXPECT_EQ(selected(), "1-2x3-3 ");
+    EXPECT_TRUE(m_model.index(3, 1).data(GridModel::EditedRole).toBool());
+    EXPECT_FALSE(m_model.index(3, 3).data(GridModel::EditedRole).toBool());
+}
+
+TEST_F(MyCugTest, TheTimeColumnTakesTimesAlone) {
+    int refused = 0;
+    QObject::connect(&m_model, &GridModel::timeRefused, [&refused] { ++refused; });
+    m_model.disconnect(SIGNAL(timeRefused(QString)), &m_view);
+    const Table<const char*, const char*> rows = {
+        {"2024/01/02 10:00:30", "2024/01/02 10:00:30"},
+        {"2024-01-02 10:00:45.5", "2024-01-02 10:00:45.5"},
+        {"soon", "2024-01-02 10:00:45.5"},
+        {"", ""},
+    };
+    for (const auto& [typed, expected] : rows) {
+        m_model.setData(m_model.index(1, 0), QString::fromUtf8(typed));
+        EXPECT_EQ(cell(0, 1), expected) << typed;
+    }
+    EXPECT_EQ(refused, 1);
 }
 
 TEST_F(MyCugTest, CopiesWithAndWithoutHeadings) {

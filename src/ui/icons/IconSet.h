@@ -30,6 +30,8 @@ enum class IconName {
     Copy,
     Paste,
     Cut,
+    Undo,
+    Redo,
     Find,
     GoTo,
     NextDamaged,

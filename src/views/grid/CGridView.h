@@ -37,6 +37,13 @@ class CGridView : public QWidget {
 
     [[nodiscard]] QUndoStack& undoStack() const;
 
+    /// Whether cells differ from what was loaded.
+    [[nodiscard]] bool hasEdits() const;
+    /// Whether cells were changed that no export has taken since: see exported().
+    [[nodiscard]] bool hasEditsToLose() const;
+    /// Call when the checked channels were written to a file.
+    void exported();
+
     /// Takes files that are dropped on the page.
     [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
 
@@ -86,6 +93,8 @@ class CGridView : public QWidget {
     void statisticsChanged(const QStringList& figures);
     /// What the current cell is: its channel and whole value, then its time; none without one.
     void currentCellTold(const QStringList& facts);
+    /// A change was made, taken back, or made again.
+    void edited();
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
     /// The current cell is in another data row, counted from 1; 0 on the axis row.
@@ -98,6 +107,7 @@ class CGridView : public QWidget {
   private:
     void connectGrid();
     void tellCurrentCell();
+    [[nodiscard]] bool isTime(const std::string& text) const;
     void connectSearch();
     void search(bool forward);
     void goToCell(int column, Row row);

@@ -13,7 +13,6 @@
 #include "views/sheet/GridModel.h"
 #include "views/sheet/GridRowHeader.h"
 #include "views/sheet/MoveColumnCommand.h"
-#include "views/text/SampledWidth.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -57,7 +56,6 @@ void MyCug::OnSetup() {
     setVerticalHeader(m_rowNumbers);
     setHeights();
     m_headings->setDefaultSectionSize(kColumnWidth);
-    m_headings->setResizeContentsPrecision(16);
     setItemDelegate(m_delegate);
     setModel(&m_grid);
     setColumnWidth(0, kTimeColumnWidth);
@@ -92,6 +90,8 @@ void MyCug::connectHeadings() {
     connect(m_headings, &GridHeader::headingPressed, this, &MyCug::selectColumn);
     connect(m_headings, &GridHeader::dragStarted, this, &MyCug::OnColSwapStart);
     connect(m_headings, &GridHeader::moveRequested, this, &MyCug::moveColumn);
+    connect(m_headings, &GridHeader::resizeRefused, this,
+            [this] { Q_EMIT notice(tr("The columns of a large file have fixed widths")); });
     connect(m_headings, &QHeaderView::sectionResized, this, [this](int column) {
         if (column == 0) viewport()->update();
     });
@@ -210,25 +210,44 @@ void MyCug::columnMoved(int from, int to) {
     }
     setColumnWidth(to, width);
     selectColumn(to, Qt::NoModifier);
+    scrollTo(currentIndex());
+}
+
+void MyCug::look(const CellWidths& widths, int column, Row step, CellWidths::Widest& widest) const {
+    const Row rows = m_grid.grid().rowCount();
+    const Column& cells = m_grid.grid().column(column);
+    widths.look(cells, 0, rows, step, widest);
+    if (step == 1) return;
+    const int last = rowAt(viewport()->height() - 1);
+    const Row end = last < 0 ? rows : std::min<Row>(rows, last);
+    widths.look(cells, std::max(0, rowAt(0) - 1), end, 1, widest);
 }
 
 void MyCug::fitColumns() {
-    const QFontMetricsF metrics(font());
-    QFont bold = font();
-    bold.setBold(true);
-    const QFontMetricsF headingMetrics(bold);
+    constexpr Row samples = 500'000; // cells, over all columns
+    const CellWidths widths{QFontMetricsF(font())};
     const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    const Row step = std::max<Row>(1, m_grid.grid().rowCount() * m_grid.columnCount() / samples);
     for (int column = 0; column < m_grid.columnCount(); ++column) {
-        const double text = sampledTextWidth(m_grid.grid(), column, metrics);
-        const double heading = headingTextWidth(m_grid.grid(), column, headingMetrics);
+        CellWidths::Widest widest;
+        look(widths, column, step, widest);
+        const double text = std::max(widest.number, std::min<double>(widest.text, kWidestFit));
+        const int heading = std::min(m_headings->headingWidth(column), kWidestFit);
         int width = column == 0 ? kTimeColumnWidth : kColumnWidth;
-        if (text > 0 || heading > 0) {
-            width = std::clamp(
-                std::max(qCeil(text) + margin, qCeil(heading) + m_headings->decorationWidth() + 4),
-                kNarrowestFit, kWidestFit);
-        }
+        if (text > 0 || heading > 0)
+            width = std::max({text > 0 ? qCeil(text) + margin : 0, heading, kNarrowestFit});
         setColumnWidth(column, width);
     }
+}
+
+int MyCug::sizeHintForColumn(int column) const {
+    const CellWidths widths{QFontMetricsF(font())};
+    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    CellWidths::Widest widest;
+    look(widths, column, 1, widest);
+    const double room = std::max(kWidestFit, viewport()->width() - columnWidth(0) - margin);
+    return std::max(kNarrowestFit,
+                    qCeil(std::max(widest.number, std::min(widest.text, room))) + margin);
 }
 
 std::vector<CellArea> MyCug::selectedAreas() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "views/grid/GridSelection.h"
+#include "views/text/CellWidths.h"
 
 #include <QTableView>
 
@@ -89,7 +90,7 @@ class MyCug : public QTableView {
     void selectColumn(int column, Qt::KeyboardModifiers modifiers);
     /// Sets the check box of a column the other way.
     void toggleCharted(int column);
-    /// Widths from the headings and 16 rows.
+    /// Widths that show the headings, the rows in view and a sample of the others.
     void fitColumns();
 
     QModelIndex indexAt(const QPoint& place) const override;
@@ -97,6 +98,8 @@ class MyCug : public QTableView {
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   Q_SIGNALS:
+    /// A remark for the status bar.
+    void notice(const QString& text);
     void selectionMade();
     void currentCellChanged(int column, qint64 row);
 
@@ -106,6 +109,8 @@ class MyCug : public QTableView {
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Width that shows every row of a column.
+    int sizeHintForColumn(int column) const override;
     void scrollContentsBy(int dx, int dy) override;
     void updateEditorGeometries() override;
     void updateGeometries() override;
@@ -122,6 +127,7 @@ class MyCug : public QTableView {
     void OnSetup();
     void connectHeadings();
     void setHeights();
+    void look(const CellWidths& widths, int column, Row step, CellWidths::Widest& widest) const;
     void adaptToPalette();
     void moveColumn(int from, int to);
     void columnMoved(int from, int to);

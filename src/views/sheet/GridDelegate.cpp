@@ -29,6 +29,23 @@ void paintArrow(QPainter* painter, const QRect& rect, bool up, bool enabled) {
     painter->drawPolygon(arrow);
 }
 
+/// What stands for a number that does not fit: a shortened one would be another number.
+QString filledWith(QChar mark, int width, const QFontMetrics& metrics) {
+    return {std::max(1, width / std::max(1, metrics.horizontalAdvance(mark))), mark};
+}
+
+/// The mark of a changed cell: its upper left corner.
+void paintEdited(QPainter* painter, const QRect& rect, const QColor& colour) {
+    constexpr int size = 7;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colour);
+    const QPoint corner = rect.topLeft();
+    painter->drawPolygon(QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)}));
+    painter->restore();
+}
+
 } // namespace
 
 QRect GridDelegate::spinUpRect(const QRect& cell) {
@@ -50,6 +67,12 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         return;
     }
     QStyledItemDelegate::paint(painter, plain, index);
+    if (index.data(GridModel::EditedRole).toBool()) {
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        paintEdited(
+            painter, option.rect,
+            option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+    }
     if (option.state & QStyle::State_HasFocus) {
         painter->setPen(QPen(option.palette.color(QPalette::Text), 1, Qt::SolidLine));
         painter->setBrush(Qt::NoBrush);
@@ -72,6 +95,20 @@ QString GridDelegate::displayText(const QVariant& value, const QLocale&) const {
     // A cell is one line high.
     text.replace(u'\n', u' ').replace(u'\r', u' ');
     return text.size() <= longest ? text : text.left(longest) + u'\u2026';
+}
+
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!index.data(GridModel::NumberRole).toBool()) return;
+    const QStyle* style = option->widget ? option->widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, option, option->widget) + 1;
+    const int room = option->rect.width() - 2 * margin;
+    const QFontMetrics& metrics = option->fontMetrics;
+    const auto characters = static_cast<int>(option->text.size());
+    // Most cells have room to spare, which one character tells.
+    if (characters * metrics.horizontalAdvance(u'E') <= room) return;
+    if (QFontMetricsF(option->font).horizontalAdvance(option->text) > room)
+        option->text = filledWith(u'#', room, metrics);
 }
 
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,

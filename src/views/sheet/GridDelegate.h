@@ -32,6 +32,7 @@ class GridDelegate : public QStyledItemDelegate {
     void leftByKey(int key, Qt::KeyboardModifiers modifiers);
 
   protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
     bool eventFilter(QObject* object, QEvent* event) override;
 };
 

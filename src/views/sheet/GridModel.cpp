@@ -255,8 +255,14 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
     if (!index.isValid() || role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) {
         return false;
     }
+    const std::string text = value.toString().toStdString();
+    const bool time = index.column() == 0 && index.row() != kAxisRow;
+    if (time && m_grid.rowCount() > 0 && !text.empty() && m_timeCheck && !m_timeCheck(text)) {
+        Q_EMIT timeRefused(value.toString());
+        return false;
+    }
     auto command = std::make_unique<EditCommand>(*this, tr("Typing"));
-    command->set(index.column(), index.row(), value.toString().toStdString());
+    command->set(index.column(), index.row(), text);
     if (command->isEmpty()) return true;
     take(std::move(command));
     return true;

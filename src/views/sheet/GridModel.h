@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QUndoStack>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <set>
@@ -56,6 +57,11 @@ class GridModel : public QAbstractTableModel {
     /// What a data cell held when it was loaded; nothing where it holds that still.
     [[nodiscard]] std::optional<QString> original(int column, Row row) const;
 
+    /// What typed texts the time column takes; any without it.
+    void setTimeCheck(std::function<bool(const std::string&)> check) {
+        m_timeCheck = std::move(check);
+    }
+
     /// Tells views that cells have changed, and marks the store as changed.
     void cellsChanged(const CellArea& area);
 
@@ -90,6 +96,8 @@ class GridModel : public QAbstractTableModel {
   Q_SIGNALS:
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
+    /// A typed text was not written, as the time column does not take it.
+    void timeRefused(const QString& text);
     /// A step was taken back, or again, that changed these cells.
     void stepRepeated(const CellArea& area);
     /// A column has gone to another place, with everything in it.
@@ -111,6 +119,7 @@ class GridModel : public QAbstractTableModel {
     bool m_loading = false;
     bool m_protected = false;
     bool m_dark = false;
+    std::function<bool(const std::string&)> m_timeCheck;
 };
 
 } // namespace pellam
