@@ -23,6 +23,19 @@ Cell* Column::makeChunk(std::size_t chunk) {
     return m_chunks[chunk];
 }
 
+SpareChunk Column::spareChunk(bool empty) {
+    ChunkPool& pool = m_storage->chunks;
+    return {empty ? nullptr : pool.take(), ChunkReturner{&pool}};
+}
+
+void Column::exchangeChunk(Row row, SpareChunk& other) {
+    const auto chunk = static_cast<std::size_t>(row / kChunkRows);
+    if (chunk >= m_chunks.size()) m_chunks.resize(chunk + 1, nullptr);
+    Cell* const mine = m_chunks[chunk];
+    m_chunks[chunk] = other.release();
+    other.reset(mine);
+}
+
 std::string_view Column::text(Cell cell, CellBuffer& buffer) const {
     char* const out = buffer.data();
     const auto written = [out](const char* end) {

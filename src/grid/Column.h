@@ -4,6 +4,7 @@
 #include "grid/CellStorage.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -14,6 +15,16 @@ namespace pellam {
 
 /// A data row, counted from 0.
 using Row = std::int64_t;
+
+/// Gives a chunk back to the pool that it came from.
+struct ChunkReturner {
+    ChunkPool* pool = nullptr;
+
+    void operator()(Cell* chunk) const { pool->giveBack(chunk); }
+};
+
+/// A chunk of cells outside of its column; null stands for empty cells. The grid outlives it.
+using SpareChunk = std::unique_ptr<Cell[], ChunkReturner>;
 
 /// One column of the grid: its heading and its cells, in chunks of 16384 rows that exist only once
 /// they are written to.
@@ -83,6 +94,12 @@ class Column {
         const auto chunk = static_cast<std::size_t>(row / kChunkRows);
         return chunk < m_chunks.size() ? m_chunks[chunk] : nullptr;
     }
+
+    /// A chunk of empty cells for exchangeChunk(), or null with `empty`. Throws std::bad_alloc when
+    /// memory is exhausted.
+    [[nodiscard]] SpareChunk spareChunk(bool empty = false);
+    /// Exchanges the cells of the chunk that holds `row` with those of another.
+    void exchangeChunk(Row row, SpareChunk& other);
 
     [[nodiscard]] char decimalSeparator() const { return m_storage->decimalSeparator; }
 

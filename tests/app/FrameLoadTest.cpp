@@ -7,6 +7,8 @@
 #include "ui/dialogs/TabPages.h"
 #include "views/chart/CTrendView.h"
 #include "views/grid/CGridView.h"
+#include "views/grid/MyCug.h"
+#include "views/sheet/GridModel.h"
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +50,41 @@ TEST_F(FrameLoadTest, AFileThatCannotBeOpenedLeavesAnEmptyGrid) {
     EXPECT_EQ(status(), "");
     EXPECT_EQ(frame.windowTitle(), u"Pellam");
     EXPECT_EQ(frame.data().rowCount(), 0);
+}
+
+TEST_F(FrameLoadTest, ChangedCellsAreNotLostWithoutAQuestion) {
+    const auto file = csv();
+    auto& frame = start(file);
+    auto& cells = frame.Grid()->gridModel();
+    const auto type = [&](const char* text) {
+        cells.setData(cells.index(1, 1), QString::fromUtf8(text));
+    };
+    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam"_s);
+    type("9");
+    EXPECT_EQ(frame.windowTitle(), u"store.csv (modified) - Pellam"_s);
+    {
+        DialogScript dialogs;
+        const auto cancel = [](QMessageBox& box) { box.button(QMessageBox::Cancel)->click(); };
+        dialogs.then<QMessageBox>(cancel).then<QMessageBox>(cancel);
+        EXPECT_FALSE(frame.close());
+        frame.OnLoadSessionFromFile(file);
+    }
+    EXPECT_EQ(cells.index(1, 1).data().toString(), u"9"_s);
+
+    // What was exported is not lost; a change after that would be.
+    cells.setAllCharted(true);
+    cells.setCharted(2, 2, true);
+    frame.ExportCSV(path("kept.csv"));
+    frame.OnLoadSessionFromFile(file);
+    EXPECT_EQ(cells.index(1, 1).data().toString(), u"4.25"_s);
+    type("9");
+    give(Command::RevertToFile);
+    EXPECT_EQ(cells.index(1, 1).data().toString(), u"4.25"_s);
+    EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam"_s);
+    type("8");
+    DialogScript dialogs;
+    dialogs.then<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Discard)->click(); });
+    EXPECT_TRUE(frame.close());
 }
 
 TEST_F(FrameLoadTest, WhatWasPassedOverIsToldWithItsDetails) {

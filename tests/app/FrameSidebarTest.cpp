@@ -1,10 +1,12 @@
 #include "FrameFixture.h"
 
+#include "app/frame/FiguresLabel.h"
 #include "app/frame/FrameSidebar.h"
 #include "app/print/PreviewPane.h"
 #include "ui/sidebar/TaskSidebar.h"
 
 #include <algorithm>
+#include <set>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +38,23 @@ What do you want to view?
   View historical data on a grid
   View historical data on a chart
 )";
+
+TEST(FiguresLabel, ShowsFiguresWholeOrNotAtAll) {
+    const QStringList figures{u"Mean: 14.18"_s, u"Min: -2"_s, u"Max: 99.5"_s};
+    FiguresLabel label;
+    label.setFigures(figures);
+    std::set<QString> shown;
+    for (int width = label.sizeHint().width() + 10; width >= 0; --width) {
+        label.resize(width, 20);
+        QApplication::sendPostedEvents();
+        shown.insert(label.text());
+        EXPECT_EQ(label.accessibleName(), figures.join(u"   "_s));
+    }
+    const std::set<QString> expected{QString(), figures[0], figures[0] + u"   "_s + figures[1],
+                                     figures.join(u"   "_s)};
+    EXPECT_EQ(shown, expected);
+    EXPECT_EQ(label.minimumSizeHint().width(), 0);
+}
 
 TEST_F(FrameSidebarTest, TheOptionsGroupFollowsThePage) {
     auto& frame = start();

@@ -1,5 +1,7 @@
 #include "views/sheet/GridModel.h"
 #include "GridText.h"
+#include "views/sheet/EditCommand.h"
+#include "views/sheet/MoveColumnCommand.h"
 
 using namespace Qt::StringLiterals;
 
@@ -86,6 +88,63 @@ TEST_F(GridModelTest, EditsKeepTheColourAndCanBeTakenBack) {
     m_model.undoStack().undo();
     EXPECT_EQ(text(2, 1) + " " + colour(2, 1) + " " + text(0, 1), "13 #c00000 1");
     EXPECT_FALSE(m_model.undoStack().canUndo());
+}
+
+// Whole chunks change places with those of the store; every cell must come back as it was.
+TEST(EditCommand, FillsManyChunksAndBringsThemBack) {
+    constexpr Row rows = 3 * Column::kChunkRows + 100;
+    GridData grid;
+    grid.setRowCount(rows);
+    grid.setChannelCount(2);
+    for (Row row = 0; row < rows; ++row) {
+        grid.setText(1, row, std::to_string(row));
+        if (row > 2 * Column::kChunkRows) grid.setText(2, row, "text of " + std::to_string(row));
+    }
+    grid.setText(1, 20'000, "red", CellColour::DarkRed);
+    const auto all = [&grid] { return gridRows(grid); };
+    const std::string before = all();
+    GridModel model(grid);
+    const auto fill = [&model](const char* text, std::int64_t patience) {
+        auto command = std::make_unique<EditCommand>(model, u"Fill"_s);
+        const auto goOn = [&patience](std::int64_t cells) { return (patience -= cells) >= 0; };
+        const bool whole = command->fill({1, 15, 11, rows}, text, goOn);
+        if (whole) model.take(std::move(command));
+        return whole;
+    };
+    EXPECT_FALSE(fill("", rows));
+    EXPECT_EQ(all(), before);
+    for (const char* text : {"", "7.5", "a text in the arena"}) {
+        EXPECT_TRUE(fill(text, 2 * rows));
+        CellBuffer buffer;
+        EXPECT_EQ(grid.text(1, 9, buffer), "9");
+        EXPECT_EQ(grid.text(1, 10, buffer), text);
+        EXPECT_EQ(grid.text(2, rows - 1, buffer), text);
+        EXPECT_EQ(grid.text(3, 20, buffer), "");
+        EXPECT_EQ(grid.colour(1, 20'000), CellColour::DarkRed);
+        EXPECT_EQ(model.original(1, 9), std::nullopt);
+        EXPECT_EQ(model.original(1, 30'000), u"30000"_s);
+        const std::string after = all();
+        model.undoStack().undo();
+        EXPECT_EQ(all(), before);
+        model.undoStack().redo();
+        EXPECT_EQ(all(), after);
+        model.undoStack().undo();
+    }
+    EXPECT_TRUE(model.editedColumns().empty());
+}
+
+TEST_F(GridModelTest, KnowsWhatWasEditedWhereverItsColumnWent) {
+    EXPECT_TRUE(m_model.setData(m_model.index(1, 1), u"1"_s));
+    m_model.take(std::make_unique<MoveColumnCommand>(m_model, 1, 2));
+    EXPECT_TRUE(m_model.setData(m_model.index(1, 2), u"2"_s));
+    EXPECT_EQ(m_model.original(2, 0), u"12.50"_s);
+    EXPECT_EQ(m_model.original(1, 0), std::nullopt);
+    EXPECT_EQ(m_model.editedColumns(), std::set<int>{2});
+    EXPECT_EQ(text(1, 2, Qt::ToolTipRole), "Col:2 Row:1\nLoaded as: 12.50");
+    EXPECT_TRUE(m_model.setData(m_model.index(1, 2), u"12.50"_s));
+    EXPECT_EQ(m_model.original(2, 0), std::nullopt);
+    m_model.undoStack().setIndex(0);
+    EXPECT_TRUE(m_model.editedColumns().empty());
 }
 
 TEST_F(GridModelTest, MovesColumnsInTheStore) {

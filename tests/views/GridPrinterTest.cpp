@@ -49,6 +49,28 @@ TEST(GridPageLayout, PutsEveryCellOnExactlyOnePage) {
     EXPECT_EQ(pages.pageCount(), 2);
 }
 
+// Whatever row holds it, and beside room that the page has left.
+TEST(GridPageLayout, ColumnsAreAsWideAsTheirWidestCell) {
+    const QString number = u"-12345678.901"_s;
+    const QString text(120, u'w');
+    for (const Row wide : {0, 1, 37, 4999}) {
+        GridData grid;
+        fillGrid(grid, "Time|A|B\n1|2|x\n");
+        grid.setRowCount(5000);
+        for (Row row = 0; row < 5000; ++row)
+            grid.setText(1, row, "1");
+        grid.setText(1, wide, number.toStdString());
+        grid.setText(2, wide, text.toStdString());
+        GridPageLayout layout(grid);
+        layout.setPageSize(kA4);
+        const QFontMetricsF metrics(layout.font());
+        EXPECT_GT(layout.columnWidth(1), metrics.horizontalAdvance(number)) << wide;
+        const double used = layout.rowNumberWidth() + layout.columnWidth(0) +
+                            layout.columnWidth(1) + layout.columnWidth(2);
+        EXPECT_NEAR(used, layout.size().width(), 1) << "the text has the rest of the page";
+    }
+}
+
 TEST(GridPrinter, PrintsTheAskedPagesAndStopsWhenAborted) {
     GridData grid;
     fillGrid(grid, "Time|A\n2024/01/02 10:00:00|1\n");

@@ -5,6 +5,7 @@
 #include "views/scan/StatisticsScan.h"
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 #include <set>
 
@@ -195,8 +196,11 @@ std::string statistics(const GridData& grid, std::vector<CellArea> areas) {
     StatisticsScan scan(grid, std::move(areas));
     while (scan.step()) {
     }
-    return StatisticsScan::text(scan.result(), std::to_string(scan.result().count),
-                                std::to_string(scan.result().leftOut), grid.decimalSeparator());
+    std::string all;
+    const auto count = [](std::int64_t number) { return std::to_string(number); };
+    for (const auto& text : StatisticsScan::texts(scan.result(), count, grid.decimalSeparator()))
+        all += (all.empty() ? "" : "   ") + text;
+    return all;
 }
 
 TEST(StatisticsScan, CountsNumbersAlone) {
@@ -207,17 +211,19 @@ TEST(StatisticsScan, CountsNumbersAlone) {
                    "2024/01/02 10:02:00|    |0.25\n");
     grid.column(1).setAxis(6);
     const Table<const char*, std::vector<CellArea>, const char*> rows = {
-        {"one column", {{1, 1, 1, 3}}, "Count: 2   Min: -2   Max: 1.5   Mean: -0.25   Sum: -0.5"},
+        {"one column",
+         {{1, 1, 1, 3}},
+         "Count: 2   Mean: -0.25   Min: -2   Max: 1.5   Std dev: 2.47487   Sum: -0.5"},
         {"the axis row is no data",
          {{1, 1, 0, 1}},
-         "Count: 1   Min: 1.5   Max: 1.5   Mean: 1.5   Sum: 1.5"},
+         "Count: 1   Mean: 1.5   Min: 1.5   Max: 1.5   Sum: 1.5"},
         {"times and texts", {{0, 0, 1, 3}, {2, 2, 1, 1}}, "Count: 0"},
         {"two areas",
          {{1, 1, 1, 1}, {2, 2, 2, 3}},
-         "Count: 3   Min: 0.25   Max: 7   Mean: 2.916666667   Sum: 8.75"},
+         "Count: 3   Mean: 2.916666667   Min: 0.25   Max: 7   Std dev: 3.59108   Sum: 8.75"},
         {"past the data",
          {{1, 15, 1, 32767}},
-         "Count: 4   Min: -2   Max: 7   Mean: 1.6875   Sum: 6.75"},
+         "Count: 4   Mean: 1.6875   Min: -2   Max: 7   Std dev: 3.82631   Sum: 6.75"},
         {"nothing", {}, "Count: 0"},
         {"axis row alone", {{1, 2, 0, 0}}, "Count: 0"},
     };
@@ -230,28 +236,44 @@ TEST(StatisticsScan, LeavesOutWhatTheChartLeavesOut) {
     fillGrid(grid, "Time|A|B|C\n1|1|-9999|-9999\n2|-9999.0|---|99999.9\n3|3|x|-9e3\n");
     grid.setMissing({{"-9999", -9999.0}, {"---", {}}});
     grid.column(3).setAsValue(0);
-    EXPECT_EQ(statistics(grid, {{1, 1, 1, 3}}),
-              "Count: 2   Left out: 1   Min: 1   Max: 3   Mean: 2   Sum: 4");
-    EXPECT_EQ(statistics(grid, {{2, 2, 1, 3}}), "Count: 0   Left out: 2");
+    EXPECT_EQ(
+        statistics(grid, {{1, 1, 1, 3}}),
+        "Count: 2   1 missing value left out   Mean: 2   Min: 1   Max: 3   Std dev: 1.41421   "
+        "Sum: 4");
+    EXPECT_EQ(statistics(grid, {{2, 2, 1, 3}}), "Count: 0   2 missing values left out");
     EXPECT_EQ(statistics(grid, {{3, 3, 1, 3}}),
-              "Count: 2   Left out: 1   Min: -9999   Max: -9000   Mean: -9499.5   Sum: -18999");
+              "Count: 2   1 sentinel left out   Mean: -9499.5   Min: -9999   Max: -9000   "
+              "Std dev: 706.4   Sum: -18999");
     grid.setMissingAsNumbers(true);
-    EXPECT_EQ(statistics(grid, {{1, 1, 1, 3}}),
-              "Count: 3   Min: -9999   Max: 3   Mean: -3331.666667   Sum: -9995");
+    EXPECT_EQ(
+        statistics(grid, {{1, 1, 1, 3}}),
+        "Count: 3   Mean: -3331.666667   Min: -9999   Max: 3   Std dev: 5774.23   Sum: -9995");
 }
 
 TEST(StatisticsScan, WritesTheDecimalSeparatorOfTheData) {
     GridData grid(',');
     fillGrid(grid, "Time|A\n1|0,1\n2|0,2\n");
     EXPECT_EQ(statistics(grid, {{1, 1, 1, 2}}),
-              "Count: 2   Min: 0,1   Max: 0,2   Mean: 0,15   Sum: 0,3");
+              "Count: 2   Mean: 0,15   Min: 0,1   Max: 0,2   Std dev: 0,0707107   Sum: 0,3");
+}
+
+TEST(StatisticsScan, LeavesSentinelsOutAndCountsThem) {
+    GridData grid;
+    fillGrid(grid, "Time|A|B\n"
+                   "1|14.1|99999.9\n2|99999.9|-99999.90\n3|14.3|-9.00000E9\n4|-99999.9|x\n");
+    EXPECT_EQ(statistics(grid, {{1, 1, 1, 4}}),
+              "Count: 2   2 sentinels left out   Mean: 14.2   Min: 14.1   Max: 14.3   "
+              "Std dev: 0.141421   Sum: 28.4");
+    EXPECT_EQ(statistics(grid, {{1, 1, 1, 2}}),
+              "Count: 1   1 sentinel left out   Mean: 14.1   Min: 14.1   Max: 14.1   Sum: 14.1");
+    EXPECT_EQ(statistics(grid, {{2, 2, 1, 4}}), "Count: 0   3 sentinels left out");
 }
 
 TEST(StatisticsScan, KeepsSmallNumbersBesideLargeOnes) {
     GridData grid;
     fillGrid(grid, "Time|A\n1|10000000000000000\n2|1\n3|-10000000000000000\n4|1\n");
     EXPECT_EQ(statistics(grid, {{1, 1, 1, 4}}),
-              "Count: 4   Min: -1e+16   Max: 1e+16   Mean: 0.5   Sum: 2");
+              "Count: 4   Mean: 0.5   Min: -1e+16   Max: 1e+16   Std dev: 8.16497e+15   Sum: 2");
 }
 
 TEST(StatisticsScan, ReadsEveryRowOfSeveralChunksOnce) {
@@ -275,6 +297,15 @@ TEST(StatisticsScan, ReadsEveryRowOfSeveralChunksOnce) {
     EXPECT_EQ(scan.result().count, count);
     EXPECT_EQ(scan.result().sum, static_cast<double>(sum));
     EXPECT_EQ(scan.result().minimum, 4999);
+    // Of the rows from a to b and from c to d: the sum of squares in closed form.
+    const auto squares = [](double n) { return n * (n + 1) * (2 * n + 1) / 6; };
+    const auto n = static_cast<double>(count);
+    constexpr auto chunk = static_cast<double>(Column::kChunkRows);
+    const double all = squares(chunk - 1) - squares(4998) + squares(static_cast<double>(rows) - 1) -
+                       squares(2 * chunk - 1);
+    const double mean = static_cast<double>(sum) / n;
+    const double deviation = std::sqrt((all - n * mean * mean) / (n - 1));
+    EXPECT_NEAR(scan.result().standardDeviation, deviation, deviation * 1e-9);
     EXPECT_LT(steps, 20);
 }
 

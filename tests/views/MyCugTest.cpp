@@ -224,6 +224,12 @@ TEST_F(MyCugTest, LargeFileModeForbidsResizingColumns) {
     const int width = m_cug.columnWidth(1);
     m_cug.SetLargeFileMode(1);
     EXPECT_EQ(drag(), width);
+    // The edge is not taken for the heading: neither is the column moved.
+    m_cug.EnableColSwapping(true);
+    QSignalSpy notices(&m_view, &CGridView::notice);
+    EXPECT_EQ(drag(), width);
+    EXPECT_EQ(firstRow(), "11|21|31|41|51|61|71");
+    EXPECT_EQ(notices.count(), 1);
     m_cug.SetLargeFileMode(0);
     EXPECT_EQ(drag(), width + 40);
 }
@@ -259,7 +265,162 @@ TEST_F(MyCugTest, HeadingsSelectDataWithoutTheAxisRow) {
                       m_cug.headings().headingRect(1).center() + QPoint(8, 0));
     EXPECT_EQ(selected(), "1-2x1-3 ");
     QTest::mouseClick(&m_cug.corner(), Qt::LeftButton);
-    EXPECT_EQ(selected(), "0-15x1-3 ");
+    EXPECT_EQ(selected(), "0-7x1-3 ");
+}
+
+// Every way to another cell takes the selection along, and none leads behind the data.
+TEST_F(MyCugTest, KeysMoveAndExtendTheSelection) {
+    using enum Qt::KeyboardModifier;
+
+    struct Press {
+        Qt::Key key;
+        Qt::KeyboardModifiers with;
+    };
+
+    const Qt::KeyboardModifiers both = ControlModifier | ShiftModifier;
+    const Table<const char*, std::vector<Press>, const char*> rows = {
+        {"first cell", {{Qt::Key_Home, ControlModifier}}, "0-0x1-1 "},
+        {"last cell", {{Qt::Key_End, ControlModifier}}, "7-7x3-3 "},
+        {"last column", {{Qt::Key_End, {}}}, "7-7x2-2 "},
+        {"no further", {{Qt::Key_End, {}}, {Qt::Key_Right, {}}}, "7-7x2-2 "},
+        {"to the edges",
+         {{Qt::Key_Right, ControlModifier}, {Qt::Key_Up, ControlModifier}},
+         "7-7x1-1 "},
+        {"extend to the end", {{Qt::Key_End, both}}, "2-7x2-3 "},
+        {"extend to the start", {{Qt::Key_Home, both}}, "0-2x1-2 "},
+        {"extend down", {{Qt::Key_Down, both}}, "2-2x2-3 "},
+        {"extend in the row", {{Qt::Key_Home, ShiftModifier}}, "0-2x2-2 "},
+        {"extend a page", {{Qt::Key_PageUp, ShiftModifier}}, "2-2x1-2 "},
+        {"from where it moved to",
+         {{Qt::Key_Right, {}}, {Qt::Key_Down, ShiftModifier}},
+         "3-3x2-3 "},
+        {"back to one cell", {{Qt::Key_End, both}, {Qt::Key_Left, {}}}, "6-6x3-3 "},
+        {"Enter", {{Qt::Key_Return, {}}}, "2-2x3-3 "},
+        {"Enter back", {{Qt::Key_Return, ShiftModifier}}, "2-2x1-1 "},
+        {"Tab", {{Qt::Key_Tab, {}}}, "3-3x2-2 "},
+        {"Tab back", {{Qt::Key_Backtab, ShiftModifier}}, "1-1x2-2 "},
+        {"Tab at the end of a row", {{Qt::Key_End, {}}, {Qt::Key_Tab, {}}}, "0-0x3-3 "},
+    };
+    for (const bool edited : {false, true}) {
+        for (const auto& [name, presses, expected] : rows) {
+            const Qt::Key first = presses.front().key;
+            const bool leaves =
+                first == Qt::Key_Return || first == Qt::Key_Tab || first == Qt::Key_Backtab;
+            if (edited && !leaves) continue;
+            select(2, 2, 2, 2);
+            if (edited) QTest::keyClick(&m_cug, Qt::Key_F2);
+            for (const Press& press : presses) {
+                QTest::keyClick(QApplication::focusWidget(), press.key, press.with);
+                QApplication::processEvents();
+            }
+            EXPECT_EQ(selected(), expected) << name << (edited ? " from an editor" : "");
+            EXPECT_EQ(QApplication::focusWidget(), &m_cug) << name;
+        }
+    }
+}
+
+TEST_F(MyCugTest, ColumnsBehindTheDataTakeNothing) {
+    QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {}, centre(2, 2));
+    m_cug.scrollTo(m_model.index(2, 9));
+    QTest::mouseClick(m_cug.viewport(), Qt::LeftButton, {}, centre(9, 2));
+    EXPECT_EQ(m_cug.currentIndex().column(), 2);
+    EXPECT_FALSE(m_model.setData(m_model.index(2, 9), u"5"_s));
+    m_cug.selectRow(2);
+    m_cug.clipboard().copy();
+    EXPECT_EQ(clipboard(), "2024/01/02 10:01:00\t12\t22\t32\t42\t52\t62\t72");
+}
+
+TEST_F(MyCugTest, EmptyingEverythingAsksAndIsOneStep) {
+    const std::string before = gridRows(m_grid);
+    int questions = 0;
+    bool answer = false;
+    m_cug.clipboard().setQuestion([&](const QString&) { return ++questions, answer; });
+    QTest::keyClick(&m_cug, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&m_cug, Qt::Key_Delete);
+    EXPECT_EQ(gridRows(m_grid), before);
+    answer = true;
+    QTest::keyClick(&m_cug, Qt::Key_Delete);
+    EXPECT_EQ(gridRows(m_grid), "|||||||\n|||||||\n|||||||");
+    EXPECT_EQ(questions, 2);
+    select(1, 1, 1, 1);
+    m_view.undoStack().undo();
+    EXPECT_EQ(gridRows(m_grid), before);
+    EXPECT_EQ(selected(), "0-7x1-3 ");
+    EXPECT_FALSE(m_view.undoStack().canUndo());
+}
+
+// One cell in 2000 rows is wider than the others; where it is must not matter.
+TEST_F(MyCugTest, FittedColumnsShowTheirWidestCell) {
+    for (const Row wide : {0, 1, 37, 1999}) {
+        fillGrid(m_grid, "Time|A|B\n1|2|3\n");
+        for (Row row = 0; row < 2000; ++row) {
+            m_grid.setText(1, row, row == wide ? "-1234567890.123" : "1");
+            m_grid.setText(2, row, row == wide ? "a rather long text" : "x");
+        }
+        m_grid.setRowCount(2000);
+        m_view.beginLoad();
+        m_view.endLoad(false, false);
+        const QFontMetricsF metrics(m_cug.font());
+        EXPECT_GT(m_cug.columnWidth(1), metrics.horizontalAdvance(u"-1234567890.123"_s)) << wide;
+        EXPECT_GT(m_cug.columnWidth(2), metrics.horizontalAdvance(u"a rather long text"_s)) << wide;
+        m_cug.setColumnWidth(1, 30);
+        m_cug.resizeColumnToContents(1);
+        EXPECT_GT(m_cug.columnWidth(1), metrics.horizontalAdvance(u"-1234567890.123"_s)) << wide;
+    }
+}
+
+TEST_F(MyCugTest, NumbersAreNeverShortened) {
+    struct Probe : GridDelegate {
+        using GridDelegate::initStyleOption;
+    } probe;
+
+    m_grid.setText(1, 0, "-12.345");
+    m_grid.setText(2, 0, "-9.00000E9");
+    m_grid.setText(3, 0, "a text that is long");
+    const auto shown = [&](int column, int width) {
+        QStyleOptionViewItem option;
+        option.initFrom(&m_cug);
+        option.widget = &m_cug;
+        option.rect = QRect(0, 0, width, 20);
+        probe.initStyleOption(&option, m_model.index(1, column));
+        return option.text.toStdString();
+    };
+    EXPECT_EQ(shown(1, 300) + shown(2, 300), "-12.345-9.00000E9");
+    for (const int column : {1, 2}) {
+        EXPECT_EQ(shown(column, 40).find_first_not_of('#'), std::string::npos) << column;
+        EXPECT_EQ(shown(column, 2), "#") << column;
+    }
+    EXPECT_EQ(shown(3, 40), "a text that is long") << "the style cuts it with an ellipsis";
+}
+
+TEST_F(MyCugTest, UndoGoesToWhatItChanges) {
+    select(1, 2, 3, 3);
+    m_cug.clipboard().clear();
+    m_cug.moveTo(7, 1, false);
+    m_view.undoStack().undo();
+    EXPECT_EQ(selected(), "1-2x3-3 ");
+    m_cug.moveTo(7, 1, false);
+    m_view.undoStack().redo();
+    EXPECT_EQ(selected(), "1-2x3-3 ");
+    EXPECT_TRUE(m_model.index(3, 1).data(GridModel::EditedRole).toBool());
+    EXPECT_FALSE(m_model.index(3, 3).data(GridModel::EditedRole).toBool());
+}
+
+TEST_F(MyCugTest, TheTimeColumnTakesTimesAlone) {
+    int refused = 0;
+    QObject::connect(&m_model, &GridModel::timeRefused, [&refused] { ++refused; });
+    m_model.disconnect(SIGNAL(timeRefused(QString)), &m_view);
+    const Table<const char*, const char*> rows = {
+        {"2024/01/02 10:00:30", "2024/01/02 10:00:30"},
+        {"2024-01-02 10:00:45.5", "2024-01-02 10:00:45.5"},
+        {"soon", "2024-01-02 10:00:45.5"},
+        {"", ""},
+    };
+    for (const auto& [typed, expected] : rows) {
+        m_model.setData(m_model.index(1, 0), QString::fromUtf8(typed));
+        EXPECT_EQ(cell(0, 1), expected) << typed;
+    }
+    EXPECT_EQ(refused, 1);
 }
 
 TEST_F(MyCugTest, CopiesWithAndWithoutHeadings) {
@@ -287,9 +448,9 @@ TEST_F(MyCugTest, CutsAndPastesElsewhere) {
 TEST_F(MyCugTest, PastesPastTheEndSaySo) {
     QSignalSpy notices(&m_view, &CGridView::notice);
     setClipboard("1\t2\n3\t4\n");
-    select(15, 15, 3, 3);
+    select(7, 7, 3, 3);
     m_cug.clipboard().paste();
-    EXPECT_EQ(cell(15, 3), "1");
+    EXPECT_EQ(cell(7, 3) + cell(8, 3), "1");
     EXPECT_EQ(notices.count(), 1);
 }
 

@@ -41,6 +41,8 @@
 #include <QCloseEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -143,6 +145,7 @@ void CMainFrame::createHelpers() {
                          .openPreferences = [this] { OnFilePreferences(); },
                          .loadedFile = [this] { return m_file; }});
     connect(m_export, &FrameExport::notice, this, &CMainFrame::remark);
+    connect(m_export, &FrameExport::written, m_gridView, &CGridView::exported);
 }
 
 bool CMainFrame::chartInFront() const {
@@ -151,6 +154,8 @@ bool CMainFrame::chartInFront() const {
 
 void CMainFrame::connectPages() {
     connect(m_gridView, &CGridView::statisticsChanged, m_status, &FrameStatusBar::showSelection);
+    connect(m_gridView, &CGridView::edited, this, &CMainFrame::showTitle);
+    connect(m_gridView, &CGridView::currentCellTold, m_status, &FrameStatusBar::showCell);
     connect(m_gridView, &CGridView::notice, this, &CMainFrame::remark);
     connect(m_status, &FrameStatusBar::detailsWanted, this,
             [this] { OnFileProperties(QStringLiteral("passed over")); });
@@ -241,7 +246,7 @@ void CMainFrame::OnOpenWithLayout() {
 }
 
 void CMainFrame::openFile(const QString& path, const std::optional<LayoutWishes>& text) {
-    if (m_loader->isBusy()) return;
+    if (m_loader->isBusy() || !mayLoseEdits()) return;
     const auto outcome = m_loader->load(path, text);
     showLoaded(path, outcome);
     if (outcome.loaded)
@@ -261,7 +266,8 @@ LoadOutcome CMainFrame::ReadReplayFile(const QString& path) {
 void CMainFrame::OnLoadFromDatabase() {
     if (m_loader->isBusy()) return;
     OnViewDatagrid();
-    if (const auto request = m_sessions->ask()) {
+    const auto request = m_sessions->ask();
+    if (request && mayLoseEdits()) {
         const auto outcome = m_sessions->load(*request);
         m_stored = {request->dataSource, request->session};
         showLoaded(m_sessions->exportPath(*request), outcome, FrameSessions::title(*request));
@@ -278,9 +284,38 @@ void CMainFrame::showLoaded(const QString& path, const LoadOutcome& outcome,
     m_layouts->showLoaded(path, outcome);
     m_status->showLoad(outcome, session);
     const auto name = session.isEmpty() ? QFileInfo(path).fileName() : session;
-    setWindowTitle(outcome.loaded ? tr("%1 - Pellam").arg(name) : QStringLiteral("Pellam"));
+    m_title = outcome.loaded ? name : QString();
+    showTitle();
     m_gridView->setFocus();
     OnIdleUpdateCmdUI();
+}
+
+void CMainFrame::showTitle() {
+    const auto changed = m_gridView->hasEdits() ? tr(" (modified)") : QString();
+    setWindowTitle(m_title.isEmpty() ? QStringLiteral("Pellam") + changed
+                                     : tr("%1 - Pellam").arg(m_title + changed));
+}
+
+bool CMainFrame::mayLoseEdits() {
+    while (m_gridView->hasEditsToLose()) {
+        QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
+                        tr("Cells were changed on the grid. The file itself is never written to: "
+                           "what is not exported is lost."),
+                        QMessageBox::Discard | QMessageBox::Cancel, this);
+        box.button(QMessageBox::Discard)->setText(tr("&Discard Changes"));
+        box.setDefaultButton(QMessageBox::Cancel);
+        QPushButton* exporting = nullptr;
+        if (m_data.rowCount() > 0) {
+            exporting = box.addButton(tr("&Export..."), QMessageBox::AcceptRole);
+            box.setInformativeText(
+                tr("An export holds the channels that are checked in their headings."));
+        }
+        box.exec();
+        if (box.clickedButton() == box.button(QMessageBox::Discard)) return true;
+        if (exporting == nullptr || box.clickedButton() != exporting) return false;
+        ExportData();
+    }
+    return true;
 }
 
 void CMainFrame::remark(const QString& text) {
@@ -428,6 +463,11 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
     if (m_loader->isBusy()) {
         m_loader->stop();
         m_closeWhenLoaded = true;
+        event->ignore();
+        return;
+    }
+    m_closeWhenLoaded = false;
+    if (!mayLoseEdits()) {
         event->ignore();
         return;
     }

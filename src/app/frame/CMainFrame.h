@@ -168,6 +168,9 @@ class CMainFrame : public QMainWindow {
     void connectPages();
     void connectDrops();
     void remark(const QString& text);
+    void showTitle();
+    /// Asks before changed cells are lost; false when they are not to be.
+    bool mayLoseEdits();
     void tellOfSettings(SettingsStore::Notice notice, const QString& path);
     void openLater(const QString& path);
     void openFile(const QString& path, const std::optional<LayoutWishes>& text = {});
@@ -201,6 +204,7 @@ class CMainFrame : public QMainWindow {
 
     /// Path of the file on the grid, of a session where an export of it would be; empty when none.
     QString m_file;
+    QString m_title;        ///< name of what is on the grid; empty when nothing
     LoadOutcome m_outcome;  ///< of what is on the grid
     StoredSession m_stored; ///< where that came from when it was no file
     bool m_closeWhenLoaded = false;

@@ -47,9 +47,9 @@ void FrameActions::buildMenus() {
     fillMenu(tr("&File"), {Open, OpenWithLayout, OpenDatabase, kSeparator, Export, ViewSpreadsheet,
                            kSeparator, Print, PrintPreview, kSeparator, Properties, Preferences,
                            FirstRecentFile, kSeparator, Exit});
-    fillMenu(tr("&Edit"), {Undo, Redo, kSeparator, Cut, Copy, CopyWithHeadings, Paste, kSeparator,
-                           SelectAllChannels, DeselectAllChannels, kSeparator, Find, FindNext,
-                           FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});
+    fillMenu(tr("&Edit"), {Undo, Redo, RevertToFile, kSeparator, Cut, Copy, CopyWithHeadings, Paste,
+                           kSeparator, SelectAllChannels, DeselectAllChannels, kSeparator, Find,
+                           FindNext, FindPrevious, GoTo, kSeparator, NextDamaged, PreviousDamaged});
     fillMenu(tr("&View"), {Command::Sidebar, Command::Toolbar, kSeparator, DataGrid, TrendChart,
                            kSeparator, EditAxis, AutoScale, FitValues, SelectionZoom, IncreaseFont,
                            DecreaseFont, kSeparator, MissingAsNumbers});
@@ -68,7 +68,7 @@ QToolBar* FrameActions::buildToolbar() {
     // clang-format off
     for (const auto command : {Open, Export, ViewSpreadsheet, kSeparator,
                                Print, PrintPreview, kSeparator,
-                               Cut, Copy, Paste, kSeparator,
+                               Undo, Redo, kSeparator, Cut, Copy, Paste, kSeparator,
                                Find, GoTo, PreviousDamaged, NextDamaged, kSeparator,
                                SelectAllChannels, DeselectAllChannels, kSeparator,
                                DataGrid, TrendChart, kSeparator,

@@ -73,6 +73,7 @@ bool FrameExport::write(const QString& path, GridWriter::Form form) {
     } else if (failure) {
         m_context.messages.show(failure.text());
     } else {
+        Q_EMIT written();
         Q_EMIT notice(tr("Exported to %1").arg(QDir::toNativeSeparators(path)));
     }
     return !failure;

@@ -51,6 +51,8 @@ class FrameExport : public QObject {
     void viewInSpreadsheet();
 
   Q_SIGNALS:
+    /// The checked channels stand in a file now.
+    void written();
     /// A remark for the status bar.
     void notice(const QString& text);
 

@@ -1,5 +1,6 @@
 #include "app/frame/FrameStatusBar.h"
 
+#include "app/frame/FiguresLabel.h"
 #include "replay/outcome/LoadOutcome.h"
 
 #include <QDir>
@@ -12,7 +13,12 @@
 namespace pellam {
 
 FrameStatusBar::FrameStatusBar(QStatusBar* bar) : QObject(bar), m_bar(bar) {
-    m_selection = addField(tr("Selected cells"));
+    m_cell = new FiguresLabel;
+    m_cell->setContentsMargins(6, 0, 6, 0);
+    m_cell->setAccessibleDescription(tr("Current cell"));
+    bar->addWidget(m_cell, 1);
+    m_selection = new FiguresLabel;
+    addField(m_selection, tr("Selected cells"));
     m_stopped = addField(tr("Load"));
     m_rows = addField(tr("Rows"));
     m_channels = addField(tr("Channels"));
@@ -28,19 +34,24 @@ FrameStatusBar::FrameStatusBar(QStatusBar* bar) : QObject(bar), m_bar(bar) {
     showLoad({});
     // A remark needs the room; the figures come back after it.
     connect(bar, &QStatusBar::messageChanged, this, [this](const QString& remark) {
-        m_selection->setVisible(remark.isEmpty() && !m_selection->text().isEmpty());
+        m_selection->setVisible(remark.isEmpty() && !m_selection->wholeText().isEmpty());
     });
 }
 
 QLabel* FrameStatusBar::addField(const QString& name) {
     auto* field = new QLabel;
-    field->setAccessibleName(name);
+    addField(field, name);
+    return field;
+}
+
+void FrameStatusBar::addField(QLabel* field, const QString& name) {
+    // Not the name: that would stand in for the text.
+    field->setAccessibleDescription(name);
     field->setContentsMargins(6, 0, 6, 0);
     // Bytes of a file name are text, never markup.
     field->setTextFormat(Qt::PlainText);
     field->hide();
     m_bar->addPermanentWidget(field);
-    return field;
 }
 
 void FrameStatusBar::showPassedOver(const PassedOver& passedOver) {
@@ -81,15 +92,19 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session
     m_file->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
 }
 
-void FrameStatusBar::showSelection(const QString& figures) {
-    set(m_selection, figures);
-    if (!m_bar->currentMessage().isEmpty()) m_selection->hide();
+void FrameStatusBar::showSelection(const QStringList& figures) {
+    m_selection->setFigures(figures);
+    m_selection->setVisible(!figures.isEmpty() && m_bar->currentMessage().isEmpty());
+}
+
+void FrameStatusBar::showCell(const QStringList& facts) {
+    m_cell->setFigures(facts);
 }
 
 QStringList FrameStatusBar::texts() const {
     QStringList shown;
-    for (const auto* field :
-         {m_selection, m_stopped, m_rows, m_channels, m_damaged, m_passedOver, m_file})
+    if (!m_selection->wholeText().isEmpty()) shown += m_selection->wholeText();
+    for (const auto* field : {m_stopped, m_rows, m_channels, m_damaged, m_passedOver, m_file})
         if (!field->text().isEmpty()) shown += field->text();
     return shown;
 }

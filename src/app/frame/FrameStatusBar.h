@@ -8,11 +8,13 @@ class QStatusBar;
 
 namespace pellam {
 
+class FiguresLabel;
 struct LoadOutcome;
 class PassedOver;
 
-/// The fixed fields of the status bar: figures of the selection, rows, channels, bad lines,
-/// what a load passed over (with a button for more), file, and the note that a load was stopped.
+/// The fields of the status bar: the current cell, figures of the selection, rows, channels, bad
+/// lines, what a load passed over (with a button for more), file, and the note that a load was
+/// stopped.
 class FrameStatusBar : public QObject {
     Q_OBJECT
 
@@ -22,8 +24,10 @@ class FrameStatusBar : public QObject {
     /// Shows the facts of what is on the grid; an outcome that loaded nothing empties the fields.
     /// A session from a database is shown by its name instead of a file's.
     void showLoad(const LoadOutcome& outcome, const QString& session = {});
-    /// Shows figures of the selected cells; empty text for none.
-    void showSelection(const QString& figures);
+    /// Shows figures of the selected cells; none for no selection.
+    void showSelection(const QStringList& figures);
+    /// Shows what the current cell is, where no remark stands.
+    void showCell(const QStringList& facts);
 
     /// Texts of the fields that are visible, from left to right.
     [[nodiscard]] QStringList texts() const;
@@ -33,12 +37,14 @@ class FrameStatusBar : public QObject {
     void detailsWanted();
 
   private:
+    void addField(QLabel* field, const QString& name);
     QLabel* addField(const QString& name);
     void showPassedOver(const PassedOver& passedOver);
     void set(QLabel* field, const QString& text);
 
     QStatusBar* m_bar;
-    QLabel* m_selection;
+    FiguresLabel* m_cell;
+    FiguresLabel* m_selection;
     QLabel* m_stopped;
     QLabel* m_rows;
     QLabel* m_channels;

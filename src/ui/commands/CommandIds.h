@@ -61,6 +61,7 @@ enum class Command : int {
     BreakGaps = 33018,
     ExportImage = 33019,
     YAxis = 33020, ///< the dialog of axis 1; the five numbers after it those of axes 2 to 6
+    RevertToFile = 33040,
     Properties = 33026,
     OpenWithLayout = 33027,
     MissingAsNumbers = 33028,

@@ -11,14 +11,42 @@ namespace pellam {
 namespace {
 
 /// File names of the pictures, in the order of IconName.
-constexpr std::array<const char*, kIconNameCount> kFiles = {
-    "open",         "database",        "export",       "spreadsheet", "print",
-    "printpreview", "preferences",     "resetdialogs", "grid",        "chart",
-    "selectall",    "deselectall",     "editaxes",     "autoscale",   "fitvalues",
-    "zoomon",       "zoomoff",         "fontup",       "fontdown",    "stripchart",
-    "copy",         "paste",           "cut",          "find",        "goto",
-    "nextdamaged",  "previousdamaged", "help",         "about",       "abort",
-    "browsefolder", "tasks",           "view",         "sidebar"};
+constexpr std::array<const char*, kIconNameCount> kFiles = {"open",
+                                                            "database",
+                                                            "export",
+                                                            "spreadsheet",
+                                                            "print",
+                                                            "printpreview",
+                                                            "preferences",
+                                                            "resetdialogs",
+                                                            "grid",
+                                                            "chart",
+                                                            "selectall",
+                                                            "deselectall",
+                                                            "editaxes",
+                                                            "autoscale",
+                                                            "fitvalues",
+                                                            "zoomon",
+                                                            "zoomoff",
+                                                            "fontup",
+                                                            "fontdown",
+                                                            "stripchart",
+                                                            "copy",
+                                                            "paste",
+                                                            "cut",
+                                                            "undo",
+                                                            "redo",
+                                                            "find",
+                                                            "goto",
+                                                            "nextdamaged",
+                                                            "previousdamaged",
+                                                            "help",
+                                                            "about",
+                                                            "abort",
+                                                            "browsefolder",
+                                                            "tasks",
+                                                            "view",
+                                                            "sidebar"};
 
 } // namespace
 

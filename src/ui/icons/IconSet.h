@@ -31,6 +31,8 @@ enum class IconName {
     Copy,
     Paste,
     Cut,
+    Undo,
+    Redo,
     Find,
     GoTo,
     NextDamaged,

@@ -1,6 +1,7 @@
 #include "views/grid/CGridView.h"
 
 #include "drop/CMyDropTarget.h"
+#include "grid/TimeColumn.h"
 #include "ui/dialogs/NoticeBar.h"
 #include "views/grid/FindBar.h"
 #include "views/grid/GoToDialog.h"
@@ -52,23 +53,48 @@ CGridView::CGridView(GridData& grid, const InternationalSettings& settings, QWid
     connectSearch();
 }
 
-CGridView::~CGridView() = default;
+CGridView::~CGridView() {
+    // The stack tells of the steps that go with it.
+    m_model->undoStack().disconnect(this);
+}
 
 void CGridView::connectGrid() {
     connect(m_cug, &MyCug::selectionMade, this, &CGridView::refreshStatistics);
-    connect(m_model, &GridModel::dataChanged, this, &CGridView::refreshStatistics);
+    connect(m_model, &GridModel::dataChanged, this, [this] {
+        refreshStatistics();
+        tellCurrentCell();
+    });
     connect(m_statistics, &SelectionStatistics::statisticsChanged, this,
             &CGridView::statisticsChanged);
     connect(m_model, &GridModel::changedMark, this, &CGridView::changedMark);
-    connect(m_cug, &MyCug::currentCellChanged, this,
-            [this](int, qint64 row) { Q_EMIT currentRowChanged(row); });
+    connect(&m_model->undoStack(), &QUndoStack::indexChanged, this, &CGridView::edited);
+    m_model->setTimeCheck([this](const std::string& text) { return isTime(text); });
+    connect(m_model, &GridModel::timeRefused, this, [this](const QString& text) {
+        QMessageBox::information(this, tr("Pellam"),
+                                 tr("\"%1\" is no time that this column can hold. Write times as "
+                                    "the rows above and below have them.")
+                                     .arg(text));
+    });
+    connect(m_cug, &MyCug::currentCellChanged, this, [this](int, qint64 row) {
+        tellCurrentCell();
+        Q_EMIT currentRowChanged(row);
+    });
     GridClipboard& clipboard = m_cug->clipboard();
     connect(&clipboard, &GridClipboard::notice, this, &CGridView::notice);
+    connect(m_cug, &MyCug::notice, this, &CGridView::notice);
     connect(&clipboard, &GridClipboard::refused, this,
             [this](const QString& why) { QMessageBox::information(this, tr("Pellam"), why); });
     clipboard.setQuestion([this](const QString& question) {
-        return QMessageBox::question(this, tr("Pellam"), question) == QMessageBox::Yes;
+        return QMessageBox::question(this, tr("Pellam"), question,
+                                     QMessageBox::Yes | QMessageBox::No,
+                                     QMessageBox::No) == QMessageBox::Yes;
     });
+}
+
+void CGridView::tellCurrentCell() {
+    const QModelIndex current = m_cug->currentIndex();
+    Q_EMIT currentCellTold(current.isValid() ? m_model->facts(current.column(), current.row())
+                                             : QStringList());
 }
 
 void CGridView::connectSearch() {
@@ -96,6 +122,32 @@ void CGridView::connectSearch() {
     connect(m_finder, &GridFinder::progress, this, [this](double share) {
         m_findBar->showRemark(tr("Searching, %1 % (Esc stops)").arg(qRound(share * 100)));
     });
+}
+
+bool CGridView::isTime(const std::string& text) const {
+    TimeColumn times(m_grid, m_settings);
+    const Cell written = m_grid.column(0).pack(text);
+    if (times.moment(written)) return true;
+    // Among rows that have no times either, a text is as good as theirs.
+    const Row some = std::min<Row>(m_grid.rowCount(), 100);
+    for (Row row = 0; row < some; ++row)
+        if (times.moment(row)) return false;
+    return true;
+}
+
+bool CGridView::hasEdits() const {
+    return !m_model->editedColumns().empty();
+}
+
+bool CGridView::hasEditsToLose() const {
+    return hasEdits() && !m_model->undoStack().isClean();
+}
+
+void CGridView::exported() {
+    // The time column is always written.
+    for (const int column : m_model->editedColumns())
+        if (column > 0 && !m_grid.column(column).charted()) return;
+    m_model->undoStack().setClean();
 }
 
 QUndoStack& CGridView::undoStack() const {

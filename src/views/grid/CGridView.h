@@ -37,6 +37,13 @@ class CGridView : public QWidget {
 
     [[nodiscard]] QUndoStack& undoStack() const;
 
+    /// Whether cells differ from what was loaded.
+    [[nodiscard]] bool hasEdits() const;
+    /// Whether cells were changed that no export has taken since: see exported().
+    [[nodiscard]] bool hasEditsToLose() const;
+    /// Call when the checked channels were written to a file.
+    void exported();
+
     /// Takes files that are dropped on the page.
     [[nodiscard]] CMyDropTarget& dropTarget() const { return *m_dropTarget; }
 
@@ -83,9 +90,13 @@ class CGridView : public QWidget {
     void previousDamagedLine();
 
   Q_SIGNALS:
-    /// Count, minimum, maximum, mean and sum of the selected numbers, ready for the status bar;
-    /// empty when fewer than two cells are selected.
-    void statisticsChanged(const QString& text);
+    /// Figures of the selected numbers, the most wanted first; none when fewer than two cells are
+    /// selected.
+    void statisticsChanged(const QStringList& figures);
+    /// What the current cell is: its channel and whole value, then its time; none without one.
+    void currentCellTold(const QStringList& facts);
+    /// A change was made, taken back, or made again.
+    void edited();
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
     /// The current cell is in another data row, counted from 1; 0 on the axis row.
@@ -97,6 +108,8 @@ class CGridView : public QWidget {
 
   private:
     void connectGrid();
+    void tellCurrentCell();
+    [[nodiscard]] bool isTime(const std::string& text) const;
     void connectSearch();
     void search(bool forward);
     void goToCell(int column, Row row);

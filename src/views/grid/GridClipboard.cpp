@@ -1,5 +1,6 @@
 #include "views/grid/GridClipboard.h"
 
+#include "views/grid/ClipboardProgress.h"
 #include "views/grid/MyCug.h"
 #include "views/sheet/EditCommand.h"
 #include "views/sheet/GridModel.h"
@@ -8,10 +9,10 @@
 #include <QClipboard>
 #include <QLocale>
 #include <QMimeData>
-#include <QProgressDialog>
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <utility>
 
 namespace pellam {
@@ -33,22 +34,15 @@ void GridClipboard::setQuestion(std::function<bool(const QString&)> question) {
 }
 
 bool GridClipboard::buildText(const ClipboardTable::Block& block, std::string& text) {
-    constexpr std::int64_t cellsPerTurn = 50'000;
     const GridData& grid = m_cug.gridModel().grid();
-    const auto rowsPerTurn =
-        std::max<std::int64_t>(1, cellsPerTurn / static_cast<std::int64_t>(block.columns.size()));
-    QProgressDialog progress(tr("Copying…"), tr("Cancel"), 0, 1000, &m_cug);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(400);
-    const std::int64_t rows = block.rows();
-    std::int64_t done = 0;
+    const auto columns = static_cast<std::int64_t>(block.columns.size());
+    ClipboardProgress progress(tr("Copying…"), block.cells(), &m_cug);
+    bool first = true;
     for (const CellArea& band : block.bands) {
-        for (GridRow row = band.firstRow; row <= band.lastRow; ++row, ++done) {
-            if (done > 0) text += '\n';
+        for (GridRow row = band.firstRow; row <= band.lastRow; ++row) {
+            if (!std::exchange(first, false)) text += '\n';
             ClipboardTable::appendRow(grid, block, row, text);
-            if (done % rowsPerTurn != rowsPerTurn - 1) continue;
-            progress.setValue(static_cast<int>(done * 1000 / rows));
-            if (progress.wasCanceled()) return false;
+            if (!progress.advance(columns)) return false;
         }
     }
     return true;
@@ -100,39 +94,43 @@ void GridClipboard::clear() {
     if (writable()) fill(m_cug.selectedAreas(), {}, tr("Clear"));
 }
 
+bool GridClipboard::mayChange(const std::vector<CellArea>& areas, const QString& question) const {
+    const GridModel& model = m_cug.gridModel();
+    const CellArea all{0, model.lastColumn(), 1, model.rowCount() - 1};
+    std::int64_t cells = 0;
+    std::int64_t ofData = 0;
+    for (const CellArea& area : areas) {
+        cells += area.cells();
+        ofData += area.cells() - (area.firstRow == GridModel::kAxisRow ? area.columns() : 0);
+    }
+    const bool everything = ofData == all.cells() && ofData > 1;
+    if (cells <= kMostUnasked && !everything) return true;
+    return m_question && m_question(question.arg(QLocale().toString(qlonglong(cells))));
+}
+
 void GridClipboard::fill(const std::vector<CellArea>& areas, const std::string& text,
                          const QString& name) {
-    GridModel& model = m_cug.gridModel();
-    const auto each = [&areas](const auto& write) {
-        for (const CellArea& area : areas) {
-            for (int column = area.firstColumn; column <= area.lastColumn; ++column) {
-                for (GridRow row = area.firstRow; row <= area.lastRow; ++row)
-                    write(column, row);
-            }
-        }
-    };
+    const QString question =
+        text.empty() ? tr("Empty %1 cells?") : tr("Write one value into %1 cells?");
+    if (!mayChange(areas, question)) return;
     std::int64_t cells = 0;
     for (const CellArea& area : areas)
         cells += area.cells();
-    if (cells <= EditCommand::kMaximumCells) {
-        auto command = std::make_unique<EditCommand>(model, name);
-        each([&](int column, GridRow row) { command->set(column, row, text); });
-        if (!command->isEmpty()) model.undoStack().push(command.release());
+    GridModel& model = m_cug.gridModel();
+    auto command = std::make_unique<EditCommand>(model, name);
+    ClipboardProgress progress(tr("Changing cells…"), cells, &m_cug);
+    try {
+        for (const CellArea& area : areas) {
+            const auto goOn = [&progress](std::int64_t more) { return progress.advance(more); };
+            if (command->fill(area, text, goOn)) continue;
+            Q_EMIT notice(tr("Stopped: no cell was changed"));
+            return;
+        }
+    } catch (const std::bad_alloc&) {
+        Q_EMIT refused(tr("There is not enough memory to change so many cells at once."));
         return;
     }
-    if (!mayChange(cells)) return;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    each([&](int column, GridRow row) { EditCommand::write(model, column, row, text); });
-    model.undoStack().clear();
-    for (const CellArea& area : areas)
-        model.cellsChanged(area);
-    QApplication::restoreOverrideCursor();
-}
-
-bool GridClipboard::mayChange(std::int64_t cells) const {
-    if (cells <= EditCommand::kMaximumCells) return true;
-    return m_question &&
-           m_question(tr("This changes %L1 cells and can't be undone. Go on?").arg(cells));
+    if (!command->isEmpty()) model.take(std::move(command));
 }
 
 void GridClipboard::paste() {
@@ -152,7 +150,7 @@ CellArea GridClipboard::pasteTarget(GridRow rows, std::int64_t columns) const {
     const QModelIndex current = m_cug.currentIndex();
     const int column = areas.size() == 1 ? areas.front().firstColumn : current.column();
     const GridRow row = areas.size() == 1 ? areas.front().firstRow : current.row();
-    const auto endColumn = std::min<std::int64_t>(column + columns, model.columnCount());
+    const auto endColumn = std::min<std::int64_t>(column + columns, model.lastColumn() + 1);
     return {column, static_cast<int>(endColumn) - 1, row,
             std::min<GridRow>(row + rows, model.rowCount()) - 1};
 }
@@ -160,38 +158,29 @@ CellArea GridClipboard::pasteTarget(GridRow rows, std::int64_t columns) const {
 void GridClipboard::pasteTable(const std::vector<std::vector<std::string>>& table) {
     GridModel& model = m_cug.gridModel();
     std::int64_t widest = 0;
-    std::int64_t cells = 0;
-    for (const auto& row : table) {
-        const auto columns = static_cast<std::int64_t>(row.size());
-        widest = std::max(widest, columns);
-        cells += columns;
-    }
-    if (!mayChange(cells)) return;
-    const bool undoable = cells <= EditCommand::kMaximumCells;
+    for (const auto& row : table)
+        widest = std::max(widest, static_cast<std::int64_t>(row.size()));
     const CellArea target = pasteTarget(static_cast<GridRow>(table.size()), widest);
+    if (!mayChange({target}, tr("Paste into %1 cells?"))) return;
     auto command = std::make_unique<EditCommand>(model, tr("Paste"));
+    ClipboardProgress progress(tr("Pasting…"), target.cells(), &m_cug);
     for (GridRow row = target.firstRow; row <= target.lastRow; ++row) {
         const auto& texts = table[static_cast<std::size_t>(row - target.firstRow)];
         int column = target.firstColumn;
         for (const std::string& text : texts) {
             if (column > target.lastColumn) break;
-            if (undoable)
-                command->set(column, row, text);
-            else
-                EditCommand::write(model, column, row, text);
+            command->set(column, row, text);
             ++column;
         }
+        if (progress.advance(target.columns())) continue;
+        Q_EMIT notice(tr("Stopped: no cell was changed"));
+        return;
     }
-    if (!undoable) {
-        model.undoStack().clear();
-        model.cellsChanged(target);
-    } else if (!command->isEmpty()) {
-        model.undoStack().push(command.release());
-    }
+    if (!command->isEmpty()) model.take(std::move(command));
     m_cug.selectArea(target);
     if (target.rows() < static_cast<GridRow>(table.size()) || target.columns() < widest) {
         Q_EMIT notice(
-            tr("Part of the clipboard lies past the end of the grid and was not pasted."));
+            tr("Part of the clipboard lies past the end of the data and was not pasted."));
     }
 }
 

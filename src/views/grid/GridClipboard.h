@@ -15,6 +15,9 @@ class MyCug;
 class GridClipboard : public QObject {
     Q_OBJECT
   public:
+    /// As many cells are changed without a question.
+    static constexpr std::int64_t kMostUnasked = 1'000'000;
+
     explicit GridClipboard(MyCug& cug);
 
     /// Follows the clipboard, for hasText(). Asking what it holds goes to another program, so that
@@ -24,7 +27,7 @@ class GridClipboard : public QObject {
     /// Whether there is a text to paste; not before watch().
     [[nodiscard]] bool hasText() const { return m_hasText; }
 
-    /// Asked before something that cannot be undone; without it such things are not done.
+    /// Asked before very many cells are changed, or all of them; without it that is not done.
     void setQuestion(std::function<bool(const QString&)> question);
 
     /// Puts the selected cells on the clipboard. False when that was refused or stopped.
@@ -44,8 +47,8 @@ class GridClipboard : public QObject {
 
   private:
     bool writable();
-    /// Asks about what is too much to be undone.
-    [[nodiscard]] bool mayChange(std::int64_t cells) const;
+    /// Asks about changes of very many cells, and of all there are; %1 of the question is how many.
+    [[nodiscard]] bool mayChange(const std::vector<CellArea>& areas, const QString& question) const;
     [[nodiscard]] CellArea pasteTarget(GridRow rows, std::int64_t columns) const;
     bool buildText(const ClipboardTable::Block& block, std::string& text);
     void fill(const std::vector<CellArea>& areas, const std::string& text, const QString& name);

@@ -24,11 +24,16 @@ void nameStep(QAction* action, const char* verb, const QString& step) {
 void addUndo(CommandSet& commands, MyCug& cug) {
     QUndoStack& steps = cug.gridModel().undoStack();
     auto* undo = commands.add(
-        {Undo, "&Undo", "Ctrl+Z", "Take the last change of the grid back"},
+        {Undo, "&Undo", "Ctrl+Z", "Take the last change of the grid back", IconName::Undo},
         [&steps] { steps.undo(); }, [&steps] { return steps.canUndo(); });
     auto* redo = commands.add(
-        {Redo, "Red&o", "Ctrl+Shift+Z; Ctrl+Y", "Make the change again that was taken back"},
+        {Redo, "Red&o", "Ctrl+Shift+Z; Ctrl+Y", "Make the change again that was taken back",
+         IconName::Redo},
         [&steps] { steps.redo(); }, [&steps] { return steps.canRedo(); });
+    commands.add(
+        {RevertToFile, "Revert to F&ile", "",
+         "Take all changes of the grid back; Redo makes them again"},
+        [&steps] { steps.setIndex(0); }, [&steps] { return steps.canUndo(); });
     QObject::connect(&steps, &QUndoStack::undoTextChanged, undo,
                      [undo](const QString& step) { nameStep(undo, "&Undo", step); });
     QObject::connect(&steps, &QUndoStack::redoTextChanged, redo,

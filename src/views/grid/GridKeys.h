@@ -1,13 +1,17 @@
 #pragma once
 
+#include <Qt>
+
+QT_BEGIN_NAMESPACE
 class QKeyEvent;
+QT_END_NAMESPACE
 
 namespace pellam {
 
 class MyCug;
 
 /// What the keys do on the grid beyond the table's own: its commands, selection, check boxes, and
-/// jumps to the edges of the data.
+/// every way to another cell.
 class GridKeys {
   public:
     /// `cug` must outlive it.
@@ -15,10 +19,14 @@ class GridKeys {
 
     /// False when the key is the table's own.
     bool handle(QKeyEvent& event);
+    /// Goes to another cell as the key does, with Shift selecting up to it. False when the key does
+    /// not go anywhere, as Tab in the last cell.
+    bool move(int key, Qt::KeyboardModifiers modifiers);
 
   private:
     bool select(const QKeyEvent& event);
-    bool jumpToEdge(const QKeyEvent& event);
+    bool step(bool forward);
+    [[nodiscard]] int rowsInView() const;
 
     MyCug& m_cug;
 };

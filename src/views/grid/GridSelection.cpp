@@ -1,5 +1,7 @@
 #include "views/grid/GridSelection.h"
 
+#include "views/sheet/GridModel.h"
+
 #include <QTableView>
 
 #include <algorithm>
@@ -9,8 +11,10 @@ namespace pellam {
 std::vector<CellArea> GridSelection::areas() const {
     std::vector<CellArea> areas;
     if (m_view.selectionModel() == nullptr) return areas;
+    const int last = m_model.lastColumn();
     for (const QItemSelectionRange& range : m_view.selectionModel()->selection()) {
-        areas.push_back({range.left(), range.right(), range.top(), range.bottom()});
+        if (range.left() > last) continue;
+        areas.push_back({range.left(), std::min(range.right(), last), range.top(), range.bottom()});
     }
     return areas;
 }
@@ -29,8 +33,7 @@ void GridSelection::selectAll() {
     const auto& cells = *m_view.model();
     if (cells.rowCount() < 2) return;
     m_view.selectionModel()->select(
-        QItemSelection(cells.index(1, 0),
-                       cells.index(cells.rowCount() - 1, cells.columnCount() - 1)),
+        QItemSelection(cells.index(1, 0), cells.index(cells.rowCount() - 1, m_model.lastColumn())),
         QItemSelectionModel::ClearAndSelect);
 }
 
@@ -49,11 +52,18 @@ void GridSelection::selectColumn(int column, int row, Qt::KeyboardModifiers modi
     if (!extend) m_anchor = current;
 }
 
+void GridSelection::moveEnd(const QModelIndex& end) {
+    if (!m_anchor.isValid()) m_anchor = m_view.currentIndex();
+    m_view.selectionModel()->setCurrentIndex(end, QItemSelectionModel::NoUpdate);
+    extendTo(end, false, QItemSelectionModel::ClearAndSelect);
+}
+
 void GridSelection::extendTo(const QModelIndex& end, bool begin,
                              QItemSelectionModel::SelectionFlags command) {
     if (!m_anchor.isValid() || begin) m_anchor = end;
     const auto [top, bottom] = std::minmax({m_anchor.row(), end.row()});
-    const auto [left, right] = std::minmax({m_anchor.column(), end.column()});
+    const int column = std::min(end.column(), m_model.lastColumn());
+    const auto [left, right] = std::minmax({m_anchor.column(), column});
     const auto& cells = *m_view.model();
     m_view.selectionModel()->select(
         QItemSelection(cells.index(top, left), cells.index(bottom, right)), command);

@@ -11,14 +11,16 @@ class QTableView;
 
 namespace pellam {
 
+class GridModel;
+
 /// What is selected on the grid, and where a selection that is being extended began. Rows are grid
 /// rows; the axis row is only part of areas that name it.
 class GridSelection {
   public:
-    /// `view` must outlive it, and have its model before anything is selected.
-    explicit GridSelection(QTableView& view) : m_view(view) {}
+    /// Both must outlive it, and the view must have the model before anything is selected.
+    GridSelection(QTableView& view, const GridModel& model) : m_view(view), m_model(model) {}
 
-    /// The selection, in areas that do not overlap.
+    /// The selection, in areas that do not overlap; columns without data are left out.
     [[nodiscard]] std::vector<CellArea> areas() const;
     /// Selects one area alone and makes its first cell the current one.
     void select(const CellArea& area);
@@ -29,12 +31,15 @@ class GridSelection {
     void selectColumn(int column, int row, Qt::KeyboardModifiers modifiers);
     /// Selects up to `end` from where the selection began, or begins it there.
     void extendTo(const QModelIndex& end, bool begin, QItemSelectionModel::SelectionFlags command);
+    /// Makes `end` the current cell and selects up to it from where the selection began.
+    void moveEnd(const QModelIndex& end);
 
     /// The next extension begins at this cell.
     void beginAt(const QModelIndex& cell) { m_anchor = cell; }
 
   private:
     QTableView& m_view;
+    const GridModel& m_model;
     QPersistentModelIndex m_anchor;
 };
 

@@ -13,7 +13,6 @@
 #include "views/sheet/GridModel.h"
 #include "views/sheet/GridRowHeader.h"
 #include "views/sheet/MoveColumnCommand.h"
-#include "views/text/SampledWidth.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -57,7 +56,6 @@ void MyCug::OnSetup() {
     setVerticalHeader(m_rowNumbers);
     setHeights();
     m_headings->setDefaultSectionSize(kColumnWidth);
-    m_headings->setResizeContentsPrecision(16);
     setItemDelegate(m_delegate);
     setModel(&m_grid);
     setColumnWidth(0, kTimeColumnWidth);
@@ -74,11 +72,15 @@ void MyCug::OnSetup() {
     connect(m_corner, &GridCorner::clicked, this, &MyCug::selectAll);
     connect(&m_grid, &GridModel::changedMark, m_corner, &GridCorner::setMarked);
     connect(&m_grid, &GridModel::columnMoved, this, &MyCug::columnMoved);
+    connect(&m_grid, &GridModel::stepRepeated, this, &MyCug::selectArea);
     connect(&m_grid, &GridModel::modelReset, this, &MyCug::ensureCurrentCell);
     connect(m_delegate, &GridDelegate::spun, this, [this](int column, bool up) {
-        setCurrentIndex(m_grid.index(GridModel::kAxisRow, column));
+        selectArea({column, column, GridModel::kAxisRow, GridModel::kAxisRow});
         OnCellTypeNotify(kSpinButtonType, column, GridModel::kAxisRow, up ? kSpinUp : kSpinDown);
     });
+    // Enter and Tab lead from an editor to the cell that they lead to without one.
+    connect(m_delegate, &GridDelegate::leftByKey, this,
+            [this](int key, Qt::KeyboardModifiers modifiers) { m_keys->move(key, modifiers); });
     ensureCurrentCell();
     adaptToPalette();
 }
@@ -88,6 +90,8 @@ void MyCug::connectHeadings() {
     connect(m_headings, &GridHeader::headingPressed, this, &MyCug::selectColumn);
     connect(m_headings, &GridHeader::dragStarted, this, &MyCug::OnColSwapStart);
     connect(m_headings, &GridHeader::moveRequested, this, &MyCug::moveColumn);
+    connect(m_headings, &GridHeader::resizeRefused, this,
+            [this] { Q_EMIT notice(tr("The columns of a large file have fixed widths")); });
     connect(m_headings, &QHeaderView::sectionResized, this, [this](int column) {
         if (column == 0) viewport()->update();
     });
@@ -187,15 +191,15 @@ void MyCug::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void MyCug::ensureCurrentCell() {
-    const GridData& grid = m_grid.grid();
-    const int last = grid.channelCount() > 0 ? grid.channelCount() : grid.columnCount() - 1;
+    const int last = m_grid.lastColumn();
     m_headings->setLastMovable(m_swapping ? last : 0);
     if (m_grid.rowCount() < 2 || currentIndex().isValid()) return;
-    setCurrentIndex(m_grid.index(1, 1));
+    const int column = std::min(1, last);
+    selectArea({column, column, 1, 1});
 }
 
 void MyCug::moveColumn(int from, int to) {
-    m_grid.undoStack().push(new MoveColumnCommand(m_grid, from, to));
+    m_grid.take(std::make_unique<MoveColumnCommand>(m_grid, from, to));
 }
 
 void MyCug::columnMoved(int from, int to) {
@@ -206,25 +210,44 @@ void MyCug::columnMoved(int from, int to) {
     }
     setColumnWidth(to, width);
     selectColumn(to, Qt::NoModifier);
+    scrollTo(currentIndex());
+}
+
+void MyCug::look(const CellWidths& widths, int column, Row step, CellWidths::Widest& widest) const {
+    const Row rows = m_grid.grid().rowCount();
+    const Column& cells = m_grid.grid().column(column);
+    widths.look(cells, 0, rows, step, widest);
+    if (step == 1) return;
+    const int last = rowAt(viewport()->height() - 1);
+    const Row end = last < 0 ? rows : std::min<Row>(rows, last);
+    widths.look(cells, std::max(0, rowAt(0) - 1), end, 1, widest);
 }
 
 void MyCug::fitColumns() {
-    const QFontMetricsF metrics(font());
-    QFont bold = font();
-    bold.setBold(true);
-    const QFontMetricsF headingMetrics(bold);
+    constexpr Row samples = 500'000; // cells, over all columns
+    const CellWidths widths{QFontMetricsF(font())};
     const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    const Row step = std::max<Row>(1, m_grid.grid().rowCount() * m_grid.columnCount() / samples);
     for (int column = 0; column < m_grid.columnCount(); ++column) {
-        const double text = sampledTextWidth(m_grid.grid(), column, metrics);
-        const double heading = headingTextWidth(m_grid.grid(), column, headingMetrics);
+        CellWidths::Widest widest;
+        look(widths, column, step, widest);
+        const double text = std::max(widest.number, std::min<double>(widest.text, kWidestFit));
+        const int heading = std::min(m_headings->headingWidth(column), kWidestFit);
         int width = column == 0 ? kTimeColumnWidth : kColumnWidth;
-        if (text > 0 || heading > 0) {
-            width = std::clamp(
-                std::max(qCeil(text) + margin, qCeil(heading) + m_headings->decorationWidth() + 4),
-                kNarrowestFit, kWidestFit);
-        }
+        if (text > 0 || heading > 0)
+            width = std::max({text > 0 ? qCeil(text) + margin : 0, heading, kNarrowestFit});
         setColumnWidth(column, width);
     }
+}
+
+int MyCug::sizeHintForColumn(int column) const {
+    const CellWidths widths{QFontMetricsF(font())};
+    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    CellWidths::Widest widest;
+    look(widths, column, 1, widest);
+    const double room = std::max(kWidestFit, viewport()->width() - columnWidth(0) - margin);
+    return std::max(kNarrowestFit,
+                    qCeil(std::max(widest.number, std::min(widest.text, room))) + margin);
 }
 
 std::vector<CellArea> MyCug::selectedAreas() const {
@@ -234,6 +257,12 @@ std::vector<CellArea> MyCug::selectedAreas() const {
 void MyCug::selectArea(const CellArea& area) {
     if (area.isEmpty()) return;
     m_selection.select(area);
+    scrollTo(currentIndex());
+}
+
+void MyCug::moveTo(int column, int row, bool extend) {
+    if (!extend) return selectArea({column, column, row, row});
+    m_selection.moveEnd(m_grid.index(row, column));
     scrollTo(currentIndex());
 }
 
@@ -357,6 +386,14 @@ void MyCug::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void MyCug::keyPressEvent(QKeyEvent* event) {
     if (state() == EditingState || !m_keys->handle(*event)) QTableView::keyPressEvent(event);
+}
+
+bool MyCug::focusNextPrevChild(bool next) {
+    if (hasFocus() && currentIndex().isValid() &&
+        m_keys->move(next ? Qt::Key_Tab : Qt::Key_Backtab, {})) {
+        return true;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
 }
 
 void MyCug::adaptToPalette() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "views/grid/GridSelection.h"
+#include "views/text/CellWidths.h"
 
 #include <QTableView>
 
@@ -79,6 +80,9 @@ class MyCug : public QTableView {
     [[nodiscard]] std::vector<CellArea> selectedAreas() const;
     /// Selects one area alone, makes its first cell the current one and scrolls there.
     void selectArea(const CellArea& area);
+    /// Makes a cell the current one and shows it; it is selected alone, or with everything from
+    /// where the selection began.
+    void moveTo(int column, int row, bool extend);
     /// Every data cell; the axis row is left out, here and in columns selected by their heading.
     void selectAll() override;
     /// The data cells of one column; with Shift up to it from where the selection began, with
@@ -86,7 +90,7 @@ class MyCug : public QTableView {
     void selectColumn(int column, Qt::KeyboardModifiers modifiers);
     /// Sets the check box of a column the other way.
     void toggleCharted(int column);
-    /// Widths from the headings and 16 rows.
+    /// Widths that show the headings, the rows in view and a sample of the others.
     void fitColumns();
 
     QModelIndex indexAt(const QPoint& place) const override;
@@ -94,6 +98,8 @@ class MyCug : public QTableView {
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   Q_SIGNALS:
+    /// A remark for the status bar.
+    void notice(const QString& text);
     void selectionMade();
     void currentCellChanged(int column, qint64 row);
 
@@ -103,6 +109,8 @@ class MyCug : public QTableView {
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    /// Width that shows every row of a column.
+    int sizeHintForColumn(int column) const override;
     void scrollContentsBy(int dx, int dy) override;
     void updateEditorGeometries() override;
     void updateGeometries() override;
@@ -111,6 +119,7 @@ class MyCug : public QTableView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     using QTableView::edit;
 
@@ -118,6 +127,7 @@ class MyCug : public QTableView {
     void OnSetup();
     void connectHeadings();
     void setHeights();
+    void look(const CellWidths& widths, int column, Row step, CellWidths::Widest& widest) const;
     void adaptToPalette();
     void moveColumn(int from, int to);
     void columnMoved(int from, int to);
@@ -132,7 +142,7 @@ class MyCug : public QTableView {
     GridClipboard* m_clipboard;
     CommandSet* m_commands;
     std::unique_ptr<GridKeys> m_keys;
-    GridSelection m_selection{*this};
+    GridSelection m_selection{*this, m_grid};
     int m_enableProtection = 0;
     int m_largeFileMode = 0;
     bool m_swapping = true;

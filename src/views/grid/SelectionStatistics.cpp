@@ -1,7 +1,5 @@
 #include "views/grid/SelectionStatistics.h"
 
-#include "views/scan/StatisticsScan.h"
-
 #include <QElapsedTimer>
 #include <QLocale>
 
@@ -15,7 +13,17 @@ SelectionStatistics::SelectionStatistics(const GridData& grid, QObject* parent)
 
 void SelectionStatistics::stop() {
     m_slices.stop();
-    Q_EMIT statisticsChanged(QString());
+    Q_EMIT statisticsChanged({});
+}
+
+QStringList SelectionStatistics::figures(const StatisticsScan::Result& result) const {
+    const auto count = [](std::int64_t number) {
+        return QLocale().toString(qlonglong(number)).toStdString();
+    };
+    QStringList figures;
+    for (const auto& text : StatisticsScan::texts(result, count, m_grid.decimalSeparator()))
+        figures += QString::fromStdString(text);
+    return figures;
 }
 
 void SelectionStatistics::setAreas(const std::vector<CellArea>& areas) {
@@ -39,16 +47,10 @@ void SelectionStatistics::setAreas(const std::vector<CellArea>& areas) {
     m_slices.start([this, work] {
         const bool more = work->scan.step();
         if (!more) {
-            const StatisticsScan::Result result = work->scan.result();
-            const auto counted = [](std::int64_t number) {
-                return QLocale().toString(qlonglong(number)).toStdString();
-            };
-            Q_EMIT statisticsChanged(QString::fromStdString(
-                StatisticsScan::text(result, counted(result.count), counted(result.leftOut),
-                                     m_grid.decimalSeparator())));
+            Q_EMIT statisticsChanged(figures(work->scan.result()));
         } else if (!work->announced && work->clock.elapsed() > patience) {
             work->announced = true;
-            Q_EMIT statisticsChanged(tr("Calculating…"));
+            Q_EMIT statisticsChanged({tr("Calculating…")});
         }
         return more;
     });

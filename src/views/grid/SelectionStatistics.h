@@ -2,16 +2,16 @@
 
 #include "grid/GridData.h"
 #include "views/grid/SliceTimer.h"
-#include "views/scan/CellArea.h"
+#include "views/scan/StatisticsScan.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <vector>
 
 namespace pellam {
 
-/// Keeps the count, minimum, maximum, mean and sum of the selected cells for the status bar,
-/// reckoned between events.
+/// Keeps the figures of the selected cells for the status bar, reckoned between events.
 class SelectionStatistics : public QObject {
     Q_OBJECT
   public:
@@ -24,10 +24,12 @@ class SelectionStatistics : public QObject {
     void stop();
 
   Q_SIGNALS:
-    /// The line for the status bar; empty for fewer than two cells.
-    void statisticsChanged(const QString& text);
+    /// The figures, see StatisticsScan; none for fewer than two cells.
+    void statisticsChanged(const QStringList& figures);
 
   private:
+    [[nodiscard]] QStringList figures(const StatisticsScan::Result& result) const;
+
     const GridData& m_grid;
     SliceTimer m_slices;
 };

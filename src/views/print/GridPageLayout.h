@@ -2,6 +2,7 @@
 
 #include "grid/GridData.h"
 #include "views/scan/CellArea.h"
+#include "views/text/CellWidths.h"
 
 #include <QFont>
 #include <QSizeF>
@@ -18,7 +19,8 @@ class GridPageLayout {
 
     explicit GridPageLayout(const GridData& grid);
 
-    /// Lays out for a printable area, in points. Column widths come from 16 sampled rows.
+    /// Lays out for a printable area, in points. Columns are as wide as their widest number; wide
+    /// texts get what the page has left. The first call looks at every cell.
     void setPageSize(QSizeF points);
 
     /// Pages there are; 0 when no row is loaded.
@@ -52,13 +54,17 @@ class GridPageLayout {
 
   private:
     void measureColumns();
+    void chooseWidths();
     void splitIntoBands();
+    /// Gives the columns of the last band, up to `end`, what their texts lack of spare room.
+    void widenTexts(std::size_t end, double spare);
     [[nodiscard]] GridRow gridRows() const;
 
     const GridData& m_grid;
     QFont m_font;
     QFont m_headingFont;
     QSizeF m_size;
+    std::vector<CellWidths::Widest> m_needs; ///< by column; empty until measured
     std::vector<double> m_widths;
     std::vector<int> m_bandStarts; ///< first column of each band of columns, then the end
     double m_rowNumberWidth = 0;

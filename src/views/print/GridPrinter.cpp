@@ -92,8 +92,7 @@ class PagePainter {
                 const QColor colour = m_grid.colour(column, row - 1) == CellColour::DarkRed
                                           ? QColor(192, 0, 0)
                                           : QColor(Qt::black);
-                const bool numeric =
-                    m_grid.column(column).cell(row - 1).kind() == Cell::Kind::Decimal;
+                const bool numeric = m_grid.column(column).number(row - 1).has_value();
                 paintText(screenText(m_grid.text(column, row - 1, buffer)), left, row, wide, colour,
                           numeric ? Qt::AlignRight : Qt::AlignLeft);
             } else if (column > 0) {
@@ -109,11 +108,15 @@ class PagePainter {
                    Qt::Alignment side) {
         constexpr qsizetype longest = 500;
         const double room = wide - 2 * kMargin;
-        const QString line = text.left(longest).simplified();
+        const QFontMetricsF metrics(m_layout.font());
+        QString line = text.left(longest).simplified();
+        // A shortened number would be another number.
+        if (side == Qt::AlignRight && metrics.horizontalAdvance(line) > room)
+            line.fill(u'#', std::max(1, static_cast<int>(room / metrics.horizontalAdvance(u'#'))));
         m_painter.setPen(colour);
         m_painter.drawText(QRectF(left + kMargin, top(row), room, m_layout.rowHeight()),
                            int(side | Qt::AlignVCenter) | Qt::TextSingleLine,
-                           QFontMetricsF(m_layout.font()).elidedText(line, Qt::ElideRight, room));
+                           metrics.elidedText(line, Qt::ElideRight, room));
     }
 
     void paintLines() {

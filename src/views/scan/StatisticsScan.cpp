@@ -14,8 +14,9 @@ static_assert(Column::kChunkRows % kStepRows == 0);
 
 StatisticsScan::StatisticsScan(const GridData& grid, std::vector<CellArea> areas)
     : m_grid(grid),
-      m_areas(std::move(areas)),
-      m_values(kStepRows) {
+      m_areas(std::move(areas)) {
+    m_block.resize(kStepRows);
+    m_values.reserve(kStepRows);
     for (CellArea& area : m_areas) {
         area.firstRow = std::max<GridRow>(area.firstRow, 1);
         area.lastRow = std::min<GridRow>(area.lastRow, grid.rowCount());
@@ -27,10 +28,16 @@ StatisticsScan::StatisticsScan(const GridData& grid, std::vector<CellArea> areas
     m_row = m_areas.front().firstRow - 1;
 }
 
-void StatisticsScan::readValues(std::span<double> values) {
-    if (m_column == 0) return m_grid.column(0).numbers(m_row, values);
-    if (!m_reader) m_reader.emplace(m_grid.column(m_column));
-    m_reader->read(m_row, values, m_leftOut, nullptr);
+void StatisticsScan::readValues(std::span<double> block) {
+    if (m_column == 0) {
+        m_grid.column(0).numbers(m_row, block);
+    } else {
+        if (!m_reader) m_reader.emplace(m_grid.column(m_column));
+        m_reader->read(m_row, block, m_leftOut, nullptr);
+    }
+    m_values.clear();
+    std::copy_if(block.begin(), block.end(), std::back_inserter(m_values),
+                 [](double value) { return !std::isnan(value); });
 }
 
 bool StatisticsScan::nextColumn() {
@@ -54,14 +61,31 @@ bool StatisticsScan::step() {
         m_row = (m_row / Column::kChunkRows + 1) * Column::kChunkRows;
     } else {
         const Row end = std::min(last, (m_row / kStepRows + 1) * kStepRows - 1) + 1;
-        const std::span<double> values(m_values.data(), static_cast<std::size_t>(end - m_row));
-        readValues(values);
-        for (const double value : values) {
-            if (!std::isnan(value)) add(value);
-        }
+        readValues({m_block.data(), static_cast<std::size_t>(end - m_row)});
+        for (const double value : m_values)
+            add(value);
+        addDeviations();
         m_row = end;
     }
     return m_row <= last || nextColumn();
+}
+
+void StatisticsScan::addDeviations() {
+    if (m_values.empty()) return;
+    const auto count = static_cast<double>(m_values.size());
+    double mean = 0;
+    for (const double value : m_values)
+        mean += value;
+    mean /= count;
+    double squares = 0;
+    for (const double value : m_values)
+        squares += (value - mean) * (value - mean);
+    const auto before = static_cast<double>(m_joined);
+    const double apart = mean - m_mean;
+    m_joined += static_cast<std::int64_t>(m_values.size());
+    const double share = count / static_cast<double>(m_joined);
+    m_mean += apart * share;
+    m_squares += squares + apart * apart * before * share;
 }
 
 void StatisticsScan::add(double value) {
@@ -77,23 +101,35 @@ void StatisticsScan::add(double value) {
 
 StatisticsScan::Result StatisticsScan::result() const {
     Result result = m_result;
-    result.leftOut = m_leftOut.gaps();
+    result.missing = m_leftOut.gaps() - m_leftOut.sentinels;
     // Once the sum has overflowed the compensation is infinity minus infinity.
     if (std::isfinite(m_compensation)) result.sum += m_compensation;
+    result.sentinels = m_leftOut.sentinels;
+    if (m_joined > 1) {
+        result.standardDeviation = std::sqrt(m_squares / static_cast<double>(m_joined - 1));
+    }
     return result;
 }
 
-std::string StatisticsScan::text(const Result& result, std::string_view count,
-                                 std::string_view leftOut, char decimalSeparator) {
-    std::string text = "Count: ";
-    text += count;
-    if (result.leftOut > 0) text.append("   Left out: ").append(leftOut);
-    if (result.count == 0) return text;
-    text += "   Min: " + exactNumberText(result.minimum, decimalSeparator);
-    text += "   Max: " + exactNumberText(result.maximum, decimalSeparator);
-    text += "   Mean: " + numberText(result.mean(), 10, decimalSeparator);
-    text += "   Sum: " + numberText(result.sum, 15, decimalSeparator);
-    return text;
+std::vector<std::string>
+StatisticsScan::texts(const Result& result, const std::function<std::string(std::int64_t)>& count,
+                      char decimalSeparator) {
+    std::vector<std::string> texts{"Count: " + count(result.count)};
+    const auto leftOut = [&](std::int64_t number, const std::string& what) {
+        if (number == 0) return;
+        texts.push_back(count(number) + ' ' + what + (number == 1 ? "" : "s") + " left out");
+    };
+    leftOut(result.sentinels, "sentinel");
+    leftOut(result.missing, "missing value");
+    if (result.count == 0) return texts;
+    texts.push_back("Mean: " + numberText(result.mean(), 10, decimalSeparator));
+    texts.push_back("Min: " + exactNumberText(result.minimum, decimalSeparator));
+    texts.push_back("Max: " + exactNumberText(result.maximum, decimalSeparator));
+    if (result.count > 1) {
+        texts.push_back("Std dev: " + numberText(result.standardDeviation, 6, decimalSeparator));
+    }
+    texts.push_back("Sum: " + numberText(result.sum, 15, decimalSeparator));
+    return texts;
 }
 
 } // namespace pellam

@@ -29,6 +29,23 @@ void paintArrow(QPainter* painter, const QRect& rect, bool up, bool enabled) {
     painter->drawPolygon(arrow);
 }
 
+/// What stands for a number that does not fit: a shortened one would be another number.
+QString filledWith(QChar mark, int width, const QFontMetrics& metrics) {
+    return {std::max(1, width / std::max(1, metrics.horizontalAdvance(mark))), mark};
+}
+
+/// The mark of a changed cell: its upper left corner.
+void paintEdited(QPainter* painter, const QRect& rect, const QColor& colour) {
+    constexpr int size = 7;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colour);
+    const QPoint corner = rect.topLeft();
+    painter->drawPolygon(QPolygon({corner, corner + QPoint(size, 0), corner + QPoint(0, size)}));
+    painter->restore();
+}
+
 } // namespace
 
 QRect GridDelegate::spinUpRect(const QRect& cell) {
@@ -44,7 +61,18 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     QStyleOptionViewItem plain = option;
     plain.state &= ~QStyle::State_HasFocus;
+    // Columns that only fill the window look like what lies around the table.
+    if (!(index.flags() & Qt::ItemIsEnabled)) {
+        painter->fillRect(option.rect, option.palette.window());
+        return;
+    }
     QStyledItemDelegate::paint(painter, plain, index);
+    if (index.data(GridModel::EditedRole).toBool()) {
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        paintEdited(
+            painter, option.rect,
+            option.palette.color(selected ? QPalette::HighlightedText : QPalette::Highlight));
+    }
     if (option.state & QStyle::State_HasFocus) {
         painter->setPen(QPen(option.palette.color(QPalette::Text), 1, Qt::SolidLine));
         painter->setBrush(Qt::NoBrush);
@@ -67,6 +95,20 @@ QString GridDelegate::displayText(const QVariant& value, const QLocale&) const {
     // A cell is one line high.
     text.replace(u'\n', u' ').replace(u'\r', u' ');
     return text.size() <= longest ? text : text.left(longest) + u'\u2026';
+}
+
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!index.data(GridModel::NumberRole).toBool()) return;
+    const QStyle* style = option->widget ? option->widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, option, option->widget) + 1;
+    const int room = option->rect.width() - 2 * margin;
+    const QFontMetrics& metrics = option->fontMetrics;
+    const auto characters = static_cast<int>(option->text.size());
+    // Most cells have room to spare, which one character tells.
+    if (characters * metrics.horizontalAdvance(u'E') <= room) return;
+    if (QFontMetricsF(option->font).horizontalAdvance(option->text) > room)
+        option->text = filledWith(u'#', room, metrics);
 }
 
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
@@ -95,6 +137,23 @@ void GridDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
         // A line edit shows line ends as other characters: an untouched text must stay as it is.
         if (line->isModified()) model->setData(index, line->text(), Qt::EditRole);
     }
+}
+
+bool GridDelegate::eventFilter(QObject* object, QEvent* event) {
+    auto* const editor = qobject_cast<QWidget*>(object);
+    if (editor == nullptr || event->type() != QEvent::KeyPress)
+        return QStyledItemDelegate::eventFilter(object, event);
+    const auto* pressed = static_cast<QKeyEvent*>(event);
+    const int key = pressed->key();
+    const Qt::KeyboardModifiers modifiers = pressed->modifiers();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab &&
+        key != Qt::Key_Backtab) {
+        return QStyledItemDelegate::eventFilter(object, event);
+    }
+    Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor);
+    Q_EMIT leftByKey(key, modifiers);
+    return true;
 }
 
 bool GridDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,

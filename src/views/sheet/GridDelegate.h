@@ -28,6 +28,12 @@ class GridDelegate : public QStyledItemDelegate {
   Q_SIGNALS:
     /// A spin button was clicked.
     void spun(int column, bool up);
+    /// An editor was closed, its text taken, by Enter or Tab.
+    void leftByKey(int key, Qt::KeyboardModifiers modifiers);
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 };
 
 } // namespace pellam

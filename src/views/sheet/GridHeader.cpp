@@ -63,6 +63,19 @@ int GridHeader::decorationWidth() const {
     return style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) + 4 * kMargin;
 }
 
+int GridHeader::headingWidth(int column) const {
+    QFont bold = font();
+    bold.setBold(true);
+    const HeadingText heading(
+        model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().toStdString());
+    const double text = heading.width(QFontMetricsF(bold));
+    return text > 0 ? qCeil(text) + decorationWidth() + kMargin : 0;
+}
+
+QSize GridHeader::sectionSizeFromContents(int column) const {
+    return {headingWidth(column), sizeHint().height()};
+}
+
 QRect GridHeader::headingRect(int column) const {
     const int left = column == 0 ? 0 : sectionViewportPosition(column);
     return {left, 0, sectionSize(column), viewport()->height()};
@@ -88,14 +101,17 @@ int GridHeader::frozenShift(int x) const {
     return count() > 0 && offset() > 0 && x < sectionSize(0) + grip ? -offset() : 0;
 }
 
-bool GridHeader::onResizeHandle(int x) const {
+/// The column whose right edge is at a place; -1 for none.
+int GridHeader::handleAt(int x) const {
     const int column = columnAt(x);
-    if (column < 0) return false;
+    if (column < 0) return -1;
     const int grip = style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
     const QRect heading = headingRect(column);
-    const int handle = x > heading.right() - grip  ? column
-                       : x < heading.left() + grip ? column - 1
-                                                   : -1;
+    if (x > heading.right() - grip) return column;
+    return x < heading.left() + grip ? column - 1 : -1;
+}
+
+bool GridHeader::resizable(int handle) const {
     return handle >= 0 && sectionResizeMode(handle) == QHeaderView::Interactive;
 }
 
@@ -151,7 +167,8 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
 void GridHeader::mousePressEvent(QMouseEvent* event) {
     const int x = qRound(event->position().x());
     const int column = columnAt(x);
-    m_resizing = onResizeHandle(x);
+    const int handle = handleAt(x);
+    m_resizing = resizable(handle);
     m_resizeShift = -frozenShift(x);
     if (m_resizing) {
         QMouseEvent shown = moved(*event, m_resizeShift);
@@ -159,6 +176,10 @@ void GridHeader::mousePressEvent(QMouseEvent* event) {
         return;
     }
     if (event->button() != Qt::LeftButton || column < 0) return;
+    if (handle >= 0) {
+        Q_EMIT resizeRefused();
+        return;
+    }
     const QRect box = checkBoxRect(column).adjusted(-kMargin, -kMargin, 2, kMargin);
     if (box.contains(event->position().toPoint())) {
         Q_EMIT checkBoxClicked(column);
@@ -252,7 +273,7 @@ bool GridHeader::eventFilter(QObject* watched, QEvent* event) {
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event) {
     const int x = qRound(event->position().x());
-    if (!onResizeHandle(x)) {
+    if (!resizable(handleAt(x))) {
         mousePressEvent(event);
         return;
     }

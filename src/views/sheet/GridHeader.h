@@ -26,6 +26,8 @@ class GridHeader : public QHeaderView {
 
     /// Width that a heading needs beside its text: the check box and the margins.
     [[nodiscard]] int decorationWidth() const;
+    /// Width in which a heading shows name and units, current or not; 0 without any.
+    [[nodiscard]] int headingWidth(int column) const;
     /// Place of a column's check box, in viewport coordinates.
     [[nodiscard]] QRect checkBoxRect(int column) const;
     /// Place of a column's heading, in viewport coordinates; column 0 at the left edge.
@@ -40,11 +42,14 @@ class GridHeader : public QHeaderView {
     void headingPressed(int column, Qt::KeyboardModifiers modifiers);
     /// A heading is about to be dragged.
     void dragStarted(int column);
+    /// The edge of a heading was taken, but columns can't be resized now.
+    void resizeRefused();
     /// A heading was dropped so that its column is to end at index `to`.
     void moveRequested(int from, int to);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    QSize sectionSizeFromContents(int column) const override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -55,7 +60,8 @@ class GridHeader : public QHeaderView {
     bool viewportEvent(QEvent* event) override;
 
   private:
-    [[nodiscard]] bool onResizeHandle(int x) const;
+    [[nodiscard]] int handleAt(int x) const;
+    [[nodiscard]] bool resizable(int handle) const;
     [[nodiscard]] QRect checkBoxIn(const QRect& heading) const;
     [[nodiscard]] int insertionBefore(int x) const;
     [[nodiscard]] int frozenShift(int x) const;

@@ -49,6 +49,29 @@ void GridModel::setDarkBackground(bool dark) {
     refresh();
 }
 
+void GridModel::take(std::unique_ptr<GridStep> step) {
+    m_undoStack.push(step.release());
+}
+
+std::set<int> GridModel::editedColumns() const {
+    std::set<int> columns;
+    for (int i = 0; i < m_undoStack.index(); ++i)
+        static_cast<const GridStep*>(m_undoStack.command(i))->addWritten(columns);
+    return columns;
+}
+
+std::optional<QString> GridModel::original(int column, Row row) const {
+    const Column& now = m_grid.column(column);
+    std::optional<Cell> before;
+    for (int i = m_undoStack.index() - 1; i >= 0; --i)
+        static_cast<const GridStep*>(m_undoStack.command(i))->lookBack(column, row, before);
+    if (!before || *before == now.cell(row)) return std::nullopt;
+    CellBuffer buffer;
+    QString text = screenText(now.text(*before, buffer));
+    if (text == screenText(now.text(row, buffer))) return std::nullopt;
+    return text;
+}
+
 void GridModel::cellsChanged(const CellArea& area) {
     setChanged(true);
     Q_EMIT dataChanged(index(static_cast<int>(area.firstRow), area.firstColumn),
@@ -112,8 +135,15 @@ int GridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() || m_loading ? 0 : m_grid.columnCount();
 }
 
+int GridModel::lastColumn() const {
+    const int end = m_grid.columnCount() - 1;
+    const bool loaded = m_grid.rowCount() > 0 || m_grid.channelCount() > 0;
+    return loaded ? std::min(m_grid.channelCount(), end) : end;
+}
+
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
+    if (index.column() > lastColumn()) return Qt::ItemNeverHasChildren;
     const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
     const bool empty = index.row() == kAxisRow && index.column() == 0;
     return m_protected || empty ? flags : flags | Qt::ItemIsEditable;
@@ -121,9 +151,7 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || m_loading) return {};
-    if (role == Qt::ToolTipRole) {
-        return QStringLiteral("Col:%1 Row:%2").arg(index.column()).arg(index.row());
-    }
+    if (role == Qt::ToolTipRole) return toolTip(index.column(), index.row());
     if (role == Qt::AccessibleTextRole) return accessibleCell(index.column(), index.row());
     return index.row() == kAxisRow ? axisData(index.column(), role)
                                    : cellData(index.column(), index.row() - 1, role);
@@ -155,8 +183,12 @@ QVariant GridModel::cellData(int column, Row row, int role) const {
         return textColour(m_grid.colour(column, row));
     case Qt::TextAlignmentRole:
         // Numbers below each other are read by their last digits.
-        if (m_grid.column(column).cell(row).kind() != Cell::Kind::Decimal) return {};
+        if (!m_grid.column(column).number(row)) return {};
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    case NumberRole:
+        return m_grid.column(column).number(row).has_value();
+    case EditedRole:
+        return original(column, row).has_value();
     default:
         return {};
     }
@@ -174,9 +206,37 @@ QVariant GridModel::textColour(CellColour colour) const {
     return {};
 }
 
+QString GridModel::columnName(int column) const {
+    const QString heading = HeadingText(m_grid.column(column).label()).inOneLine();
+    return heading.isEmpty() ? tr("Column %1").arg(column) : heading;
+}
+
+QStringList GridModel::facts(int column, GridRow row) const {
+    constexpr qsizetype longest = 200; // characters of a text
+    if (m_loading || (row == kAxisRow && column == 0)) return {};
+    if (row == kAxisRow) {
+        return {tr("%1, axis %2").arg(columnName(column)).arg(m_grid.column(column).axis())};
+    }
+    CellBuffer buffer;
+    QString value = screenText(m_grid.text(column, row - 1, buffer)).simplified();
+    if (value.size() > longest) value = value.left(longest) + u'\u2026';
+    if (value.isEmpty()) value = tr("empty");
+    QStringList facts{columnName(column) + QStringLiteral(": ") + value};
+    if (column > 0) facts += screenText(m_grid.text(0, row - 1, buffer));
+    return facts;
+}
+
+QString GridModel::toolTip(int column, GridRow row) const {
+    QString tip = QStringLiteral("Col:%1 Row:%2").arg(column).arg(row);
+    if (row == kAxisRow) return tip;
+    if (const auto loaded = original(column, row - 1)) {
+        tip += tr("\nLoaded as: %1").arg(loaded->isEmpty() ? tr("empty") : *loaded);
+    }
+    return tip;
+}
+
 QString GridModel::accessibleCell(int column, int row) const {
-    QString heading = HeadingText(m_grid.column(column).label()).inOneLine();
-    if (heading.isEmpty()) heading = tr("Column %1").arg(column);
+    const QString heading = columnName(column);
     if (row == kAxisRow) {
         return column == 0 ? tr("%1, axis row").arg(heading)
                            : tr("%1, axis: %2").arg(heading).arg(m_grid.column(column).axis());
@@ -187,6 +247,7 @@ QString GridModel::accessibleCell(int column, int row) const {
     QString place = tr("%1, row %2").arg(heading).arg(row);
     if (column > 0 && !time.isEmpty()) place += QStringLiteral(", ") + time;
     if (isDamaged(row)) place += tr(", damaged line");
+    if (original(column, row - 1)) place += tr(", changed");
     return place + QStringLiteral(": ") + (text.isEmpty() ? tr("empty") : text);
 }
 
@@ -194,10 +255,16 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
     if (!index.isValid() || role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) {
         return false;
     }
+    const std::string text = value.toString().toStdString();
+    const bool time = index.column() == 0 && index.row() != kAxisRow;
+    if (time && m_grid.rowCount() > 0 && !text.empty() && m_timeCheck && !m_timeCheck(text)) {
+        Q_EMIT timeRefused(value.toString());
+        return false;
+    }
     auto command = std::make_unique<EditCommand>(*this, tr("Typing"));
-    command->set(index.column(), index.row(), value.toString().toStdString());
+    command->set(index.column(), index.row(), text);
     if (command->isEmpty()) return true;
-    m_undoStack.push(command.release());
+    take(std::move(command));
     return true;
 }
 
@@ -218,8 +285,7 @@ QVariant GridModel::columnHeading(int column, int role) const {
     case ChartedRole:
         return data.charted();
     case Qt::AccessibleTextRole: {
-        const QString label = HeadingText(data.label()).inOneLine();
-        return tr("%1, %2").arg(label.isEmpty() ? tr("Column %1").arg(column) : label,
+        return tr("%1, %2").arg(columnName(column),
                                 data.charted() ? tr("charted") : tr("not charted"));
     }
     case Qt::AccessibleDescriptionRole:

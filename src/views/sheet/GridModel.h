@@ -2,9 +2,16 @@
 
 #include "grid/GridData.h"
 #include "views/scan/CellArea.h"
+#include "views/sheet/GridStep.h"
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <QUndoStack>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
 
 namespace pellam {
 
@@ -16,6 +23,8 @@ class GridModel : public QAbstractTableModel {
     enum Role {
         ChartedRole = Qt::UserRole, ///< bool of a heading: its check box
         AxisRole,                   ///< int of a cell of the axis row
+        NumberRole,                 ///< bool of a data cell: it reads as a number
+        EditedRole,                 ///< bool of a data cell: it differs from what was loaded
     };
 
     static constexpr int kAxisRow = 0;
@@ -38,6 +47,21 @@ class GridModel : public QAbstractTableModel {
     /// What a person did and can take back; emptied by a load.
     [[nodiscard]] QUndoStack& undoStack() { return m_undoStack; }
 
+    [[nodiscard]] const QUndoStack& undoStack() const { return m_undoStack; }
+
+    /// Takes a step, which can be taken back; all that change cells or columns go this way.
+    void take(std::unique_ptr<GridStep> step);
+    /// Columns whose cells differ from what was loaded, or did on the way; none after everything
+    /// was taken back.
+    [[nodiscard]] std::set<int> editedColumns() const;
+    /// What a data cell held when it was loaded; nothing where it holds that still.
+    [[nodiscard]] std::optional<QString> original(int column, Row row) const;
+
+    /// What typed texts the time column takes; any without it.
+    void setTimeCheck(std::function<bool(const std::string&)> check) {
+        m_timeCheck = std::move(check);
+    }
+
     /// Tells views that cells have changed, and marks the store as changed.
     void cellsChanged(const CellArea& area);
 
@@ -52,6 +76,13 @@ class GridModel : public QAbstractTableModel {
     /// Tells views that headings, axis numbers and mark may all have changed.
     void refresh();
 
+    /// The last column that cells can be in: the last channel, where one is loaded. The columns
+    /// behind it only fill the window; nothing in them can be selected, typed or copied.
+    [[nodiscard]] int lastColumn() const;
+
+    /// What a cell is: its channel and value (of a long text the beginning), then its time.
+    [[nodiscard]] QStringList facts(int column, GridRow row) const;
+
     /// Whether the line of a row failed its checksum.
     [[nodiscard]] bool isDamaged(GridRow row) const;
 
@@ -65,6 +96,10 @@ class GridModel : public QAbstractTableModel {
   Q_SIGNALS:
     /// The mark in the corner has appeared or gone.
     void changedMark(bool changed);
+    /// A typed text was not written, as the time column does not take it.
+    void timeRefused(const QString& text);
+    /// A step was taken back, or again, that changed these cells.
+    void stepRepeated(const CellArea& area);
     /// A column has gone to another place, with everything in it.
     void columnMoved(int from, int to);
 
@@ -75,6 +110,8 @@ class GridModel : public QAbstractTableModel {
     [[nodiscard]] QVariant rowHeading(int row, int role) const;
     [[nodiscard]] QVariant textColour(CellColour colour) const;
     [[nodiscard]] QString accessibleCell(int column, int row) const;
+    [[nodiscard]] QString toolTip(int column, GridRow row) const;
+    [[nodiscard]] QString columnName(int column) const;
 
     GridData& m_grid;
     QUndoStack m_undoStack;
@@ -82,6 +119,7 @@ class GridModel : public QAbstractTableModel {
     bool m_loading = false;
     bool m_protected = false;
     bool m_dark = false;
+    std::function<bool(const std::string&)> m_timeCheck;
 };
 
 } // namespace pellam

@@ -5,6 +5,8 @@
 
 #include <QFontMetricsF>
 
+#include <algorithm>
+
 namespace pellam {
 
 HeadingText::HeadingText(std::string_view label) {
@@ -16,6 +18,10 @@ HeadingText::HeadingText(std::string_view label) {
 
 QString HeadingText::inOneLine() const {
     return m_units.isEmpty() ? m_name : m_name + u' ' + m_units;
+}
+
+double HeadingText::width(const QFontMetricsF& metrics) const {
+    return std::max(metrics.horizontalAdvance(m_name), metrics.horizontalAdvance(m_units));
 }
 
 namespace {

@@ -24,6 +24,9 @@ class HeadingText {
     /// The two with a blank between them.
     [[nodiscard]] QString inOneLine() const;
 
+    /// Width of the wider of the two, each on a line of its own.
+    [[nodiscard]] double width(const QFontMetricsF& metrics) const;
+
     /// The one or two lines that fit a width: a name without units may take both; what does not
     /// fit ends in an ellipsis. No lines for an empty label.
     [[nodiscard]] QStringList lines(double width, const QFontMetricsF& metrics) const;
