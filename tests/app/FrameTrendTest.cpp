@@ -75,7 +75,7 @@ TEST_F(FrameTrendTest, MissingValuesAreDrawnAndLeftOutAgainByNoteAndCommand) {
     const auto least = [this] { return view().trend().GetDataRange(0)->yFrom; };
     EXPECT_EQ(least(), 4.25);
     const double later = view().trend().GetXScActualRangeMin() + 60;
-    view().trend().showTimes({later, view().trend().GetXScActualRangeMax()});
+    view().trend().showTimes(later, view().trend().GetXScActualRangeMax());
 
     QTest::keyClick(note->button(), Qt::Key_Space);
     ASSERT_TRUE(QTest::qWaitFor([&] { return least() == -9999; }, 5000));

@@ -105,9 +105,9 @@ void CTrend::setCurrentTime(std::optional<double> time) {
     m_commands->updateOverlay();
 }
 
-void CTrend::showTimes(const TrendRanges::Range& times) {
-    m_chart.state.timeMin = times.min;
-    m_chart.state.timeMax = times.max;
+void CTrend::showTimes(double from, double to) {
+    m_chart.state.timeMin = from;
+    m_chart.state.timeMax = to;
     chartChanged(Change::Range);
 }
 

@@ -44,7 +44,7 @@ class CTrend : public QWidget, public TrendOperations {
     void setCurrentTime(std::optional<double> time);
 
     /// Shows these times; what zooming to everything comes back to stays as it is.
-    void showTimes(const TrendRanges::Range& times);
+    void showTimes(double from, double to);
     bool canZoomBack() const;
     bool canZoomForward() const;
     /// Keeps what was shown before as a step that zooming back returns to, unless that is still
