@@ -119,6 +119,7 @@ class FormGuess {
         if (more == 0) return addDates({});
         if (more == 1) {
             if (digits(3) == 4 || digits(3) == 6) addDates({compactClock(digits(3))});
+            if (digits(3) == 2) addDates({"HH"});
             return;
         }
         // Four numbers and more have many meanings: these need their whole year.

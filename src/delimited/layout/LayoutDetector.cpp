@@ -127,6 +127,7 @@ class LayoutBuilder {
     }
 
     void takeHeadings(const FoundHeadings& headings) {
+        m_table.first = headings.first;
         m_layout.headingsLine = headings.line;
         m_layout.headingLines = headings.lines;
         m_layout.unitsLine = headings.unitsLine;
@@ -154,6 +155,9 @@ class LayoutBuilder {
         }
         if (comments > 0 && !m_head[m_table.first].text.starts_with('#'))
             m_layout.comment = std::string(1, '#');
+        for (std::size_t i = m_table.first; i < m_table.end && m_layout.comment.empty(); ++i) {
+            if (m_head[i].blank && m_head[i].used > 0) m_layout.comment = m_head[i].text;
+        }
     }
 
     static std::string_view trimmedEnd(std::string_view text) {

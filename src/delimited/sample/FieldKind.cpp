@@ -193,10 +193,14 @@ bool isTimeShape(std::string_view text) {
 } // namespace
 
 bool isMissingText(std::string_view field) {
-    static constexpr std::array<std::string_view, 18> kTexts = {
-        "nan", "null", "na",   "n/a", "none", "nil",  "m",    "mm",   "-",
-        "--",  "---",  "----", "?",   "inf",  "-inf", "n.a.", "#n/a", "1.#qnan"};
-    if (field.size() > 8) return false;
+    static constexpr std::array<std::string_view, 13> kTexts = {
+        "nan", "null", "na",   "n/a",  "none", "nil",    "m",
+        "mm",  "inf",  "-inf", "n.a.", "#n/a", "1.#qnan"};
+    if (field.empty() || field.size() > 8) return false;
+    // "---", "***", "?"
+    if (field.find_first_not_of(field[0]) == std::string_view::npos &&
+        std::string_view("-*?.").find(field[0]) != std::string_view::npos)
+        return true;
     return std::any_of(kTexts.begin(), kTexts.end(),
                        [&](std::string_view text) { return sameWord(field, text); });
 }

@@ -37,6 +37,9 @@ void addNumbers(TimeCandidates& candidates) {
         const bool year = timePartOf(rows.name(column)) == TimePart::Year;
         if (!named && !year && ++unnamed > kUnnamed) continue;
         if (namesCount(rows.name(column)) && !named) continue;
+        // "101230.40" for 10:12:30.4
+        if (named && rows.isDigits(column, 6))
+            candidates.addRead(timeOf(column, *TimeForm::parse("HHmmss"), false), 0.5);
         const TimeFinding finding = candidates.find(rows.texts({column}));
         const auto [least, most] = rows.range(column);
         if (year && least >= kFirstYear && most <= kLastYear && rows.rises(column))

@@ -54,7 +54,7 @@ class TimeSearch {
         for (const auto& [date, form] : m_texts) {
             if (form.kind() != TimeForm::Kind::Calendar || hasClock(form)) continue;
             for (const auto& [clock, clockForm] : m_texts) {
-                if (isTimeOfDay(clockForm))
+                if (isTimeOfDay(clockForm) && !isOtherClock(date, form, clock))
                     m_candidates.addTexts({date, clock}, clock > date ? 0.98 : 0.96);
             }
             addClockNumber(date, form);
@@ -73,6 +73,13 @@ class TimeSearch {
         }
     }
 
+    // The time of something within the day of a row: far from the date, which needs no clock.
+    [[nodiscard]] bool isOtherClock(std::size_t date, const TimeForm& form,
+                                    std::size_t clock) const {
+        return clock != date + 1 && date != clock + 1 && m_candidates.isSteady({date}, form) &&
+               !m_candidates.isSteady({date, clock}, *TimeForm::parse(form.name() + " HH:mm:ss"));
+    }
+
     // Hours, or hours and minutes as one number, in the column behind a date.
     void addClockNumber(std::size_t date, const TimeForm& form) {
         const std::size_t clock = date + 1;
@@ -86,7 +93,10 @@ class TimeSearch {
         const std::string_view name = m_rows.name(clock);
         const TimePart part = timePartOf(name);
         if (most <= 24) {
-            if (part == TimePart::Hour) addPair(date, form, " H", true, -1);
+            const auto hours = TimeForm::parse(form.name() + " H");
+            if (part == TimePart::Hour ||
+                (!m_rows.hasNames() && hours && m_candidates.isSteady({date, clock}, *hours)))
+                addPair(date, form, " H", true, -1);
             return;
         }
         const bool told = part == TimePart::HourMinute || namesTime(name) || !m_rows.hasNames();

@@ -51,7 +51,7 @@ class TimeRows {
     /// Whether a column's last two digits may be minutes.
     [[nodiscard]] bool minutesFit(std::size_t column) const;
 
-    /// Whether a column is of texts of so many digits.
+    /// Whether a column is of numbers of so many digits before their decimals.
     [[nodiscard]] bool isDigits(std::size_t column, std::size_t digits) const;
 
     /// Whether a column is of times of day such as "18.00.00".
