@@ -46,7 +46,8 @@ class HeadingSearch {
             } else if (role == Role::Values) {
                 values = record;
                 break;
-            } else if (names.empty() || !isComplete(names) || isGroups(record, names.back())) {
+            } else if (names.empty() || !isComplete(names) || isGroups(record, names.back()) ||
+                       areSymbols(names.back())) {
                 if (!names.empty() && !continues(record, names.back())) break;
                 names.push_back(record);
             } else {
@@ -85,7 +86,7 @@ class HeadingSearch {
         std::size_t blanks = 0;
         for (std::size_t i = m_table.first; i-- > 0 && block.size() < kBlock;) {
             const SampleRecord& record = m_records[i];
-            if (record.blank || isRule(record.text)) {
+            if (record.blank || isRule(record.text) || isTimeNameAlone(i)) {
                 if (++blanks > kBlanks) break;
                 continue;
             }
@@ -101,10 +102,17 @@ class HeadingSearch {
                (text.front() == '[' && text.find(']') + 1 == text.size());
     }
 
+    // "Timestamp;;": the names of the other columns stand above.
+    [[nodiscard]] bool isTimeNameAlone(std::size_t index) const {
+        return m_records[index].used == 1 && m_table.columns > 2 &&
+               m_records[index].fields == m_table.columns &&
+               namesTime(m_records.field(index, 0).text);
+    }
+
     // Whether a line of the block is of units though few of them are known, as the line above,
-    // which has none, names all columns.
+    // which has less, names all columns.
     [[nodiscard]] bool isUnitsBelow(const std::vector<std::size_t>& block, std::size_t i) const {
-        return unitsIn(block[i]) > 0 && isNamesAbove(block, i + 1) && unitsIn(block[i + 1]) == 0;
+        return isNamesAbove(block, i + 1) && unitsIn(block[i]) > unitsIn(block[i + 1]);
     }
 
     // Whether a line of the block is a row of data that is out of line: names stand above it.
@@ -121,8 +129,9 @@ class HeadingSearch {
             roleOf(block[i]) != Role::Names || !isComplete({block[i]}))
             return false;
         const auto fields = m_records.fields(block[i]);
-        return std::any_of(fields.begin(), fields.end(),
-                           [](const SampleField& field) { return namesTime(field.text); });
+        return std::any_of(fields.begin(), fields.end(), [](const SampleField& field) {
+            return namesTime(field.text) || timePartOf(field.text) != TimePart::None;
+        });
     }
 
     [[nodiscard]] std::size_t unitsIn(std::size_t record) const {
@@ -190,6 +199,13 @@ class HeadingSearch {
             if (!seen.insert(name).second) return false;
         }
         return true;
+    }
+
+    // "T", "F", "X": the names stand above.
+    [[nodiscard]] bool areSymbols(std::size_t record) const {
+        const auto fields = m_records.fields(record);
+        return std::all_of(fields.begin(), fields.end(),
+                           [](const SampleField& field) { return field.text.size() < 2; });
     }
 
     // Whether a line names groups of the columns that the line below it tells apart.

@@ -88,7 +88,9 @@ TimeForm TimeCandidates::addTexts(const std::vector<std::size_t>& columns, doubl
     TimeColumns time;
     time.columns = columns;
     time.form = finding.form;
-    time.parts = intervalStart(first).size() < first.size();
+    time.parts = intervalStart(first).size() < first.size() ||
+                 std::all_of(columns.begin(), columns.end(),
+                             [this](std::size_t c) { return isNumber(m_rows.kind(c)); });
     time.guessed = finding.ambiguous();
     time.other = finding.other;
     add(std::move(time), texts, base);

@@ -63,6 +63,9 @@ class TimeSearch {
         // Dates in digits alone: 20170408.
         for (std::size_t column = 0; column < std::min(kDateColumns, m_rows.columns()); ++column) {
             if (m_rows.kind(column) != FieldKind::Number) continue;
+            if (m_rows.isDigits(column, 6) && m_rows.isDigits(column + 1, 6) &&
+                namesTime(m_rows.name(column)))
+                m_candidates.addTexts({column, column + 1}, 1.0);
             if (m_rows.firstText(column).size() != 8) continue;
             const TimeFinding finding = m_candidates.find(m_rows.texts({column}));
             if (!finding.convincing() || finding.form.kind() != TimeForm::Kind::Calendar) continue;
@@ -99,7 +102,8 @@ class TimeSearch {
                 addPair(date, form, " H", true, -1);
             return;
         }
-        const bool told = part == TimePart::HourMinute || namesTime(name) || !m_rows.hasNames();
+        const bool told = part == TimePart::HourMinute || part == TimePart::Hour ||
+                          namesTime(name) || !m_rows.hasNames();
         if (told && most > 60 && m_rows.minutesFit(clock)) addPair(date, form, " HHmm", true, 1);
     }
 
