@@ -195,7 +195,9 @@ class LayoutBuilder {
     [[nodiscard]] std::vector<std::string> namesWithUnits() const {
         std::vector<std::string> names = m_layout.names;
         for (std::size_t i = 0; i < std::min(names.size(), m_layout.units.size()); ++i) {
-            if (!m_layout.units[i].empty()) names[i] += " (" + m_layout.units[i] + ")";
+            const std::string& name = names[i];
+            const bool part = timePartOf(name) != TimePart::None || name == "MM" || name == "mm";
+            if (!m_layout.units[i].empty() && !part) names[i] += " (" + m_layout.units[i] + ")";
         }
         return names;
     }
