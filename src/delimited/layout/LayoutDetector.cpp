@@ -44,7 +44,10 @@ class LayoutBuilder {
         if (!m_wishes.any()) takePlainTable();
         m_layout.dialect = m_head.dialect();
         m_layout.decimal = m_settings.decimalSeparator;
-        m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
+        m_layout.encoding = m_sample.utf16          ? "UTF-16"
+                            : isUtf8(m_sample.head) ? "UTF-8"
+                                                    : "Windows-1252";
+        m_layout.missedLine = missedLine();
         if (!m_plain && !m_wishes.any() && isProse(m_head, m_table)) {
             m_layout.notATable = std::string("text");
             return m_layout;
@@ -108,6 +111,15 @@ class LayoutBuilder {
         while (first < m_head.size() && (m_head[first].line < line || m_head[first].blank))
             ++first;
         m_table = tableFrom(m_head, first);
+    }
+
+    // A wished line that is none of those looked at; 0 when all are.
+    [[nodiscard]] std::int64_t missedLine() const {
+        const std::int64_t last = m_head.size() == 0 ? 0 : m_head[m_head.size() - 1].line;
+        for (const auto& line : {m_wishes.dataLine, m_wishes.headingsLine, m_wishes.unitsLine}) {
+            if (line.value_or(0) > last) return *line;
+        }
+        return 0;
     }
 
     [[nodiscard]] FoundHeadings headings() const {
@@ -217,6 +229,10 @@ class LayoutBuilder {
             time = {};
             time.columns = {0};
         }
+        // The numbers that rows without a time were given by an earlier load.
+        if (!m_wishes.timeColumns && time.columns.empty() && !names.empty() && names[0] == "Row" &&
+            rows.counts(0))
+            time.columns = {0};
         m_layout.timeColumns = time.columns;
         // Wished columns may lie behind those that the sample has.
         for (const std::size_t column : time.columns)
@@ -294,9 +310,10 @@ class LayoutBuilder {
         const bool timeFirst = layout.timeColumns.empty()
                                    ? !layout.names.empty() && namesTime(layout.names[0])
                                    : layout.timeColumns.size() == 1 && layout.timeColumns[0] == 0;
-        const bool whole = layout.unitsLine == 0 && layout.furtherTables.empty() &&
-                           layout.emptyColumns.empty() && layout.footerLines == 0 &&
-                           layout.comment.empty() &&
+        const std::size_t above = layout.headingsLine > 0 ? 1 : 0;
+        const bool whole = layout.headings.size() == above && layout.unitsLine == 0 &&
+                           layout.furtherTables.empty() && layout.emptyColumns.empty() &&
+                           layout.footerLines == 0 && layout.comment.empty() &&
                            (layout.names.empty() || m_kindsUsed <= layout.names.size());
         return top && timeFirst && whole && !layout.timeParts && !layout.mixedDecimals &&
                !layout.groupingPoints && layout.dialect == plainDialect() &&

@@ -46,6 +46,8 @@ void addNumbers(TimeCandidates& candidates) {
             candidates.add(timeOf(column, *TimeForm::parse("decimal-year"), false), 0.1);
         if (!finding.convincing()) continue;
         const auto kind = finding.form.kind();
+        // "198701" may be any number, unless a heading tells.
+        if (!named && rows.isDigits(column, 6)) continue;
         if (kind == TimeForm::Kind::Epoch || kind == TimeForm::Kind::Calendar) {
             candidates.add(timeOf(column, finding.form, true), named ? 0.75 : 0.55);
         } else if (kind == TimeForm::Kind::DecimalYear && (named || year || !rows.hasNames())) {

@@ -89,8 +89,9 @@ class PartSearch {
         const std::size_t count =
             std::min<std::size_t>(m_rows.hasNames() ? m_rows.columns() : 0, 40);
         for (std::size_t column = 0; column < count; ++column) {
-            if (!isNumber(m_rows.kind(column))) continue;
             auto part = timePartOf(m_rows.name(column));
+            const bool word = part == TimePart::Month && m_rows.kind(column) == FieldKind::Text;
+            if (!isNumber(m_rows.kind(column)) && !word) continue;
             // "MM" names months, and behind hours minutes.
             if (m_rows.name(column) == "MM" || m_rows.name(column) == "mm") {
                 part = columns[index(TimePart::Hour)] != kNone ? TimePart::Minute : TimePart::Month;

@@ -123,6 +123,14 @@ std::vector<double> TimeRows::values(std::size_t column) const {
     return numbers;
 }
 
+bool TimeRows::counts(std::size_t column) const {
+    const std::vector<double> numbers = values(column);
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (numbers[i] != static_cast<double>(i + 1)) return false;
+    }
+    return numbers.size() == m_consecutive;
+}
+
 bool TimeRows::rises(std::size_t column) const {
     const std::vector<double> numbers = values(column);
     std::size_t up = 0;

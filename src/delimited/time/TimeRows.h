@@ -60,6 +60,9 @@ class TimeRows {
     /// Whether year, day of the year, month and day stand side by side and name one day.
     [[nodiscard]] bool daysAgree(std::size_t year) const;
 
+    /// Whether a column counts the rows from 1.
+    [[nodiscard]] bool counts(std::size_t column) const;
+
     /// Whether most numbers of a column are no less than those before them.
     [[nodiscard]] bool rises(std::size_t column) const;
 
