@@ -59,7 +59,7 @@ void SampleRecords::markFillers() {
         filler = record.text;
         ++count;
     }
-    if (count * 3 < m_records.size()) return;
+    if ((count + 1) * 3 < m_records.size() || count == 0) return;
     for (SampleRecord& record : m_records)
         record.blank = record.blank || record.text == filler;
 }

@@ -66,7 +66,7 @@ void TimeCandidates::add(TimeColumns time, const std::vector<std::string>& texts
         return text.find_first_not_of(' ') == std::string::npos;
     });
     const double filled = 1 - static_cast<double>(blank) / static_cast<double>(texts.size());
-    double score = (base + 0.3 * order(texts, time.form)) * filled;
+    double score = (base + 0.3 * order(texts, time.form)) * filled * filled;
     const bool named = std::any_of(time.columns.begin(), time.columns.end(),
                                    [&](std::size_t c) { return namesTime(m_rows.name(c)); });
     if (named) score += 0.1;
