@@ -147,6 +147,10 @@ class HeadingSearch {
         if (columns == 1) return record.fields == 1;
         if (record.used < 2 && record.fields != columns) return false;
         if (record.used == 1 && columns > 2) return false;
+        // Names of several words can't be told apart, unless by where they stand.
+        if (m_records.dialect().separator == Dialect::kBlankRuns && m_ends.empty() &&
+            record.fields > columns && !hasMarkField(index))
+            return false;
         // More names than fields, or names for the first few fields only, are still names.
         return record.fields + 1 >= usedColumns() || record.used * 2 >= columns;
     }

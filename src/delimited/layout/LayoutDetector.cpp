@@ -125,6 +125,7 @@ class LayoutBuilder {
     [[nodiscard]] FoundHeadings headings() const {
         if (m_plain) return headingsOf(m_head, m_table, m_head[firstRecord()].line, 0);
         FoundHeadings found = findHeadings(m_head, m_table);
+        if (m_wishes.dataLine) found.first = m_table.first;
         if (!m_wishes.headingsLine && !m_wishes.unitsLine) return found;
         return headingsOf(m_head, m_table, m_wishes.headingsLine.value_or(found.line),
                           m_wishes.unitsLine.value_or(found.unitsLine));
