@@ -6,6 +6,7 @@
 #include "delimited/time/TimeNames.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <span>
 #include <utility>
@@ -266,28 +267,33 @@ class HeadingSearch {
             if (column == 0) return {};
             --first, --end;
         } else if (!m_ends.empty() && (fields.size() != usedColumns() || isRule(fields[0].text))) {
-            first = 0;
-            while (first < fields.size() &&
-                   (isRule(fields[first].text) || columnNear(record, fields[first]) < column))
-                ++first;
-            end = first;
-            while (end < fields.size() && columnNear(record, fields[end]) == column)
-                ++end;
+            const std::vector<std::size_t>& places = placesOf(record);
+            const auto [from, to] = std::equal_range(places.begin(), places.end(), column);
+            const std::size_t marks = fields.size() - places.size();
+            first = marks + static_cast<std::size_t>(from - places.begin());
+            end = marks + static_cast<std::size_t>(to - places.begin());
         }
         return fields.subspan(std::min(first, fields.size()),
                               std::min(end, fields.size()) - std::min(first, fields.size()));
     }
 
-    // The column of the data that a field of another line stands over, in a text of fixed widths.
-    [[nodiscard]] std::size_t columnNear(std::size_t record, const SampleField& field) const {
-        const std::ptrdiff_t begin = field.text.data() - m_records[record].text.data();
-        const std::ptrdiff_t end = begin + static_cast<std::ptrdiff_t>(field.text.size());
+    // The columns of the data that the fields of a line stand over, less a mark in front of them,
+    // in a text of fixed widths.
+    [[nodiscard]] const std::vector<std::size_t>& placesOf(std::size_t record) const {
+        const auto [known, fresh] = m_places.try_emplace(record);
+        std::vector<std::size_t>& places = known->second;
         std::size_t column = 0;
-        // Up to the column that ends behind its begin, or the next where it reaches that, too.
-        while (column + 1 < m_ends.size() && m_ends[column].second <= begin &&
-               m_ends[column].second - begin <= end - m_ends[column + 1].first)
-            ++column;
-        return column;
+        for (const SampleField& field : m_records.fields(record)) {
+            if (!fresh || (places.empty() && isRule(field.text))) continue;
+            const std::ptrdiff_t begin = field.text.data() - m_records[record].text.data();
+            const auto end = begin + static_cast<std::ptrdiff_t>(field.text.size());
+            // Up to the column that ends behind its begin, or the next where it reaches that, too.
+            while (column + 1 < m_ends.size() && m_ends[column].second <= begin &&
+                   m_ends[column].second - begin <= end - m_ends[column + 1].first)
+                ++column;
+            places.push_back(column);
+        }
+        return places;
     }
 
     // Where the fields of the data begin and end, if they do so at the same place in all lines.
@@ -369,6 +375,7 @@ class HeadingSearch {
 
     const SampleRecords& m_records;
     const SampleTable& m_table;
+    mutable std::map<std::size_t, std::vector<std::size_t>> m_places; ///< by record
     std::vector<std::pair<std::ptrdiff_t, std::ptrdiff_t>> m_ends; ///< none unless widths are fixed
 };
 
