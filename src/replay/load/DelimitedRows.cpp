@@ -87,7 +87,8 @@ void DelimitedRows::DisplayDelimDetails(std::string_view record, std::int64_t li
     } else {
         placeAny(record);
     }
-    if (m_watchesHeadings && !isReadingFirst(record)) watchHeadings(record, line);
+    const bool digit = record[0] >= '0' && record[0] <= '9'; // as of most rows
+    if (m_watchesHeadings && !digit && !isReadingFirst(record)) watchHeadings(record, line);
 }
 
 // A row that is all names, in a file whose rows begin with their time or a number.
