@@ -117,12 +117,9 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
     takeMissing(columns);
     outcome.aborted = counter.aborted();
     outcome.passedOver = rows.passedOver();
-<<<<<<< HEAD
     outcome.passedOver.addCutLines(reader);
-=======
     const auto& further = rows.furtherHeadings();
     m_layout.furtherTables.insert(m_layout.furtherTables.begin(), further.begin(), further.end());
->>>>>>> 082cf60 (Tell footers, padding, marks and further tables; say when a wished line is none; read months; keep row numbers and text files as they were)
     if (m_layout.footerLines > 0 && !outcome.aborted)
         outcome.passedOver.add(PassedOver::Cause::FooterLine, records.line(), m_layout.footerLines);
 }

@@ -43,11 +43,8 @@ class DelimitedRows {
     void placeTime();
     [[nodiscard]] int columnFor(std::size_t field);
     Cell textCell(std::string_view field, int column);
-<<<<<<< HEAD
     Cell numberCell(std::string_view number, Column& column);
-=======
     void watchHeadings(std::string_view record, std::int64_t line);
->>>>>>> 082cf60 (Tell footers, padding, marks and further tables; say when a wished line is none; read months; keep row numbers and text files as they were)
 
     const LoadContext& m_context;
     const TextLayout& m_layout;
