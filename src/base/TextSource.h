@@ -27,6 +27,8 @@ class TextSource {
 
     [[nodiscard]] std::int64_t fileSize() const { return m_file.size(); }
 
+    [[nodiscard]] bool isUtf16() const { return m_encoding != Encoding::Bytes; }
+
     /// Offset in the file of the bytes read so far, less `pending` bytes not used yet.
     [[nodiscard]] std::int64_t fileOffset(std::size_t pending) const;
 

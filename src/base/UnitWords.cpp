@@ -24,10 +24,11 @@ constexpr std::array<std::string_view, 117> kUnits = {
     "ntu",   "ohm",    "ohms",       "pa",     "percent", "pct",    "ppb",     "ppm",     "psi",
     "psu",   "rn",     "rpm",        "s",      "sec",     "second", "seconds", "ts",      "v"};
 
-constexpr std::array<std::string_view, 30> kMoreUnits = {
-    "va",   "var",    "volt",    "volts",    "w",    "watt", "watts", "wh",  "us",     "um",
-    "umol", "uw",     "ua",      "uv",       "w/m2", "year", "yr",    "mo",  "dy",     "hhmm",
-    "nmi",  "number", "no unit", "unitless", "none", "n/a",  "vdc",   "vac", "analog", "counter"};
+constexpr std::array<std::string_view, 32> kMoreUnits = {
+    "va",   "var", "volt", "volts", "w",      "watt",    "watts",   "wh",
+    "us",   "um",  "umol", "uw",    "ua",     "uv",      "w/m2",    "year",
+    "yr",   "mo",  "dy",   "hhmm",  "nmi",    "number",  "no unit", "unitless",
+    "none", "n/a", "vdc",  "vac",   "analog", "counter", "yyyy",    "dd"};
 
 constexpr std::array<std::string_view, 24> kStatistics = {
     "avg",    "average", "mean",  "min", "minimum", "max", "maximum", "smp",

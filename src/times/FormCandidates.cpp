@@ -85,6 +85,7 @@ class FormGuess {
         if (m_clock) return addCompactDates({});
         const std::string_view text = m_fields[0]->text;
         if (word(0) || !(text.starts_with("19") || text.starts_with("20"))) return;
+        if (text.size() == 6) add({"yyyyMM"});
         if (text.size() == 8) add({"yyyyMMdd"});
         if (text.size() == 10) add({"yyyyMMddHH"});
         if (text.size() == 12) add({"yyyyMMddHHmm"});
@@ -104,7 +105,11 @@ class FormGuess {
     void guessTwo() {
         if (!m_clock && (digits(1) == 4 || digits(1) == 6))
             addCompactDates(compactClock(digits(1)));
+        const std::string& gap = m_fields[1]->gap;
         if (word(0) && digits(1) == 4) add({"MMM", "yyyy"});
+        if (word(0) && digits(1) == 2 && gap == "-") add({"MMM", "yy"});
+        const bool month = digits(0) == 1 || digits(0) == 2;
+        if (month && digits(1) == 4 && !m_clock && (gap == "/" || gap == "-")) add({"MM", "yyyy"});
         if (digits(0) != 4 || m_fields[1]->gap.find_first_of(".,") != std::string::npos) return;
         if (word(1)) add({"yyyy", "MMM"});
         if (digits(1) == 2) add({"yyyy", "MM"});
@@ -119,6 +124,7 @@ class FormGuess {
         if (more == 0) return addDates({});
         if (more == 1) {
             if (digits(3) == 4 || digits(3) == 6) addDates({compactClock(digits(3))});
+            if (digits(3) == 2) addDates({"HH"});
             return;
         }
         // Four numbers and more have many meanings: these need their whole year.

@@ -129,6 +129,12 @@ TEST_F(BatchTest, InfoIsUtf8WhateverTheFileIsIn) {
         << m_out;
 }
 
+TEST_F(BatchTest, ALineThatTheFileDoesNotHaveIsSaid) {
+    EXPECT_EQ(run("--data-line 50 --info mast.csv"), 1);
+    EXPECT_EQ(m_err, "Attention: There is no line 50 among the first lines of mast.csv, which tell "
+                     "its layout.\n");
+}
+
 TEST_F(BatchTest, StandardOutputThatCanNotBeWritten) {
     EXPECT_EQ(run("--info mast.csv >&-"), 1);
     EXPECT_EQ(m_err, "standard output can not be written: Bad file descriptor.\n");

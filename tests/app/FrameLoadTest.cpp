@@ -215,6 +215,16 @@ TEST_F(FrameLoadTest, RecentFilesAreTheLastFourNewestFirst) {
     EXPECT_EQ(frame.windowTitle(), u"e.csv - Pellam");
 }
 
+TEST_F(FrameLoadTest, ATextOfAnyNameIsOneAgainAmongTheRecentFiles) {
+    auto& frame = start();
+    const QString file = csv("mast.dat");
+    frame.recentFiles().add(file, true);
+    frame.actions().recentMenu()->actions().at(0)->trigger();
+    untilIdle();
+    EXPECT_EQ(frame.windowTitle(), u"mast.dat - Pellam");
+    EXPECT_TRUE(RecentFiles(*m_settings, std::make_unique<QMenu>().get()).isText(file));
+}
+
 TEST_F(FrameLoadTest, WindowsOnOneSettingsFileKeepEachOthersRecentFiles) {
     QMenu menus[2];
     SettingsStore other(m_settings->path());

@@ -43,6 +43,7 @@ TEST(FiguresLabel, ShowsFiguresWholeOrNotAtAll) {
     const QStringList figures{u"Mean: 14.18"_s, u"Min: -2"_s, u"Max: 99.5"_s};
     FiguresLabel label;
     label.setFigures(figures);
+    label.show();
     std::set<QString> shown;
     for (int width = label.sizeHint().width() + 10; width >= 0; --width) {
         label.resize(width, 20);

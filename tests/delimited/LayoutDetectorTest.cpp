@@ -91,12 +91,61 @@ TEST(LayoutDetectorTest, TellsTheShapesOfTheWorld) {
         {"bars, German",
          "Zeitstempel|Druck [bar]\n21.03.2021 10:00:00|1,5\n21.03.2021 10:00:01|1,6\n",
          "bar , 1 0 2 [1] dd.MM.yyyy HH:mm:ss", "Zeitstempel|Druck [bar]"},
+        {"names of a section, time of day as a number",
+         "[names]\nsats time lat\n\n[data]\n008 101258.10 +3.1\n008 101259.20 +3.2\n",
+         "blanks . 2 0 5 [2] HHmmss", "sats|time|lat"},
+        {"units over some columns of fixed widths",
+         "Cambridge\n  yyyy  mm   tmax   rain\n             degC     mm\n  1959   1    4.1    50\n"
+         "  1959   2    5.2*   61  Provisional\n  1959   3    7.1    ---\n",
+         "blanks . 2 3 4 [1, 2] yyyy M", "yyyy|mm|tmax|rain|"},
+        {"units that few know, below full names",
+         "station,time,lat,wtmp\n,UTC,degrees_north,m\nb1,2015-01-01T00:00:00Z,36.7,1\n"
+         "b1,2015-01-01T00:10:00Z,36.7,NaN\n",
+         "comma . 1 2 3 [2] yyyy-MM-ddTHH:mm:ss", "station|time|lat|wtmp"},
+        {"symbols between names and units",
+         "Time\tForce\nT\tF\ns\tN\n0.0\t1.5\n0.1\t1.6\n0.2\t1.7\n", "tab . 1 3 4 [1] elapsed-s",
+         "Time T|Force F"},
+        {"keys and values above, codes in the data",
+         "Title,x\nStart,2018-01-01\ntime,id,d\n1535000000000000,0E,3A\n1535000000000997,C6,41\n"
+         "1535000000001994,12,F0\n1535000000002991,1D,07\n",
+         "comma . 3 0 4 [1] epoch-us", "time|id|d"},
+        {"a clock that is filled now and then",
+         "Run "
+         "7\n\nInterval|ms,Utc,V\n100,1457000000000,1\n200,,2\n350,,3\n400,,3\n505,1457000000405,"
+         "4\n",
+         "comma . 3 0 4 [1] elapsed-ms", "Interval|ms|Utc|V"},
+        {"another time of the day far from the date",
+         "n,Date,T,Gust,Time of gust\n,2021-6-1,10.5,30,03:34\n,2021-6-2,11.5,30,23:01\n"
+         ",2021-6-3,10.5,30,11:12\n,2021-6-4,10.5,30,04:11\n",
+         "comma . 1 0 2 [2] yyyy-MM-dd", "n|Date|T|Gust|Time of gust"},
+        {"hours behind a date, no headings",
+         "2020-01-01,22,5\n2020-01-01,23,5\n2020-01-02,0,4\n2020-01-02,1,4\n",
+         "comma . 0 0 1 [1, 2] yyyy-MM-dd H", ""},
+        {"hours and minutes with their zone",
+         "Data;Hora UTC;T;\n2019/01/01;0000 UTC;1,5;\n2019/01/01;0100 UTC;,5;\n",
+         "semicolon , 1 0 2 [1, 2] yyyy/MM/dd HHmm", "Data|Hora UTC|T"},
+        {"month, day, year, hour, minute",
+         "12 30 2010 23 00 5.1\n12 30 2010 23 30 5.2\n12 31 2010 00 00 5.3\n",
+         "blanks . 0 0 1 [3, 1, 2, 4, 5] yyyy M d H m", ""},
+        {"a word between all rows",
+         "Time,T<br>\n2013-04-01 00:02:00,48.0,\n<br>\n2013-04-01 00:07:00,48.5,\n<br>\n"
+         "2013-04-01 00:12:00,48.5,\n<br>\n",
+         "comma . 1 0 2 [1] yyyy-MM-dd HH:mm:ss", "Time|T<br>"},
+        {"months", "n;Month;A\n1;11/1987;1.5\n2;12/1987;1.6\n3;1/1988;1.7\n",
+         "semicolon . 1 0 2 [2] MM/yyyy", "n|Month|A"},
+        {"rows out of line below the names",
+         "Mast 3\n\nTime,A,B\n2021-03-01 09:00:00,start,by user\nn/a,1.5,2\n"
+         "2021-03-01 10:00:00,1,2\n2021-03-01 10:01:00,1,3\n2021-03-01 10:02:00,1,4\n",
+         "comma . 3 0 4 [1] yyyy-MM-dd HH:mm:ss", "Time|A|B"},
+        {"statistics alone", "Time,A\n,Avg\n2021-03-01 09:00:00,1\n2021-03-01 09:01:00,2\n",
+         "comma . 1 0 3 [1] yyyy-MM-dd HH:mm:ss", "Time|A"},
     };
     for (const auto& [what, text, expected, names] : files) {
         const TextLayout layout = detect(text);
         EXPECT_EQ(brief(layout), expected) << what;
         EXPECT_EQ(namesOf(layout), names) << what;
         EXPECT_FALSE(layout.plain) << what;
+        EXPECT_NE(layoutSummary(layout), "") << what;
     }
 }
 
@@ -146,6 +195,7 @@ TEST(LayoutDetectorTest, TakesAPlainFileAsItStands) {
         {"first time unreadable", "Time,T\ninvalid,1.5\n" + rows},
         {"note", "Time,T\n2021-03-09 09:00:00,1\n*** restart ***\n" + rows},
         {"last text", "Time,T\n" + rows + "invalid,7.5\n"},
+        {"row numbers of an earlier load", "Row,A\n1,0.5\n2,0.7\n3,0.2\n"},
         {"states", "Time,State\n2021-03-09 09:00:00,on\n2021-03-09 09:01:00,off\n"},
         {"longer rows", "Time,T\n2021-03-09 09:00:00,1,2\n" + rows + "2021-03-09 11:00:00,,,3\n"},
         {"halves of the day", "Time,Dir\n01/02/2020 01:00:00 AM,N\n01/02/2020 02:00:00 AM,E\n"},
@@ -184,6 +234,7 @@ TEST(LayoutDetectorTest, TellsWhereATableEndsAndFurtherOnesBegin) {
     const TextLayout ragged = detect("Time,T\n" + rows + "2021-03-09 11:00:00,1,2\n");
     EXPECT_EQ(ragged.changedFieldsLine, 52);
     EXPECT_EQ(ragged.columns, 3U);
+    EXPECT_EQ(layoutSummary(ragged), "Another number of fields from line 52");
 
     std::string large = "Time,T\n";
     for (int i = 0; i < 150; ++i)
@@ -222,6 +273,9 @@ TEST(LayoutDetectorTest, FollowsWishes) {
     EXPECT_EQ(layout.units, (std::vector<std::string>{"x", "y", "z"}));
     EXPECT_EQ(layoutSummary(layout),
               "Time from column 2, separated by semicolon, units from line 2");
+    EXPECT_EQ(layout.missedLine, 0);
+    wishes.unitsLine = 5;
+    EXPECT_EQ(LayoutDetector(',', settings).detect(sample, wishes).missedLine, 5);
 }
 
 } // namespace

@@ -170,6 +170,20 @@ TEST_F(DelimitedLoaderTest, SaysWhatIsNoTable) {
     EXPECT_EQ(grid->rowCount(), 0);
 }
 
+TEST_F(DelimitedLoaderTest, TellsOfHeadingsBehindWhatWasLookedAt) {
+    std::string rows;
+    for (int i = 0; i < 6000; ++i)
+        rows += "2021-03-01 " + std::to_string(10 + i / 3600) + ':' +
+                std::to_string(10 + i / 60 % 50) + ':' + std::to_string(10 + i % 50) + ",1." +
+                std::to_string(i) + '\n';
+    for (const std::string top : {"Time,A\n", "Mast\nTime,A\n"}) {
+        const LoadOutcome outcome = load("a.csv", top + rows + "Stamp,P\n" + rows);
+        const auto line = static_cast<std::int64_t>(top.size() > 7 ? 6003 : 6002);
+        EXPECT_EQ(outcome.layout.furtherTables, std::vector{line});
+        EXPECT_EQ(outcome.rows, 12001) << "nothing is left out";
+    }
+}
+
 TEST_F(DelimitedLoaderTest, TellsFirstAndLastTimeOfEveryForm) {
     const Table<const char*, const char*, const char*> rows = {
         {"2008/02/25 11:00:00.500\n2008/02/25 11:00:01\n", "2008/02/25 11:00:00.500",

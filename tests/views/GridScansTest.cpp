@@ -247,7 +247,7 @@ TEST(StatisticsScan, LeavesOutWhatTheChartLeavesOut) {
     grid.setMissingAsNumbers(true);
     EXPECT_EQ(
         statistics(grid, {{1, 1, 1, 3}}),
-        "Count: 3   Mean: -3331.666667   Min: -9999   Max: 3   Std dev: 5774.23   Sum: -9995");
+        "Count: 3   Mean: -3331.666667   Min: -9999   Max: 3   Std dev: 5774.08   Sum: -9995");
 }
 
 TEST(StatisticsScan, WritesTheDecimalSeparatorOfTheData) {

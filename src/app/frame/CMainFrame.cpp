@@ -247,10 +247,12 @@ void CMainFrame::OnOpenWithLayout() {
 
 void CMainFrame::openFile(const QString& path, const std::optional<LayoutWishes>& text) {
     if (m_loader->isBusy() || !mayLoseEdits()) return;
-    const auto outcome = m_loader->load(path, text);
+    const bool asText = text || m_recent->isText(path);
+    const auto outcome =
+        m_loader->load(path, asText ? std::optional(text.value_or(LayoutWishes())) : std::nullopt);
     showLoaded(path, outcome);
     if (outcome.loaded)
-        m_recent->add(path);
+        m_recent->add(path, asText);
     else if (!QFileInfo::exists(path))
         m_recent->remove(path);
     if (m_closeWhenLoaded) close();

@@ -14,6 +14,10 @@ static QString keyOf(int index) {
     return QStringLiteral("File%1").arg(index + 1);
 }
 
+static QString textKeyOf(int index) {
+    return QStringLiteral("File%1Text").arg(index + 1);
+}
+
 RecentFiles::RecentFiles(SettingsStore& settings, QMenu* menu)
     : QObject(menu),
       m_settings(settings),
@@ -23,9 +27,11 @@ RecentFiles::RecentFiles(SettingsStore& settings, QMenu* menu)
     fillMenu();
 }
 
-void RecentFiles::add(const QString& path) {
+void RecentFiles::add(const QString& path, bool text) {
     const auto whole = QFileInfo(path).absoluteFilePath();
     m_paths = stored(); // other windows add to it too
+    m_texts.removeAll(whole);
+    if (text) m_texts.append(whole);
     m_paths.removeAll(whole);
     m_paths.prepend(whole);
     m_paths = m_paths.mid(0, kMaximum);
@@ -40,10 +46,18 @@ void RecentFiles::remove(const QString& path) {
     fillMenu();
 }
 
-QStringList RecentFiles::stored() const {
+bool RecentFiles::isText(const QString& path) const {
+    return m_texts.contains(QFileInfo(path).absoluteFilePath());
+}
+
+QStringList RecentFiles::stored() {
     QStringList paths;
-    for (int index = 0; index < kMaximum; ++index)
+    m_texts.clear();
+    for (int index = 0; index < kMaximum; ++index) {
         paths += m_settings.GetProfileString(profile::kRecentSection, keyOf(index));
+        if (!m_settings.GetProfileString(profile::kRecentSection, textKeyOf(index)).isEmpty())
+            m_texts += paths.back();
+    }
     paths.removeAll(QString());
     paths.removeDuplicates();
     return paths;
@@ -54,6 +68,9 @@ void RecentFiles::save() {
         const auto path = m_paths.value(index);
         if (path != m_settings.GetProfileString(profile::kRecentSection, keyOf(index)))
             m_settings.WriteProfileString(profile::kRecentSection, keyOf(index), path);
+        const auto text = m_texts.contains(path) ? QStringLiteral("1") : QString();
+        if (text != m_settings.GetProfileString(profile::kRecentSection, textKeyOf(index)))
+            m_settings.WriteProfileString(profile::kRecentSection, textKeyOf(index), text);
     }
 }
 

@@ -21,8 +21,11 @@ class RecentFiles : public QObject {
 
     [[nodiscard]] const QStringList& paths() const { return m_paths; }
 
-    /// Puts a file at the top; one that is there already moves up.
-    void add(const QString& path);
+    /// Puts a file at the top; one that is there already moves up. `text`: it was opened as
+    /// delimited text, whatever its name.
+    void add(const QString& path, bool text = false);
+    /// Whether a file of the list was opened so.
+    [[nodiscard]] bool isText(const QString& path) const;
     /// Takes a file off the list.
     void remove(const QString& path);
 
@@ -30,13 +33,14 @@ class RecentFiles : public QObject {
     void chosen(const QString& path);
 
   private:
-    [[nodiscard]] QStringList stored() const;
+    [[nodiscard]] QStringList stored();
     void save();
     void fillMenu();
 
     SettingsStore& m_settings;
     QMenu* m_menu;
     QStringList m_paths;
+    QStringList m_texts; ///< those of them that were opened as text
 };
 
 } // namespace pellam

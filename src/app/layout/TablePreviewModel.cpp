@@ -20,6 +20,9 @@ int TablePreviewModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant TablePreviewModel::data(const QModelIndex& index, int role) const {
+    const bool number =
+        m_table.column(index.column()).cell(index.row()).kind() == Cell::Kind::Decimal;
+    if (role == Qt::TextAlignmentRole && number) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role != Qt::DisplayRole) return {};
     CellBuffer buffer;
     return screenText(m_table.text(index.column(), index.row(), buffer));

@@ -3,9 +3,13 @@
 #include "base/UnitWords.h"
 #include "delimited/sample/FieldSplitter.h"
 #include "delimited/sample/SampleRecords.h"
+#include "delimited/time/TimeNames.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
+#include <span>
+#include <utility>
 
 namespace pellam {
 
@@ -20,7 +24,8 @@ class HeadingSearch {
   public:
     HeadingSearch(const SampleRecords& records, const SampleTable& table)
         : m_records(records),
-          m_table(table) {}
+          m_table(table),
+          m_ends(fixedEnds()) {}
 
     FoundHeadings run() {
         const std::vector<std::size_t> block = linesAbove();
@@ -28,15 +33,22 @@ class HeadingSearch {
         std::vector<std::size_t> names;
         std::size_t units = kNone;
         std::size_t values = kNone;
-        for (const std::size_t record : block) {
+        found.first = m_table.first;
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            const std::size_t record = block[i];
             const Role role = roleOf(record);
             if (role == Role::Statistics) continue;
-            if (role == Role::Units && units == kNone && names.empty()) {
+            if (names.empty() && units == kNone &&
+                (role == Role::Units || isUnitsBelow(block, i))) {
                 units = record;
+            } else if (role == Role::Values && names.empty() && units == kNone &&
+                       isRowBelow(block, i)) {
+                found.first = record;
             } else if (role == Role::Values) {
                 values = record;
                 break;
-            } else if (names.empty() || !isComplete(names) || isGroups(record, names.back())) {
+            } else if (names.empty() || !isComplete(names) || isGroups(record, names.back()) ||
+                       areSymbols(names.back())) {
                 if (!names.empty() && !continues(record, names.back())) break;
                 names.push_back(record);
             } else {
@@ -55,6 +67,7 @@ class HeadingSearch {
 
     [[nodiscard]] FoundHeadings of(std::int64_t headingsLine, std::int64_t unitsLine) const {
         FoundHeadings found;
+        found.first = m_table.first;
         std::vector<std::size_t> names;
         std::size_t units = kNone;
         for (std::size_t i = 0; i < m_records.size(); ++i) {
@@ -74,7 +87,7 @@ class HeadingSearch {
         std::size_t blanks = 0;
         for (std::size_t i = m_table.first; i-- > 0 && block.size() < kBlock;) {
             const SampleRecord& record = m_records[i];
-            if (record.blank || isRule(record.text)) {
+            if (record.blank || isRule(record.text) || isTimeNameAlone(i)) {
                 if (++blanks > kBlanks) break;
                 continue;
             }
@@ -84,9 +97,49 @@ class HeadingSearch {
         return block;
     }
 
-    // A line drawn of signs: "#", "-----".
+    // A line drawn of signs, "#", "-----", or the name of a section: "[data]".
     static bool isRule(std::string_view text) {
-        return text.find_first_not_of("#%;-=*_ \t") == std::string_view::npos;
+        return text.find_first_not_of("#%;-=*_ \t") == std::string_view::npos ||
+               (text.front() == '[' && text.find(']') + 1 == text.size());
+    }
+
+    // "Timestamp;;": the names of the other columns stand above.
+    [[nodiscard]] bool isTimeNameAlone(std::size_t index) const {
+        return m_records[index].used == 1 && m_table.columns > 2 &&
+               m_records[index].fields == m_table.columns &&
+               namesTime(m_records.field(index, 0).text);
+    }
+
+    // Whether a line of the block is of units though few of them are known, as the line above,
+    // which has less, names all columns.
+    [[nodiscard]] bool isUnitsBelow(const std::vector<std::size_t>& block, std::size_t i) const {
+        return isNamesAbove(block, i + 1) && unitsIn(block[i]) > unitsIn(block[i + 1]);
+    }
+
+    // Whether a line of the block is a row of data that is out of line: names stand above it.
+    [[nodiscard]] bool isRowBelow(const std::vector<std::size_t>& block, std::size_t i) const {
+        constexpr std::size_t kRows = 3;
+        std::size_t above = i + 1;
+        while (above < i + kRows && above < block.size() && roleOf(block[above]) == Role::Values)
+            ++above;
+        return !namesTime(m_records.field(block[i], 0).text) && isNamesAbove(block, above);
+    }
+
+    [[nodiscard]] bool isNamesAbove(const std::vector<std::size_t>& block, std::size_t i) const {
+        if (i >= block.size() || m_records[block[i]].readings > 0 ||
+            roleOf(block[i]) != Role::Names || !isComplete({block[i]}))
+            return false;
+        const auto fields = m_records.fields(block[i]);
+        return std::any_of(fields.begin(), fields.end(), [](const SampleField& field) {
+            return namesTime(field.text) || timePartOf(field.text) != TimePart::None;
+        });
+    }
+
+    [[nodiscard]] std::size_t unitsIn(std::size_t record) const {
+        const auto fields = m_records.fields(record);
+        return static_cast<std::size_t>(
+            std::count_if(fields.begin(), fields.end(),
+                          [](const SampleField& field) { return isUnitText(field.text); }));
     }
 
     [[nodiscard]] bool fits(std::size_t index) const {
@@ -95,6 +148,10 @@ class HeadingSearch {
         if (columns == 1) return record.fields == 1;
         if (record.used < 2 && record.fields != columns) return false;
         if (record.used == 1 && columns > 2) return false;
+        // Names of several words can't be told apart, unless by where they stand.
+        if (m_records.dialect().separator == Dialect::kBlankRuns && m_ends.empty() &&
+            record.fields > columns && !hasMarkField(index))
+            return false;
         // More names than fields, or names for the first few fields only, are still names.
         return record.fields + 1 >= usedColumns() || record.used * 2 >= columns;
     }
@@ -111,10 +168,17 @@ class HeadingSearch {
         std::size_t statistics = 0;
         std::size_t numbers = 0;
         std::size_t used = 0;
-        // What stands over no column of the data tells nothing of the line.
+        bool row = false; // a reading where the data has one like it, or behind the columns
         const auto fields = m_records.fields(index);
-        for (const SampleField& field : fields.first(std::min(fields.size(), usedColumns() + 1))) {
-            if (field.text.empty() || (used >= usedColumns() && isReading(field.kind))) continue;
+        for (std::size_t column = 0; column < fields.size(); ++column) {
+            const SampleField& field = fields[column];
+            const bool over = column < usedColumns();
+            if (isReading(field.kind))
+                row = row || !over ||
+                      (field.kind == FieldKind::Time && m_table.kind(column) == field.kind);
+            // What stands over no column of the data tells nothing else of the line.
+            if (field.text.empty() || column > usedColumns() || (!over && isReading(field.kind)))
+                continue;
             ++used;
             units += isUnitText(field.text);
             statistics += isStatisticText(field.text);
@@ -122,7 +186,8 @@ class HeadingSearch {
         }
         if (statistics * 10 >= used * 9) return Role::Statistics;
         if (units * 5 >= used * 3) return Role::Units;
-        if (numbers * 3 > used || m_records[index].used < 2) {
+        row = row || (isReading(fields[0].kind) && m_table.kind(0) == fields[0].kind);
+        if (row || numbers * 3 > used || m_records[index].used < 2) {
             // Wavelengths, depths and the like may name columns.
             return m_table.columns == 1 && numbers == 0 ? Role::Names : Role::Values;
         }
@@ -141,14 +206,22 @@ class HeadingSearch {
         return true;
     }
 
+    // "T", "F", "X": the names stand above.
+    [[nodiscard]] bool areSymbols(std::size_t record) const {
+        const auto fields = m_records.fields(record);
+        return std::all_of(fields.begin(), fields.end(),
+                           [](const SampleField& field) { return field.text.size() < 2; });
+    }
+
     // Whether a line names groups of the columns that the line below it tells apart.
     [[nodiscard]] bool isGroups(std::size_t record, std::size_t below) const {
         if (!continues(record, below) || m_records[record].readings > 0) return false;
         if (m_records[record].used != m_records[below].used) return false;
         std::set<std::string_view> seen;
-        for (const SampleField& field : m_records.fields(record))
-            seen.insert(field.text);
-        return seen.size() < m_records[record].fields;
+        const auto fields = m_records.fields(record);
+        return std::any_of(fields.begin(), fields.end(), [&seen](const SampleField& field) {
+            return !field.text.empty() && !seen.insert(field.text).second;
+        });
     }
 
     // Whether a line is the upper part of the headings whose lower part is known.
@@ -169,22 +242,79 @@ class HeadingSearch {
                                      std::size_t column) const {
         std::string name;
         for (auto record = names.rbegin(); record != names.rend(); ++record) {
-            const SampleField field = fieldOver(*record, column);
-            if (field.text.empty()) continue;
-            if (!name.empty()) name += ' ';
-            name += field.quoted ? withoutEscapes(field.text, m_records.dialect())
-                                 : std::string(field.text);
+            for (const SampleField& field : fieldsOver(*record, column)) {
+                if (field.text.empty()) continue;
+                if (!name.empty()) name += ' ';
+                name += field.quoted ? withoutEscapes(field.text, m_records.dialect())
+                                     : std::string(field.text);
+            }
         }
         std::replace_if(
             name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
         return name;
     }
 
-    // The field over a column of the data: where row numbers have no heading, all stand one off.
-    [[nodiscard]] SampleField fieldOver(std::size_t record, std::size_t column) const {
-        if (hasMarkField(record)) ++column;
-        if (!isShifted(record)) return m_records.field(record, column);
-        return column == 0 ? SampleField{} : m_records.field(record, column - 1);
+    // The fields over a column of the data: where row numbers have no heading, all stand one off;
+    // in a text of fixed widths those that stand nearest to it.
+    [[nodiscard]] std::span<const SampleField> fieldsOver(std::size_t record,
+                                                          std::size_t column) const {
+        const auto fields = m_records.fields(record);
+        std::size_t first = column;
+        std::size_t end = column + 1;
+        if (hasMarkField(record)) {
+            ++first, ++end;
+        } else if (isShifted(record)) {
+            if (column == 0) return {};
+            --first, --end;
+        } else if (!m_ends.empty() && (fields.size() != usedColumns() || isRule(fields[0].text))) {
+            const std::vector<std::size_t>& places = placesOf(record);
+            const auto [from, to] = std::equal_range(places.begin(), places.end(), column);
+            const std::size_t marks = fields.size() - places.size();
+            first = marks + static_cast<std::size_t>(from - places.begin());
+            end = marks + static_cast<std::size_t>(to - places.begin());
+        }
+        return fields.subspan(std::min(first, fields.size()),
+                              std::min(end, fields.size()) - std::min(first, fields.size()));
+    }
+
+    // The columns of the data that the fields of a line stand over, less a mark in front of them,
+    // in a text of fixed widths.
+    [[nodiscard]] const std::vector<std::size_t>& placesOf(std::size_t record) const {
+        const auto [known, fresh] = m_places.try_emplace(record);
+        std::vector<std::size_t>& places = known->second;
+        std::size_t column = 0;
+        for (const SampleField& field : m_records.fields(record)) {
+            if (!fresh || (places.empty() && isRule(field.text))) continue;
+            const std::ptrdiff_t begin = field.text.data() - m_records[record].text.data();
+            const auto end = begin + static_cast<std::ptrdiff_t>(field.text.size());
+            // Up to the column that ends behind its begin, or the next where it reaches that, too.
+            while (column + 1 < m_ends.size() && m_ends[column].second <= begin &&
+                   m_ends[column].second - begin <= end - m_ends[column + 1].first)
+                ++column;
+            places.push_back(column);
+        }
+        return places;
+    }
+
+    // Where the fields of the data begin and end, if they do so at the same place in all lines.
+    [[nodiscard]] std::vector<std::pair<std::ptrdiff_t, std::ptrdiff_t>> fixedEnds() const {
+        constexpr std::size_t kLines = 20;
+        std::vector<std::pair<std::ptrdiff_t, std::ptrdiff_t>> ends;
+        if (m_records.dialect().separator != Dialect::kBlankRuns) return ends;
+        for (std::size_t i = m_table.first; i < std::min(m_table.end, m_table.first + kLines);
+             ++i) {
+            const auto fields = m_records.fields(i);
+            for (std::size_t column = 0; column < std::min(fields.size(), usedColumns());
+                 ++column) {
+                const std::ptrdiff_t begin = fields[column].text.data() - m_records[i].text.data();
+                const auto end = begin + static_cast<std::ptrdiff_t>(fields[column].text.size());
+                if (column == ends.size()) ends.emplace_back(begin, end);
+                if (ends[column].first != begin && ends[column].second != end) return {};
+                ends[column] = {std::min(ends[column].first, begin),
+                                std::max(ends[column].second, end)};
+            }
+        }
+        return ends;
     }
 
     // The mark of a comment line that blanks part from the names: "# date time".
@@ -220,8 +350,10 @@ class HeadingSearch {
         stripMark(found.names);
         if (units == kNone) return;
         found.unitsLine = m_records[units].line;
-        for (std::size_t column = 0; column < columns; ++column)
-            found.units.emplace_back(unitText(fieldOver(units, column)));
+        for (std::size_t column = 0; column < columns; ++column) {
+            const auto fields = fieldsOver(units, column);
+            found.units.emplace_back(fields.empty() ? std::string_view() : unitText(fields[0]));
+        }
         stripMark(found.units);
     }
 
@@ -243,6 +375,8 @@ class HeadingSearch {
 
     const SampleRecords& m_records;
     const SampleTable& m_table;
+    mutable std::map<std::size_t, std::vector<std::size_t>> m_places; ///< by record
+    std::vector<std::pair<std::ptrdiff_t, std::ptrdiff_t>> m_ends; ///< none unless widths are fixed
 };
 
 } // namespace

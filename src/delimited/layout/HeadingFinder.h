@@ -15,6 +15,7 @@ struct FoundHeadings {
     std::int64_t line = 0;          ///< first line of headings
     int lines = 0;                  ///< of headings, those joined to names counted
     std::int64_t unitsLine = 0;     ///< units of the columns
+    std::size_t first = 0;          ///< first record of the data: rows out of line may stand first
     std::vector<std::string> names; ///< by column of the data; empty where there are none
     std::vector<std::string> units; ///< by column of the data; none where there is no such line
 };

@@ -44,7 +44,10 @@ class LayoutBuilder {
         if (!m_wishes.any()) takePlainTable();
         m_layout.dialect = m_head.dialect();
         m_layout.decimal = m_settings.decimalSeparator;
-        m_layout.encoding = isUtf8(m_sample.head) ? "UTF-8" : "Windows-1252";
+        m_layout.encoding = m_sample.utf16          ? "UTF-16"
+                            : isUtf8(m_sample.head) ? "UTF-8"
+                                                    : "Windows-1252";
+        m_layout.missedLine = missedLine();
         if (!m_plain && !m_wishes.any() && isProse(m_head, m_table)) {
             m_layout.notATable = std::string("text");
             return m_layout;
@@ -110,9 +113,19 @@ class LayoutBuilder {
         m_table = tableFrom(m_head, first);
     }
 
+    // A wished line that is none of those looked at; 0 when all are.
+    [[nodiscard]] std::int64_t missedLine() const {
+        const std::int64_t last = m_head.size() == 0 ? 0 : m_head[m_head.size() - 1].line;
+        for (const auto& line : {m_wishes.dataLine, m_wishes.headingsLine, m_wishes.unitsLine}) {
+            if (line.value_or(0) > last) return *line;
+        }
+        return 0;
+    }
+
     [[nodiscard]] FoundHeadings headings() const {
         if (m_plain) return headingsOf(m_head, m_table, m_head[firstRecord()].line, 0);
         FoundHeadings found = findHeadings(m_head, m_table);
+        if (m_wishes.dataLine) found.first = m_table.first;
         if (!m_wishes.headingsLine && !m_wishes.unitsLine) return found;
         return headingsOf(m_head, m_table, m_wishes.headingsLine.value_or(found.line),
                           m_wishes.unitsLine.value_or(found.unitsLine));
@@ -127,6 +140,7 @@ class LayoutBuilder {
     }
 
     void takeHeadings(const FoundHeadings& headings) {
+        m_table.first = headings.first;
         m_layout.headingsLine = headings.line;
         m_layout.headingLines = headings.lines;
         m_layout.unitsLine = headings.unitsLine;
@@ -154,6 +168,9 @@ class LayoutBuilder {
         }
         if (comments > 0 && !m_head[m_table.first].text.starts_with('#'))
             m_layout.comment = std::string(1, '#');
+        for (std::size_t i = m_table.first; i < m_table.end && m_layout.comment.empty(); ++i) {
+            if (m_head[i].blank && m_head[i].used > 0) m_layout.comment = m_head[i].text;
+        }
     }
 
     static std::string_view trimmedEnd(std::string_view text) {
@@ -191,7 +208,9 @@ class LayoutBuilder {
     [[nodiscard]] std::vector<std::string> namesWithUnits() const {
         std::vector<std::string> names = m_layout.names;
         for (std::size_t i = 0; i < std::min(names.size(), m_layout.units.size()); ++i) {
-            if (!m_layout.units[i].empty()) names[i] += " (" + m_layout.units[i] + ")";
+            const std::string& name = names[i];
+            const bool part = timePartOf(name) != TimePart::None || name == "MM" || name == "mm";
+            if (!m_layout.units[i].empty() && !part) names[i] += " (" + m_layout.units[i] + ")";
         }
         return names;
     }
@@ -211,6 +230,10 @@ class LayoutBuilder {
             time = {};
             time.columns = {0};
         }
+        // The numbers that rows without a time were given by an earlier load.
+        if (!m_wishes.timeColumns && time.columns.empty() && !names.empty() && names[0] == "Row" &&
+            rows.counts(0))
+            time.columns = {0};
         m_layout.timeColumns = time.columns;
         // Wished columns may lie behind those that the sample has.
         for (const std::size_t column : time.columns)
@@ -288,9 +311,10 @@ class LayoutBuilder {
         const bool timeFirst = layout.timeColumns.empty()
                                    ? !layout.names.empty() && namesTime(layout.names[0])
                                    : layout.timeColumns.size() == 1 && layout.timeColumns[0] == 0;
-        const bool whole = layout.unitsLine == 0 && layout.furtherTables.empty() &&
-                           layout.emptyColumns.empty() && layout.footerLines == 0 &&
-                           layout.comment.empty() &&
+        const std::size_t above = layout.headingsLine > 0 ? 1 : 0;
+        const bool whole = layout.headings.size() == above && layout.unitsLine == 0 &&
+                           layout.furtherTables.empty() && layout.emptyColumns.empty() &&
+                           layout.footerLines == 0 && layout.comment.empty() &&
                            (layout.names.empty() || m_kindsUsed <= layout.names.size());
         return top && timeFirst && whole && !layout.timeParts && !layout.mixedDecimals &&
                !layout.groupingPoints && layout.dialect == plainDialect() &&

@@ -25,6 +25,10 @@ std::string listed(const std::vector<Number>& numbers, Number add, const char* l
     return text;
 }
 
+std::string counted(std::int64_t count, const std::string& thing) {
+    return std::to_string(count) + ' ' + thing + (count == 1 ? "" : "s");
+}
+
 std::string timeSummary(const TextLayout& layout) {
     if (layout.timeColumns.empty()) return "no time, rows are counted";
     const bool one = layout.timeColumns.size() == 1;
@@ -64,13 +68,16 @@ char separatorOf(std::string_view name) {
 }
 
 std::string layoutSummary(const TextLayout& layout) {
-    if (layout.plain || !layout.notATable.empty()) return {};
-    std::vector<std::string> parts = {headingsSummary(layout), timeSummary(layout)};
-    if (layout.dialect.separator != ',')
+    if (!layout.notATable.empty()) return {};
+    std::vector<std::string> parts;
+    if (!layout.plain) parts = {headingsSummary(layout), timeSummary(layout)};
+    if (!layout.plain && layout.dialect.separator != ',')
         parts.push_back("separated by " + separatorName(layout.dialect.separator));
     if (layout.unitsLine > 0)
         parts.push_back("units from line " + std::to_string(layout.unitsLine));
-    if (layout.groupingPoints) {
+    if (layout.plain) {
+        // as the user writes them
+    } else if (layout.groupingPoints) {
         parts.emplace_back("points group thousands");
     } else if (layout.decimal == ',') {
         parts.emplace_back("decimal comma");
@@ -84,11 +91,23 @@ std::string layoutSummary(const TextLayout& layout) {
     if (!layout.furtherTables.empty())
         parts.push_back("further tables from line " +
                         listed<std::int64_t>(layout.furtherTables, 0, " and "));
+    if (layout.footerLines > 0)
+        parts.push_back(counted(layout.footerLines, "line") + " behind the data left out");
+    if (!layout.comment.empty() && layout.comment != "#")
+        parts.push_back("lines with " + layout.comment + " left out");
+    if (layout.dialect.quote == '\'') parts.emplace_back("quoted with '");
+    if (layout.dialect.blanks && layout.dialect.separator != Dialect::kBlankRuns)
+        parts.emplace_back("fields padded with blanks");
+    if (!layout.emptyColumns.empty())
+        parts.push_back(counted(static_cast<std::int64_t>(layout.emptyColumns.size()), "column") +
+                        " without name or value left out");
     std::string text;
     for (const std::string& part : parts) {
         if (part.empty()) continue;
         text += (text.empty() ? "" : ", ") + part;
     }
+    if (!layout.plain && text.empty())
+        text = "data from line " + std::to_string(layout.firstDataLine);
     if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
         text[0] = static_cast<char>(text[0] - 32);
     return text;
@@ -99,7 +118,8 @@ std::vector<std::pair<std::string, std::string>> layoutFacts(const TextLayout& l
     const auto add = [&facts](const char* key, std::string value) {
         facts.emplace_back(key, std::move(value));
     };
-    add("layout", layout.plain ? "plain" : layoutSummary(layout));
+    const std::string summary = layoutSummary(layout);
+    add("layout", !layout.plain ? summary : summary.empty() ? "plain" : "plain; " + summary);
     add("encoding", layout.encoding);
     add("separator", separatorName(layout.dialect.separator));
     add("decimal", std::string(1, layout.decimal));

@@ -10,7 +10,7 @@
 namespace pellam {
 
 /// What is out of the ordinary in a layout, as one line for a person: "Headings from line 5, time
-/// from columns 1 and 2, decimal comma". Empty for a plain layout.
+/// from columns 1 and 2, decimal comma". Empty where there is nothing to tell of a plain layout.
 [[nodiscard]] std::string layoutSummary(const TextLayout& layout);
 
 /// The layout as keys and values, in the words of the options that change it; lines and columns

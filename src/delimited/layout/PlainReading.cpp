@@ -52,6 +52,8 @@ std::optional<std::size_t> plainData(const SampleRecords& records) {
         } else if (!fits) {
             ++ragged;
         }
+        // Lines of a description stand first.
+        if (count == 2 && odd == 2) return std::nullopt;
     }
     // Few enough to be accidents; one of a short file is. Rows that begin with their time belong to
     // the table, whatever they end in.

@@ -176,6 +176,23 @@ bool isCompactDate(std::string_view text, const Shape& shape) {
            std::string_view("_T: -").find(shape.before[1]) != std::string_view::npos;
 }
 
+// "1987-01", "1/1987", "Jan 1987", "Jan-87"
+bool isYearMonth(std::string_view text, const Shape& shape) {
+    if (text.size() < 6) return false;
+    const auto isYear = [](std::string_view year) {
+        return year.starts_with("17") || year.starts_with("18") || year.starts_with("19") ||
+               year.starts_with("20");
+    };
+    const auto& d = shape.digits;
+    const bool marked = shape.before[1] == '-' || shape.before[1] == '/';
+    if (shape.month && shape.runs == 1 && shape.words == 1)
+        return (d[0] == 4 && (isYear(text) || isYear(text.substr(text.size() - 4)))) ||
+               (d[0] == 2 && shape.before[0] == '-');
+    if (shape.words > 0 || shape.runs != 2 || !marked) return false;
+    return (d[0] == 4 && d[1] <= 2 && isYear(text)) ||
+           (d[0] <= 2 && d[1] == 4 && isYear(text.substr(text.size() - 4)));
+}
+
 bool isTimeShape(std::string_view text) {
     // An interval is told by its start.
     if (const auto slash = text.find('/'); slash != std::string_view::npos && slash > 12)
@@ -186,6 +203,7 @@ bool isTimeShape(std::string_view text) {
     if (const auto comma = text.find(',');
         comma != std::string_view::npos && text.find_first_of(".,", comma + 1) < text.size())
         return false;
+    if (isYearMonth(text, shape)) return true;
     if (shape.month) return shape.runs >= 2 && (isDigit(text[0]) || shape.words <= 3);
     return isClockAt(shape, 0) || isDateAt(shape) || isCompactDate(text, shape);
 }
@@ -193,10 +211,14 @@ bool isTimeShape(std::string_view text) {
 } // namespace
 
 bool isMissingText(std::string_view field) {
-    static constexpr std::array<std::string_view, 18> kTexts = {
-        "nan", "null", "na",   "n/a", "none", "nil",  "m",    "mm",   "-",
-        "--",  "---",  "----", "?",   "inf",  "-inf", "n.a.", "#n/a", "1.#qnan"};
-    if (field.size() > 8) return false;
+    static constexpr std::array<std::string_view, 13> kTexts = {
+        "nan", "null", "na",   "n/a",  "none", "nil",    "m",
+        "mm",  "inf",  "-inf", "n.a.", "#n/a", "1.#qnan"};
+    if (field.empty() || field.size() > 8) return false;
+    // "---", "***", "?"
+    if (field.find_first_not_of(field[0]) == std::string_view::npos &&
+        std::string_view("-*?.").find(field[0]) != std::string_view::npos)
+        return true;
     return std::any_of(kTexts.begin(), kTexts.end(),
                        [&](std::string_view text) { return sameWord(field, text); });
 }

@@ -44,6 +44,24 @@ SampleRecords::SampleRecords(std::string_view text, const Dialect& dialect) : m_
         }
         m_records.push_back(record);
     }
+    markFillers();
+}
+
+// A word that stands alone between all rows, such as "<br>", is no more than a blank line.
+void SampleRecords::markFillers() {
+    std::string_view filler;
+    std::size_t count = 0;
+    for (std::size_t i = 2; i < m_records.size(); ++i) {
+        const SampleRecord& record = m_records[i];
+        if (record.fields != 1 || record.texts != 1 || record.text != m_records[i - 2].text ||
+            record.text == m_records[i - 1].text)
+            continue;
+        filler = record.text;
+        ++count;
+    }
+    if ((count + 1) * 3 < m_records.size() || count == 0) return;
+    for (SampleRecord& record : m_records)
+        record.blank = record.blank || record.text == filler;
 }
 
 // Takes the record apart; true when a quoted field is still open at its end.

@@ -28,7 +28,7 @@ struct SampleRecord {
     std::size_t fields = 0;   ///< as the separators have them
     std::size_t readings = 0; ///< numbers and times among them
     std::size_t texts = 0;    ///< fields that are neither, nor absent
-    bool blank = false;       ///< nothing but blanks and separators
+    bool blank = false;       ///< nothing but blanks and separators, or a word that parts all rows
 
     /// Fields up to the last that is not empty.
     std::size_t used = 0;
@@ -65,6 +65,7 @@ class SampleRecords {
   private:
     void addRecord(std::string_view text);
     bool addFields(SampleRecord& record);
+    void markFillers();
 
     Dialect m_dialect;
     std::vector<SampleRecord> m_records;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <optional>
 
 namespace pellam {
@@ -24,8 +25,15 @@ struct Segment {
 struct Difference {
     std::size_t same = 0;   ///< readings in both
     std::size_t flips = 0;  ///< a reading here, a text there; a time against a number counts, too
+    std::ptrdiff_t net = 0; ///< flips to a text less those to a reading
+    std::size_t kept = 0;   ///< kinds of any sort that are the same in both
     std::size_t times = 0;  ///< times in both
     std::size_t broken = 0; ///< a time here, something else there
+
+    /// Flips as they come in columns of codes ("7F", "80"): to and fro.
+    [[nodiscard]] bool ofCodes() const {
+        return broken == 0 && static_cast<std::size_t>(std::abs(net)) < kept;
+    }
 };
 
 class TableSearch {
@@ -77,10 +85,12 @@ class TableSearch {
             if (isAbsent(x) || isAbsent(y)) continue;
             const bool time = x == FieldKind::Time || y == FieldKind::Time;
             if (x == y || (isNumber(x) && isNumber(y))) {
+                ++difference.kept;
                 difference.same += isReading(x);
                 difference.times += time;
             } else {
                 ++difference.flips;
+                difference.net += isReading(x) - isReading(y);
                 difference.broken += time;
             }
         }
@@ -91,10 +101,11 @@ class TableSearch {
         const SampleRecord& left = m_records[a];
         const SampleRecord& right = m_records[b];
         if (left.fields != right.fields) return false;
-        if (left.readings == 0 && right.readings == 0) return true;
+        if (left.readings == 0 || right.readings == 0) return left.readings == right.readings;
         const Difference difference = compare(a, b);
         const std::size_t readings = std::max(left.readings, right.readings);
-        return 2 * (difference.flips + difference.broken) < readings || difference.flips == 0;
+        return 2 * (difference.flips + difference.broken) < readings || difference.flips == 0 ||
+               difference.ofCodes();
     }
 
     void makeSegments() {
@@ -172,7 +183,8 @@ class TableSearch {
     }
 
     [[nodiscard]] bool goesOnInto(std::size_t index, std::size_t chosen) const {
-        return !m_segments[index + 1].afterBlank && hasTimesOf(index, chosen);
+        if (m_segments[index + 1].afterBlank) return false;
+        return hasTimesOf(index, chosen) || alike(middleOf(index), middleOf(chosen));
     }
 
     // Takes in the segments behind the table up to where another one begins.
@@ -212,7 +224,7 @@ class TableSearch {
                               const SampleTable& table) const {
         const Difference difference = compare(middleOf(index), middleOf(chosen));
         if (difference.broken > 0 || difference.same == 0) return false;
-        if (difference.flips > difference.same / 2) return false;
+        if (difference.flips > difference.same / 2 && !difference.ofCodes()) return false;
         const std::size_t fields = m_records[m_segments[index].first].fields;
         const bool hasTime =
             std::find(table.kinds.begin(), table.kinds.end(), FieldKind::Time) != table.kinds.end();

@@ -76,6 +76,7 @@ Failure TextSample::read(const std::string& path) {
     TextSource source;
     if (Failure failure = source.open(path)) return failure;
     fileSize = source.fileSize();
+    utf16 = source.isUtf16();
     const bool whole = fileSize <= static_cast<std::int64_t>(2 * kSize);
     const auto fill = [&source](std::string& text, std::size_t size) {
         text.resize(size + 16);

@@ -18,6 +18,7 @@ struct TextSample {
     std::string tail; ///< whole lines from the end; empty where the head is the whole file
     std::int64_t fileSize = 0;
     std::int64_t tailAt = -1; ///< offset of the tail in the file; -1 where it can't be told
+    bool utf16 = false;       ///< the file is UTF-16, the sample UTF-8
     bool cutLine = false;     ///< the head's only line goes on behind it: the head is a part of it
 
     /// Reads the file's two ends. A failure to open or to read leaves the sample empty.

@@ -37,12 +37,17 @@ void addNumbers(TimeCandidates& candidates) {
         const bool year = timePartOf(rows.name(column)) == TimePart::Year;
         if (!named && !year && ++unnamed > kUnnamed) continue;
         if (namesCount(rows.name(column)) && !named) continue;
+        // "101230.40" for 10:12:30.4
+        if (named && rows.isDigits(column, 6))
+            candidates.addRead(timeOf(column, *TimeForm::parse("HHmmss"), false), 0.5);
         const TimeFinding finding = candidates.find(rows.texts({column}));
         const auto [least, most] = rows.range(column);
         if (year && least >= kFirstYear && most <= kLastYear && rows.rises(column))
             candidates.add(timeOf(column, *TimeForm::parse("decimal-year"), false), 0.1);
         if (!finding.convincing()) continue;
         const auto kind = finding.form.kind();
+        // "198701" may be any number, unless a heading tells.
+        if (!named && rows.isDigits(column, 6)) continue;
         if (kind == TimeForm::Kind::Epoch || kind == TimeForm::Kind::Calendar) {
             candidates.add(timeOf(column, finding.form, true), named ? 0.75 : 0.55);
         } else if (kind == TimeForm::Kind::DecimalYear && (named || year || !rows.hasNames())) {

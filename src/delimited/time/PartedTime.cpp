@@ -89,8 +89,9 @@ class PartSearch {
         const std::size_t count =
             std::min<std::size_t>(m_rows.hasNames() ? m_rows.columns() : 0, 40);
         for (std::size_t column = 0; column < count; ++column) {
-            if (!isNumber(m_rows.kind(column))) continue;
             auto part = timePartOf(m_rows.name(column));
+            const bool word = part == TimePart::Month && m_rows.kind(column) == FieldKind::Text;
+            if (!isNumber(m_rows.kind(column)) && !word) continue;
             // "MM" names months, and behind hours minutes.
             if (m_rows.name(column) == "MM" || m_rows.name(column) == "mm") {
                 part = columns[index(TimePart::Hour)] != kNone ? TimePart::Minute : TimePart::Month;
@@ -168,7 +169,7 @@ class PartSearch {
         for (std::size_t column = 0; column < 3 && year == kNone; ++column) {
             if (m_rows.kind(column) != FieldKind::Number) continue;
             const auto [least, most] = m_rows.range(column);
-            if (least >= 1900 && most <= 2100) year = column;
+            if (least >= 1750 && most <= 2100) year = column;
         }
         if (year == kNone) return;
         static const std::vector<std::vector<TimePart>> kOrders = {
@@ -183,23 +184,38 @@ class PartSearch {
             {Month, Day}};
         double base = 0.95;
         for (const auto& order : kOrders) {
-            std::vector<std::pair<TimePart, std::size_t>> parts = {{Year, year}};
-            bool fits = true;
-            for (std::size_t i = 0; i < order.size() && fits; ++i) {
-                const std::size_t column = year + 1 + i;
-                const auto [least, most] = m_rows.range(column);
-                const auto [low, high] = limitsOf(order[i]);
-                fits = least >= low && most <= high;
-                if (order[i] == HourMinute) fits = fits && most > 60 && m_rows.minutesFit(column);
-                const bool passed =
-                    order[i] == DayOfYear && i + 1 < order.size() && order[i + 1] == Month;
-                if (!passed) parts.emplace_back(order[i], column);
-            }
-            const bool dayTwice = order[0] == DayOfYear && order.size() > 1 && order[1] == Month;
-            if (dayTwice) fits = fits && m_rows.daysAgree(year);
-            if (fits) tryParts(parts, dayTwice ? base + 0.1 : base);
+            tryOrder({{Year, year}}, order, year + 1, base);
             base -= 0.01;
         }
+        if (year != 2) return;
+        for (const auto& order :
+             {std::vector{Hour, Minute, Second}, {Hour, Minute}, {HourMinute}, {Hour}, {}}) {
+            for (const std::size_t month : {0U, 1U}) {
+                if (fits(Month, month) && fits(Day, 1 - month))
+                    tryOrder({{Year, 2}, {Month, month}, {Day, 1 - month}}, order, 3, base);
+            }
+            base -= 0.01;
+        }
+    }
+
+    [[nodiscard]] bool fits(TimePart part, std::size_t column) const {
+        const auto [least, most] = m_rows.range(column);
+        const auto [low, high] = limitsOf(part);
+        return least >= low && most <= high &&
+               (part != TimePart::HourMinute || (most > 60 && m_rows.minutesFit(column)));
+    }
+
+    // The parts that are known, and more of them in the columns from a given one on.
+    void tryOrder(std::vector<std::pair<TimePart, std::size_t>> parts,
+                  const std::vector<TimePart>& order, std::size_t column, double base) {
+        using enum TimePart;
+        const bool dayTwice = order.size() > 1 && order[0] == DayOfYear && order[1] == Month;
+        if (dayTwice && !m_rows.daysAgree(column - 1)) return;
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            if (!fits(order[i], column + i)) return;
+            if (!dayTwice || i > 0) parts.emplace_back(order[i], column + i);
+        }
+        tryParts(parts, dayTwice ? base + 0.1 : base);
     }
 
     [[nodiscard]] bool namesAnyTime() const {

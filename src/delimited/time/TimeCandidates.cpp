@@ -62,7 +62,11 @@ double TimeCandidates::order(const std::vector<std::string>& texts, const TimeFo
 }
 
 void TimeCandidates::add(TimeColumns time, const std::vector<std::string>& texts, double base) {
-    double score = base + 0.3 * order(texts, time.form);
+    const auto blank = std::count_if(texts.begin(), texts.end(), [](const std::string& text) {
+        return text.find_first_not_of(' ') == std::string::npos;
+    });
+    const double filled = 1 - static_cast<double>(blank) / static_cast<double>(texts.size());
+    double score = (base + 0.3 * order(texts, time.form)) * filled * filled;
     const bool named = std::any_of(time.columns.begin(), time.columns.end(),
                                    [&](std::size_t c) { return namesTime(m_rows.name(c)); });
     if (named) score += 0.1;
@@ -84,7 +88,9 @@ TimeForm TimeCandidates::addTexts(const std::vector<std::size_t>& columns, doubl
     TimeColumns time;
     time.columns = columns;
     time.form = finding.form;
-    time.parts = intervalStart(first).size() < first.size();
+    time.parts = intervalStart(first).size() < first.size() ||
+                 std::all_of(columns.begin(), columns.end(),
+                             [this](std::size_t c) { return isNumber(m_rows.kind(c)); });
     time.guessed = finding.ambiguous();
     time.other = finding.other;
     add(std::move(time), texts, base);

@@ -36,6 +36,12 @@ class TimeCandidates {
     /// when eight in ten can't be read.
     TimeForm addTexts(const std::vector<std::size_t>& columns, double base);
 
+    /// Whether consecutive rows follow each other by even steps.
+    [[nodiscard]] bool isSteady(const std::vector<std::size_t>& columns,
+                                const TimeForm& form) const {
+        return order(m_rows.texts(columns), form) > 0.98;
+    }
+
     /// Adds times of a form that is known if nine in ten of them can be read.
     void addRead(TimeColumns time, double base);
 

@@ -54,7 +54,7 @@ class TimeSearch {
         for (const auto& [date, form] : m_texts) {
             if (form.kind() != TimeForm::Kind::Calendar || hasClock(form)) continue;
             for (const auto& [clock, clockForm] : m_texts) {
-                if (isTimeOfDay(clockForm))
+                if (isTimeOfDay(clockForm) && !isOtherClock(date, form, clock))
                     m_candidates.addTexts({date, clock}, clock > date ? 0.98 : 0.96);
             }
             addClockNumber(date, form);
@@ -63,6 +63,9 @@ class TimeSearch {
         // Dates in digits alone: 20170408.
         for (std::size_t column = 0; column < std::min(kDateColumns, m_rows.columns()); ++column) {
             if (m_rows.kind(column) != FieldKind::Number) continue;
+            if (m_rows.isDigits(column, 6) && m_rows.isDigits(column + 1, 6) &&
+                namesTime(m_rows.name(column)))
+                m_candidates.addTexts({column, column + 1}, 1.0);
             if (m_rows.firstText(column).size() != 8) continue;
             const TimeFinding finding = m_candidates.find(m_rows.texts({column}));
             if (!finding.convincing() || finding.form.kind() != TimeForm::Kind::Calendar) continue;
@@ -71,6 +74,13 @@ class TimeSearch {
                 if (isTimeOfDay(clockForm)) m_candidates.addTexts({column, clock}, 1.0);
             }
         }
+    }
+
+    // The time of something within the day of a row: far from the date, which needs no clock.
+    [[nodiscard]] bool isOtherClock(std::size_t date, const TimeForm& form,
+                                    std::size_t clock) const {
+        return clock != date + 1 && date != clock + 1 && m_candidates.isSteady({date}, form) &&
+               !m_candidates.isSteady({date, clock}, *TimeForm::parse(form.name() + " HH:mm:ss"));
     }
 
     // Hours, or hours and minutes as one number, in the column behind a date.
@@ -86,10 +96,14 @@ class TimeSearch {
         const std::string_view name = m_rows.name(clock);
         const TimePart part = timePartOf(name);
         if (most <= 24) {
-            if (part == TimePart::Hour) addPair(date, form, " H", true, -1);
+            const auto hours = TimeForm::parse(form.name() + " H");
+            if (part == TimePart::Hour ||
+                (!m_rows.hasNames() && hours && m_candidates.isSteady({date, clock}, *hours)))
+                addPair(date, form, " H", true, -1);
             return;
         }
-        const bool told = part == TimePart::HourMinute || namesTime(name) || !m_rows.hasNames();
+        const bool told = part == TimePart::HourMinute || part == TimePart::Hour ||
+                          namesTime(name) || !m_rows.hasNames();
         if (told && most > 60 && m_rows.minutesFit(clock)) addPair(date, form, " HHmm", true, 1);
     }
 

@@ -71,7 +71,9 @@ TimePart timePartOf(std::string_view heading) {
     if (words.size() >= 2 && words[0] == "julian" && words[1] == "day") return TimePart::DayOfYear;
     const auto* const found = std::find_if(
         kParts.begin(), kParts.end(), [&](const Word& word) { return word.first == words[0]; });
-    if (words.size() > 1 && words[1] != "utc" && words[1] != "lst" && words[1] != "gmt")
+    static constexpr std::array<std::string_view, 9> kZones = {"utc", "lst", "gmt", "ut", "pst",
+                                                               "mst", "cst", "est", "cet"};
+    if (words.size() > 1 && std::find(kZones.begin(), kZones.end(), words[1]) == kZones.end())
         return TimePart::None;
     return found == kParts.end() ? TimePart::None : found->second;
 }

@@ -57,7 +57,8 @@ std::pair<double, double> TimeRows::range(std::size_t column) const {
     double least = NAN;
     double most = NAN;
     for (const auto& row : m_rows) {
-        const std::string_view text = textAt(row, column);
+        std::string_view text = textAt(row, column);
+        if (text.ends_with(" UTC")) text.remove_suffix(4);
         double value = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
         if (error != std::errc() || end != text.data() + text.size() || value != std::floor(value))
@@ -80,8 +81,9 @@ bool TimeRows::minutesFit(std::size_t column) const {
 bool TimeRows::isDigits(std::size_t column, std::size_t digits) const {
     return std::all_of(m_rows.begin(), m_rows.end(), [&](const auto& row) {
         const std::string_view text = textAt(row, column);
-        return text.size() == digits &&
-               text.find_first_not_of("0123456789") == std::string_view::npos;
+        const std::string_view whole = text.substr(0, text.find('.'));
+        return whole.size() == digits &&
+               whole.find_first_not_of("0123456789") == std::string_view::npos;
     });
 }
 
@@ -119,6 +121,14 @@ std::vector<double> TimeRows::values(std::size_t column) const {
         if (error == std::errc() && end != begin) numbers.push_back(value);
     }
     return numbers;
+}
+
+bool TimeRows::counts(std::size_t column) const {
+    const std::vector<double> numbers = values(column);
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (numbers[i] != static_cast<double>(i + 1)) return false;
+    }
+    return numbers.size() == m_consecutive;
 }
 
 bool TimeRows::rises(std::size_t column) const {

@@ -51,7 +51,7 @@ class TimeRows {
     /// Whether a column's last two digits may be minutes.
     [[nodiscard]] bool minutesFit(std::size_t column) const;
 
-    /// Whether a column is of texts of so many digits.
+    /// Whether a column is of numbers of so many digits before their decimals.
     [[nodiscard]] bool isDigits(std::size_t column, std::size_t digits) const;
 
     /// Whether a column is of times of day such as "18.00.00".
@@ -59,6 +59,9 @@ class TimeRows {
 
     /// Whether year, day of the year, month and day stand side by side and name one day.
     [[nodiscard]] bool daysAgree(std::size_t year) const;
+
+    /// Whether a column counts the rows from 1.
+    [[nodiscard]] bool counts(std::size_t column) const;
 
     /// Whether most numbers of a column are no less than those before them.
     [[nodiscard]] bool rises(std::size_t column) const;

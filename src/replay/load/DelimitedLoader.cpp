@@ -118,6 +118,8 @@ void DelimitedLoader::readRows(LineReader& reader, DelimitedColumns& columns,
     outcome.aborted = counter.aborted();
     outcome.passedOver = rows.passedOver();
     outcome.passedOver.addCutLines(reader);
+    const auto& further = rows.furtherHeadings();
+    m_layout.furtherTables.insert(m_layout.furtherTables.begin(), further.begin(), further.end());
     if (m_layout.footerLines > 0 && !outcome.aborted)
         outcome.passedOver.add(PassedOver::Cause::FooterLine, records.line(), m_layout.footerLines);
 }

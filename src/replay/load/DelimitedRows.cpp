@@ -1,6 +1,7 @@
 #include "replay/load/DelimitedRows.h"
 
 #include "delimited/sample/FieldSplitter.h"
+#include "delimited/sample/SampleRecords.h"
 #include "delimited/time/TimeColumns.h"
 #include "grid/DecimalCell.h"
 #include "grid/TimeCell.h"
@@ -29,6 +30,12 @@ bool isDiscontinuity(std::string_view line) {
            line.find("Discontinuity") != std::string_view::npos;
 }
 
+// Whether a record begins as a number or a time does.
+bool isReadingFirst(std::string_view record) {
+    const std::size_t at = record.find_first_not_of(" \t\"'+-.");
+    return at == std::string_view::npos || (record[at] >= '0' && record[at] <= '9');
+}
+
 } // namespace
 
 DelimitedRows::DelimitedRows(const LoadContext& context, const TextLayout& layout,
@@ -41,7 +48,8 @@ DelimitedRows::DelimitedRows(const LoadContext& context, const TextLayout& layou
       m_timePlaces(columns.fields(), -1),
       m_timeTexts(layout.timeColumns.size()),
       m_colour(context.greyRows ? CellColour::Grey : CellColour::Black),
-      m_simple(isSimple(layout.dialect)) {
+      m_simple(isSimple(layout.dialect)),
+      m_watchesHeadings(layout.timeForm && layout.timeColumns[0] == 0) {
     for (std::size_t i = 0; i < layout.timeColumns.size(); ++i) {
         if (layout.timeColumns[i] < m_timePlaces.size())
             m_timePlaces[layout.timeColumns[i]] = static_cast<int>(i);
@@ -79,6 +87,18 @@ void DelimitedRows::DisplayDelimDetails(std::string_view record, std::int64_t li
     } else {
         placeAny(record);
     }
+    const bool digit = record[0] >= '0' && record[0] <= '9'; // as of most rows
+    if (m_watchesHeadings && !digit && !isReadingFirst(record)) watchHeadings(record, line);
+}
+
+// A row that is all names, in a file whose rows begin with their time or a number.
+void DelimitedRows::watchHeadings(std::string_view record, std::int64_t line) {
+    constexpr std::size_t kMost = 20;
+    if (m_furtherHeadings.size() >= kMost) return;
+    const SampleRecords records(record, m_layout.dialect);
+    if (records.size() == 1 && records[0].texts >= 2 && records[0].readings == 0 &&
+        records[0].texts * 2 >= m_columns.fields())
+        m_furtherHeadings.push_back(line);
 }
 
 // A column for a field behind those of the headings; kNone where the grid takes no more.

@@ -27,6 +27,11 @@ class DelimitedRows {
 
     [[nodiscard]] Row rows() const { return m_rows; }
 
+    /// Lines of rows that look like headings of further tables, up to 20 of them.
+    [[nodiscard]] const std::vector<std::int64_t>& furtherHeadings() const {
+        return m_furtherHeadings;
+    }
+
     [[nodiscard]] const PassedOver& passedOver() const { return m_passedOver; }
 
   private:
@@ -39,6 +44,7 @@ class DelimitedRows {
     [[nodiscard]] int columnFor(std::size_t field);
     Cell textCell(std::string_view field, int column);
     Cell numberCell(std::string_view number, Column& column);
+    void watchHeadings(std::string_view record, std::int64_t line);
 
     const LoadContext& m_context;
     const TextLayout& m_layout;
@@ -48,11 +54,13 @@ class DelimitedRows {
     std::vector<int> m_timePlaces;             ///< by field: its place in the time, or -1
     std::vector<std::string_view> m_timeTexts; ///< of the record at hand
     std::string m_previous;
+    std::vector<std::int64_t> m_furtherHeadings;
     PassedOver m_passedOver;
     std::int64_t m_line = 0; ///< first line of the record at hand
     Row m_rows = 0;
     CellColour m_colour;
-    bool m_simple; ///< FieldScanner knows the dialect
+    bool m_simple;          ///< FieldScanner knows the dialect
+    bool m_watchesHeadings; ///< rows begin with a time: one that doesn't may be of headings
 };
 
 } // namespace pellam

@@ -162,7 +162,7 @@ void CTrendView::showChart(TrendTable& table) {
     setUnits(table);
     m_stacked ? stackScales(*m_trend) : overlayScales(*m_trend);
     // Not as a step of the zoom history: there is nothing to go back to.
-    autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
+    if (!table.curves.empty()) autoScale(*m_trend, CMyTime::GetTrendCurrentTime());
     if (m_keepTimes && axis == table.xAxis) m_trend->showTimes(shown.min, shown.max);
     m_keepTimes = false;
     setCurrentRow(m_currentRow);
