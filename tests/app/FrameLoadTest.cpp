@@ -78,6 +78,7 @@ TEST_F(FrameLoadTest, ChangedCellsAreNotLostWithoutAQuestion) {
     frame.OnLoadSessionFromFile(file);
     EXPECT_EQ(cells.index(1, 1).data().toString(), u"4.25"_s);
     type("9");
+    untilIdle();
     give(Command::RevertToFile);
     EXPECT_EQ(cells.index(1, 1).data().toString(), u"4.25"_s);
     EXPECT_EQ(frame.windowTitle(), u"store.csv - Pellam"_s);
