@@ -5,6 +5,9 @@ if(CCACHE_PROGRAM)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# Compiled-in files without their time of change, so that two builds give the same bytes.
+set(CMAKE_AUTORCC_OPTIONS --format-version 1)
+
 function(pellam_compile_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wshadow -Wconversion)
   if(PELLAM_SANITIZE)

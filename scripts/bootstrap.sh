@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs the packages of Debian 12 or 13 that Pellam needs, only what is missing, without a question:
-# bootstrap.sh run (to build the program and use it) or bootstrap.sh test (all that working on it takes
-# besides, the default). This is the one list of them.
+# bootstrap.sh run (to build the program and use it), bootstrap.sh test (all that working on it takes
+# besides, the default) or bootstrap.sh package (to build the Debian package and check it). This is the one
+# list of them.
 set -euo pipefail
 
 packages=(
@@ -22,6 +23,16 @@ release=$(. /etc/os-release && echo "${VERSION_ID:-}")
 
 case ${1:-test} in
     run) ;;
+    package)
+        packages+=(
+            # the package's checks: as Debian, software centres and desktops see it
+            lintian appstream desktop-file-utils shared-mime-info xdg-utils
+            # its manual page and completions
+            man-db zsh
+            # releases
+            git
+        )
+        ;;
     test)
         packages+=(
             # the build's cache
@@ -39,7 +50,7 @@ case ${1:-test} in
         )
         ;;
     *)
-        echo "usage: bootstrap.sh [run|test]" >&2
+        echo "usage: bootstrap.sh [run|test|package]" >&2
         exit 2
         ;;
 esac

@@ -29,6 +29,13 @@ static void endWithoutWindow(QtMsgType type, const QMessageLogContext& context,
     std::_Exit(pellam::kFailed);
 }
 
+static pellam::CLumasetApp::First firstOf(pellam::FirstDialog dialog) {
+    using First = pellam::CLumasetApp::First;
+    return dialog == pellam::FirstDialog::File      ? First::AskForFile
+           : dialog == pellam::FirstDialog::Session ? First::AskForSession
+                                                    : First::LoadFile;
+}
+
 int main(int argc, char** argv) {
     using namespace pellam;
     std::signal(SIGPIPE, SIG_IGN); // a reader that goes away makes the write fail instead
@@ -54,6 +61,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "pellam: there is no settings file %s yet\n", line.settings.c_str());
     SettingsStore settings(named.isEmpty() ? SettingsStore::defaultPath() : named);
     CLumasetApp app(settings);
-    if (!app.InitInstance(QString::fromLocal8Bit(line.file.c_str()))) return kFailed;
+    if (!app.InitInstance(QString::fromLocal8Bit(line.file.c_str()), firstOf(line.dialog)))
+        return kFailed;
     return QApplication::exec();
 }

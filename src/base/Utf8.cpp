@@ -91,4 +91,23 @@ std::string toUtf8(std::string_view bytes) {
     return out;
 }
 
+std::string forTerminal(std::string_view text) {
+    std::string shown;
+    shown.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
+        const bool second = byte == 0xC2 && next >= 0x80 && next < 0xA0;
+        const bool first = (byte < ' ' && byte != '\n' && byte != '\t') || byte == 0x7F;
+        if (!first && !second) {
+            shown += text[i];
+            continue;
+        }
+        char replacement[4];
+        shown.append(replacement, appendUtf8(replacement, kReplacementCharacter));
+        if (second) ++i;
+    }
+    return shown;
+}
+
 } // namespace pellam

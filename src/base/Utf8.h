@@ -18,4 +18,8 @@ char* appendUtf8(char* out, unsigned codePoint);
 /// (its five unassigned bytes as the C1 controls of the same number).
 [[nodiscard]] std::string toUtf8(std::string_view bytes);
 
+/// A text for a terminal: control characters (C0 but for line feed and tab, DEL, and the C1 ones in
+/// UTF-8), which a terminal would obey, are U+FFFD. All other bytes stay.
+[[nodiscard]] std::string forTerminal(std::string_view text);
+
 } // namespace pellam

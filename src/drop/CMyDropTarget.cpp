@@ -1,6 +1,7 @@
 #include "drop/CMyDropTarget.h"
 
 #include "base/AtomicFile.h"
+#include "base/FileUrl.h"
 #include "base/MessageSink.h"
 #include "base/ProgressSink.h"
 #include "drop/FileDescriptor.h"
@@ -63,7 +64,9 @@ std::optional<FileDescriptor> firstDescriptor(const QMimeData& data) {
 /// Path of the first of dropped files; empty when it is none on this machine.
 QString firstFile(const QMimeData& data) {
     const auto urls = data.urls();
-    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+    if (urls.isEmpty()) return {};
+    const auto file = localFileOf(urls.first().toEncoded().toStdString());
+    return file ? QFile::decodeName(file->c_str()) : QString();
 }
 
 /// A text in one line of printable characters.

@@ -36,7 +36,8 @@ bool isDevice(const QString& name) {
 } // namespace
 
 bool IncomingFile::isFileName(const QString& name) {
-    if (name.isEmpty() || name == u"." || name == u"..") return false;
+    // With a point in front a name may be one that other programs read unasked.
+    if (name.isEmpty() || name.startsWith(u'.')) return false;
     if (QFile::encodeName(name).size() > kLongestName) return false;
     for (const QChar c : name) {
         if (c == u'/' || c == u'\\' || c.category() == QChar::Other_Control) return false;

@@ -135,6 +135,14 @@ TEST_F(BatchTest, ALineThatTheFileDoesNotHaveIsSaid) {
                      "its layout.\n");
 }
 
+TEST_F(BatchTest, AFileCommandsNoTerminal) {
+    m_folder.write("esc.csv", "Time,\x1B]0;title\a (\x1B[31mm)\n2008/02/25 11:53:15,1\n");
+    EXPECT_EQ(run("--info esc.csv"), 0) << m_err;
+    EXPECT_NE(m_out.find("\uFFFD]0;title\uFFFD (\uFFFD[31mm)"), std::string::npos) << m_out;
+    EXPECT_EQ(run("--info \"$(printf 'no\\033[31m.csv')\""), 1);
+    EXPECT_EQ((m_out + m_err).find('\x1B'), std::string::npos) << m_err;
+}
+
 TEST_F(BatchTest, StandardOutputThatCanNotBeWritten) {
     EXPECT_EQ(run("--info mast.csv >&-"), 1);
     EXPECT_EQ(m_err, "standard output can not be written: Bad file descriptor.\n");

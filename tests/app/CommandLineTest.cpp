@@ -31,6 +31,8 @@ std::string print(const CommandLine& line) {
     std::string text;
     const auto add = [&text](const std::string& word) { text += (text.empty() ? "" : " ") + word; };
     if (line.wantsWindow()) add("window");
+    if (line.dialog == FirstDialog::File) add("asks for a file");
+    if (line.dialog == FirstDialog::Session) add("asks for a session");
     if (line.help) add("help");
     if (line.version) add("version");
     if (line.info) add("info");
@@ -113,6 +115,13 @@ TEST(CommandLine, IsReadAs) {
         {"-platform offscreen -style=Fusion a", "window file:a"},
         {"--exprot a.csv x", "--exprot is no option of this program"},
         {"--exprot --help", "--exprot is no option of this program"},
+        {"--open", "window asks for a file"},
+        {"--open-session --settings s.ini", "window asks for a session settings:s.ini"},
+        {"--open a.dlr", "a.dlr has no use beside --open"},
+        {"--open --open-session", "--open-session is one dialog too many"},
+        {"--open --export a.csv x", "--open needs a window, and what stands beside it opens none"},
+        {"-- file:///a%25b%20c/%2D-x.dlr", "window file:/a%b c/--x.dlr"},
+        {"-- http://host/a.dlr", "window file:http://host/a.dlr"},
         {"a b", "b is one file too many, only one can be loaded"},
         {"''", "FILE has an empty name"},
         {"x --export", "--export needs a value"},

@@ -217,6 +217,19 @@ TEST_F(FrameExportTest, AFileThatNoProgramOpensIsSaid) {
     EXPECT_EQ(text(out), kCsv);
 }
 
+TEST_F(FrameExportTest, AFileThatIsNoTableByItsNameIsNeverHandedOver) {
+    start(csv());
+    Desktop desktop;
+    const auto out = path("a.desktop");
+    std::string message;
+    DialogScript dialogs;
+    dialogs.then<QFileDialog>(save(out)).thenMessage(&message);
+    give(Command::ViewSpreadsheet);
+    EXPECT_TRUE(message.starts_with("Warning: No program could open ")) << message;
+    EXPECT_EQ(text(out), kCsv);
+    EXPECT_EQ(desktop.opened(0), "");
+}
+
 TEST_F(FrameExportTest, MoreRowsThanASpreadsheetTakesAreAskedFor) {
     Desktop desktop;
     startWithRows(65536);

@@ -151,9 +151,10 @@ TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnoth
 
     const std::string before = m_folder.list();
     const std::string tooLong(251, 'n');
-    for (const char* name : {tooLong.c_str(), "../up.dlr", "/etc/x.dlr", "sub/x.dlr", "..\\up.dlr",
-                             "C:\\x.dlr", "c:x.dlr", "..", ".", "a\nb.dlr", "a\x1B[2J.dlr",
-                             "a\x7F.dlr", "NUL", "con.dlr", "Lpt1 .dlr", "com9", "aux...", ""}) {
+    for (const char* name :
+         {tooLong.c_str(), "../up.dlr", "/etc/x.dlr", "sub/x.dlr", "..\\up.dlr", ".profile",
+          "C:\\x.dlr", "c:x.dlr", "..", ".", "a\nb.dlr", "a\x1B[2J.dlr", "a\x7F.dlr", "NUL",
+          "con.dlr", "Lpt1 .dlr", "com9", "aux...", ""}) {
         EXPECT_EQ(dropVirtual(name, "contents"), "failed") << name;
         EXPECT_EQ(m_dropped, "");
         EXPECT_EQ(m_folder.list(), before) << name;

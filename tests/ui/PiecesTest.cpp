@@ -72,6 +72,30 @@ TEST(ToolkitStyleTest, CheckBoxStatesLookDifferentOnEveryBackground) {
     }
 }
 
+TEST(ToolkitStyleTest, TextsOfFilesAreNeverTakenForMarkup) {
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle(new ToolkitStyle);
+    const QString text = u"<b>bold</b><img src='file:///x.png'><a href='http://x'>x</a>"_s;
+    QWidget window;
+    auto* label = new QLabel(text, &window);
+    auto* own = new QLabel(text, &window);
+    own->setTextFormat(Qt::RichText); // who wants markup says so
+    window.show();
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    EXPECT_EQ(own->textFormat(), Qt::RichText);
+    QToolTip::showText({10, 10}, text, &window);
+    int tips = 0;
+    for (auto* widget : QApplication::topLevelWidgets()) {
+        if (!widget->inherits("QTipLabel")) continue;
+        ++tips;
+        EXPECT_EQ(qobject_cast<QLabel*>(widget)->textFormat(), Qt::PlainText);
+        EXPECT_EQ(qobject_cast<QLabel*>(widget)->text(), text);
+    }
+    EXPECT_EQ(tips, 1);
+    QToolTip::hideText();
+    QApplication::setStyle(before);
+}
+
 TEST(FolderEditTest, TypedTextBecomesAPath) {
     const QString home = QDir::homePath();
     const Table<QString, QString> rows = {

@@ -37,7 +37,8 @@ void occupyStandardStreams() {
 }
 
 /// Writes to standard output; nothing on success.
-Failure writeOut(const std::string& text) {
+Failure writeOut(const std::string& content) {
+    const std::string text = forTerminal(content);
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     if (written && std::fflush(stdout) == 0) return {};
     return Failure::fromErrno(Failure::Kind::Write, "standard output", errno);

@@ -22,14 +22,18 @@ std::string CommandLine::usage() {
     return "usage: pellam [OPTIONS] [FILE]; pellam --help lists the options";
 }
 
+std::string CommandLine::statusText() {
+    return "0 done\n"
+           "1 a failure was reported, or nothing could be loaded or written\n"
+           "2 wrong usage\n";
+}
+
 std::string CommandLine::helpText() {
     return "pellam [OPTIONS] [FILE]        opens the window, and FILE in it when named\n\n" +
-           commandHelp() + R"(
-Several of these may be given in one call; FILE or the session is loaded once.
-
-Exit status: 0 done; 1 a failure was reported, or nothing could be loaded or
-written; 2 wrong usage.
-)";
+           commandHelp() +
+           "\nSeveral of these may be given in one call; FILE or the session is loaded once.\n"
+           "\nExit status:\n" +
+           statusText();
 }
 
 } // namespace pellam

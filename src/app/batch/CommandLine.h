@@ -15,12 +15,16 @@ struct SessionOptions {
     std::vector<std::string> replays; ///< files to keep the replay text in, ".dlr"
 };
 
+/// What a window asks for as soon as it is open.
+enum class FirstDialog { None, File, Session };
+
 /// What the person asked for when the program was started.
 struct CommandLine {
     std::string error; ///< why the usage is wrong, one sentence; empty when it is right
     bool help = false;
     bool version = false;
     bool info = false;
+    FirstDialog dialog = FirstDialog::None;
     std::string file;                 ///< the file to load; empty when none is named
     std::string settings;             ///< settings file to use; empty for the user's own
     std::string channels;             ///< patterns separated by commas; empty for all channels
@@ -47,6 +51,8 @@ struct CommandLine {
 
     /// One line: how the program is called.
     static std::string usage();
+    /// What the program's exit status tells, a meaning a line: "0 done".
+    static std::string statusText();
     /// All options, for --help.
     static std::string helpText();
 };

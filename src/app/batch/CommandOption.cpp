@@ -18,6 +18,12 @@ constexpr CommandOption kOptions[] = {
     {"--settings", "INI", "", "use this settings file",
      [](CommandReader& reader) { reader.takeText(reader.line().settings); }},
 
+    {"", "", "", "With a window that asks at once what to load:"},
+    {"--open", "", "", "open the dialog for a file",
+     [](CommandReader& reader) { reader.takeDialog(FirstDialog::File); }},
+    {"--open-session", "", "", "open the dialog for a session of a database",
+     [](CommandReader& reader) { reader.takeDialog(FirstDialog::Session); }},
+
     {"", "", "", "Without a window; messages go to standard error, nothing is asked:"},
     {"--export", "OUT.csv|OUT.txt", "",
      "write the grid as comma- or tab-separated text; an existing file is replaced, '-' is "

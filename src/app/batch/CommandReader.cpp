@@ -1,6 +1,7 @@
 #include "app/batch/CommandReader.h"
 
 #include "base/FileName.h"
+#include "base/FileUrl.h"
 #include "database/sessions/SessionTime.h"
 #include "export/GridWriter.h"
 
@@ -73,6 +74,7 @@ CommandLine CommandReader::read() {
     if (!finished()) {
         checkNeeds();
         checkSession();
+        checkDialog();
         checkFile();
     }
     return std::move(m_line);
@@ -92,7 +94,7 @@ void CommandReader::takeFile(std::string_view file) {
     } else if (!m_line.file.empty()) {
         fail(file, "is one file too many, only one can be loaded");
     } else {
-        m_line.file = file;
+        m_line.file = localFileOf(file).value_or(std::string(file)); // desktops hand URLs over
     }
 }
 
@@ -174,6 +176,11 @@ void CommandReader::takeTime(CTime& time) {
     if (isFirst()) time = *read;
 }
 
+void CommandReader::takeDialog(FirstDialog dialog) {
+    if (m_line.dialog != FirstDialog::None) return fail(m_name, "is one dialog too many");
+    m_line.dialog = dialog;
+}
+
 void CommandReader::takeSize() {
     if (!isFirst()) return;
     const char* const end = m_value.data() + m_value.size();
@@ -218,6 +225,14 @@ void CommandReader::checkSession() {
         fail("--session", "needs --export, --info, --print, --chart or --dump-replay beside it");
     }
     if (replays && !session) fail("--dump-replay", "needs --dsn and --session beside it");
+}
+
+void CommandReader::checkDialog() {
+    if (m_line.dialog == FirstDialog::None) return;
+    const std::string_view option =
+        m_line.dialog == FirstDialog::File ? "--open" : "--open-session";
+    if (!m_line.wantsWindow()) fail(option, "needs a window, and what stands beside it opens none");
+    if (!m_line.file.empty()) fail(m_line.file, "has no use beside " + std::string(option));
 }
 
 void CommandReader::checkFile() {

@@ -37,6 +37,8 @@ class CommandReader {
     /// The form of exports whose name does not tell it.
     void takeFormat();
     void takeTime(CTime& time);
+    /// What the window asks for; one of these alone.
+    void takeDialog(FirstDialog dialog);
     /// The size of the chart.
     void takeSize();
     /// Something of a text's layout.
@@ -53,6 +55,7 @@ class CommandReader {
     bool isFirst();
     void checkNeeds();
     void checkSession();
+    void checkDialog();
     void checkFile();
 
     CommandLine m_line;

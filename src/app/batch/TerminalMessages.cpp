@@ -1,6 +1,7 @@
 #include "app/batch/TerminalMessages.h"
 
 #include "app/batch/TerminalProgress.h"
+#include "base/Utf8.h"
 
 #include <cstdio>
 #include <string>
@@ -17,7 +18,7 @@ void TerminalMessages::show(std::string_view text) {
     m_spoke = true;
     m_failed = m_failed || !remark;
     m_progress.finish();
-    const std::string line = std::string(text) + '\n';
+    const std::string line = forTerminal(text) + '\n';
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 

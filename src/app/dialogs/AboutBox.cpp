@@ -23,6 +23,7 @@ AboutBox::AboutBox(const QIcon& icon, QWidget* parent) : QDialog(parent) {
                       "<p>Free software under the MIT licence; it comes without any warranty.<br>"
                       "Uses Qt %2 under the GNU Lesser General Public License, version 3.</p>")
                        .arg(QStringLiteral(PELLAM_VERSION), QString::fromUtf8(qVersion())));
+    text->setTextFormat(Qt::RichText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setObjectName(QStringLiteral("aboutText"));
 

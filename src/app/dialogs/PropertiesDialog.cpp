@@ -55,7 +55,7 @@ void PropertiesDialog::fill(const std::vector<FileFact>& facts, const QString& m
         // A file's bytes need not be UTF-8.
         const auto value = QString::fromStdString(toUtf8(fact.value));
         auto* item = new QTreeWidgetItem(m_list, {name, value});
-        item->setToolTip(1, value.toHtmlEscaped());
+        item->setToolTip(1, value);
         if (!chosen) continue;
         item->setSelected(true);
         if (m_list->selectedItems().size() == 1)

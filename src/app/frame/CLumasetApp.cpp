@@ -16,12 +16,13 @@ CLumasetApp::CLumasetApp(SettingsStore& settings) : m_settings(settings) {}
 
 CLumasetApp::~CLumasetApp() = default;
 
-bool CLumasetApp::InitInstance(const QString& file) {
+bool CLumasetApp::InitInstance(const QString& file, First first) {
     // Without it, the toolkit takes the root folder for the user's home.
     if (qEnvironmentVariableIsEmpty("HOME")) qputenv("HOME", QFile::encodeName(homeFolder()));
     chooseSaveFolder();
     m_frame = std::make_unique<CMainFrame>(*this);
     m_file = file;
+    m_first = first;
     m_frame->installEventFilter(this);
     m_frame->show();
     return true;
@@ -31,12 +32,19 @@ bool CLumasetApp::eventFilter(QObject* watched, QEvent* event) {
     // Whatever can come after the first painted window does.
     if (event->type() == QEvent::Paint) {
         watched->removeEventFilter(this);
-        QTimer::singleShot(0, m_frame.get(), [this] {
-            m_frame->finishStartUp();
-            if (!m_file.isEmpty()) m_frame->OnLoadSessionFromFile(m_file);
-        });
+        QTimer::singleShot(0, m_frame.get(), [this] { begin(); });
     }
     return false;
+}
+
+void CLumasetApp::begin() {
+    m_frame->finishStartUp();
+    if (m_first == First::AskForFile)
+        m_frame->OnLoadLoadreplayfile();
+    else if (m_first == First::AskForSession)
+        m_frame->OnLoadFromDatabase();
+    else if (!m_file.isEmpty())
+        m_frame->OnLoadSessionFromFile(m_file);
 }
 
 void CLumasetApp::chooseSaveFolder() {

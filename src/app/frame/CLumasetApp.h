@@ -23,9 +23,13 @@ class CLumasetApp : public QObject {
     explicit CLumasetApp(SettingsStore& settings);
     ~CLumasetApp() override;
 
+    /// What happens once the window is painted.
+    enum class First { LoadFile, AskForFile, AskForSession };
+
     /// Starts up: the save folder of a first start, the main window, and then `file` when it is not
-    /// empty. Returns as soon as the window is shown; the file loads from the event loop.
-    bool InitInstance(const QString& file);
+    /// empty, or the dialog for a file or a session. Returns as soon as the window is shown; the
+    /// rest comes from the event loop.
+    bool InitInstance(const QString& file, First first = First::LoadFile);
 
     /// Opens the help window, or brings it to the front.
     void OnMyHelp();
@@ -51,10 +55,12 @@ class CLumasetApp : public QObject {
 
   private:
     void chooseSaveFolder();
+    void begin();
 
     SettingsStore& m_settings;
     std::unique_ptr<CMainFrame> m_frame;
-    QString m_file;               ///< named by the command line
+    QString m_file; ///< named by the command line
+    First m_first = First::LoadFile;
     HelpWindow* m_help = nullptr; ///< a child of the frame
 };
 

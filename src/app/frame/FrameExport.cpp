@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -93,7 +94,12 @@ void FrameExport::viewInSpreadsheet() {
     const auto path = askForFile({.filters = {csvFilter()},
                                   .folder = loaded.absolutePath(),
                                   .name = loaded.completeBaseName()});
-    if (path && write(*path, GridWriter::Form::Csv)) m_opener.open(*path);
+    if (!path || !write(*path, GridWriter::Form::Csv)) return;
+    // Desktops go by the name, and one such as "x.desktop" would make the file a program.
+    if (path->endsWith(u".csv", Qt::CaseInsensitive))
+        m_opener.open(*path);
+    else
+        Q_EMIT m_opener.failed(*path);
 }
 
 std::optional<QString> FrameExport::askForFile(const Question& question) {
@@ -107,7 +113,9 @@ std::optional<QString> FrameExport::askForFile(const Question& question) {
         QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
                         QStringLiteral("The file already exists, Do you want to overwrite it ?"),
                         QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, m_context.window);
-        box.setInformativeText(QDir::toNativeSeparators(*path).toHtmlEscaped());
+        box.setInformativeText(QDir::toNativeSeparators(*path));
+        for (auto* label : box.findChildren<QLabel*>())
+            label->setTextFormat(Qt::PlainText);
         box.setDefaultButton(QMessageBox::No);
         const auto answer = box.exec();
         if (answer == QMessageBox::Yes) return path;

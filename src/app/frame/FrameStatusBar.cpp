@@ -89,7 +89,7 @@ void FrameStatusBar::showLoad(const LoadOutcome& outcome, const QString& session
     m_damaged->setFont(font);
     showPassedOver(loaded ? outcome.passedOver : PassedOver());
     set(m_file, loaded ? m_file->fontMetrics().elidedText(name, Qt::ElideMiddle, 320) : QString());
-    m_file->setToolTip(QDir::toNativeSeparators(path).toHtmlEscaped());
+    m_file->setToolTip(QDir::toNativeSeparators(path));
 }
 
 void FrameStatusBar::showSelection(const QStringList& figures) {

@@ -3,6 +3,8 @@
 #include "ui/icons/IconSet.h"
 #include "ui/icons/LineIconEngine.h"
 
+#include <QLabel>
+#include <QMessageBox>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -56,6 +58,13 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option) {
 }
 
 } // namespace
+
+void ToolkitStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    auto* label = qobject_cast<QLabel*>(widget); // a tool tip is one too
+    if (label == nullptr || label->textFormat() != Qt::AutoText) return;
+    if (qobject_cast<QMessageBox*>(label->window()) == nullptr) label->setTextFormat(Qt::PlainText);
+}
 
 int ToolkitStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                             QStyleHintReturn* returned) const {
