@@ -1,5 +1,6 @@
 #include "base/FileUrl.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <unistd.h>
@@ -58,6 +59,15 @@ std::optional<std::string> localFileOf(std::string_view url) {
         url.remove_prefix(host.size());
     }
     return url.starts_with('/') ? withoutEscapes(url) : std::nullopt;
+}
+
+bool isForeignUrl(std::string_view text) {
+    const std::size_t end = text.find("://");
+    if (end == std::string_view::npos || end == 0 || localFileOf(text)) return false;
+    return std::all_of(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(end), [](char c) {
+        return (lower(c) >= 'a' && lower(c) <= 'z') || (c >= '0' && c <= '9') || c == '+' ||
+               c == '-' || c == '.';
+    });
 }
 
 } // namespace pellam

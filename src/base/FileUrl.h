@@ -11,4 +11,7 @@ namespace pellam {
 /// computer, one with a damaged escape or with an escaped '/' or NUL.
 [[nodiscard]] std::optional<std::string> localFileOf(std::string_view url);
 
+/// Whether a text is a URL ("scheme://...") that names no file of this computer.
+[[nodiscard]] bool isForeignUrl(std::string_view text);
+
 } // namespace pellam

@@ -32,6 +32,14 @@ TEST(FileUrl, IsAFileOfThisComputerOrNothing) {
         {"/file:///a", "nothing"},
         {"", "nothing"},
     };
+    for (const auto& [url, foreign] : Table<const char*, bool>{{"http://h/a.dlr", true},
+                                                               {"SMB://h/a", true},
+                                                               {"file://other.example/a", true},
+                                                               {"file:///a", false},
+                                                               {"/a/b://c", false},
+                                                               {"://c", false},
+                                                               {"a.dlr", false}})
+        EXPECT_EQ(isForeignUrl(url), foreign) << url;
     for (const auto& [url, expected] : cases)
         EXPECT_EQ(localFileOf(url).value_or("nothing"), expected) << url;
 }

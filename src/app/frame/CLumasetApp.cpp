@@ -2,9 +2,11 @@
 
 #include "app/dialogs/HelpWindow.h"
 #include "app/frame/CMainFrame.h"
+#include "base/FileUrl.h"
 #include "settings/ProfileKeys.h"
 #include "settings/SaveFolder.h"
 #include "settings/SettingsStore.h"
+#include "ui/dialogs/ShowMessage.h"
 
 #include <QEvent>
 #include <QFile>
@@ -43,6 +45,11 @@ void CLumasetApp::begin() {
         m_frame->OnLoadLoadreplayfile();
     else if (m_first == First::AskForSession)
         m_frame->OnLoadFromDatabase();
+    else if (isForeignUrl(QFile::encodeName(m_file).toStdString()))
+        showMessage(m_frame.get(),
+                    tr("Warning: %1 is not on this computer. Save it to a folder and "
+                       "open it there.")
+                        .arg(m_file));
     else if (!m_file.isEmpty())
         m_frame->OnLoadSessionFromFile(m_file);
 }
