@@ -95,4 +95,8 @@ line.
 It stays quick with files of ten million rows.")
 set(CPACK_PROJECT_CONFIG_FILE ${made}/cpack-time.cmake)
 file(CONFIGURE OUTPUT ${made}/cpack-time.cmake CONTENT "set(ENV{SOURCE_DATE_EPOCH} ${release_seconds})\n")
+set(CPACK_POST_BUILD_SCRIPTS ${made}/cpack-repack.cmake)
+file(GENERATE OUTPUT ${made}/cpack-repack.cmake CONTENT
+     "execute_process(COMMAND ${packaging}/repack.sh \${CPACK_PACKAGE_FILES} ${release_seconds}
+                COMMAND_ERROR_IS_FATAL ANY)\n")
 include(CPack)

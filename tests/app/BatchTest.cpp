@@ -136,9 +136,13 @@ TEST_F(BatchTest, ALineThatTheFileDoesNotHaveIsSaid) {
 }
 
 TEST_F(BatchTest, AFileCommandsNoTerminal) {
-    m_folder.write("esc.csv", "Time,\x1B]0;title\a (\x1B[31mm)\n2008/02/25 11:53:15,1\n");
-    EXPECT_EQ(run("--info esc.csv"), 0) << m_err;
-    EXPECT_NE(m_out.find("\uFFFD]0;title\uFFFD (\uFFFD[31mm)"), std::string::npos) << m_out;
+    m_folder.write("esc.dlr", "<Type>Data</Type>\n<Description>\"\x1B]0;title\a \x1B[31m\""
+                              "</Description>\n<IDATA_MAP type=\"ql5xx\">\n"
+                              "S,0,0,10:0,1989,1,0,\"\",<A,\"1M\"S,G,<\"T\",\"m\",0,0,8,4,1>>:\n"
+                              "</IDATA_MAP>\n<ALL_DATA>\n"
+                              "D,1,2008/02/25,12:00:00,0.0,1:A,0,1.5\n");
+    EXPECT_EQ(run("--info esc.dlr"), 0) << m_err;
+    EXPECT_NE(m_out.find("\uFFFD]0;title\uFFFD \uFFFD[31m\n"), std::string::npos) << m_out;
     EXPECT_EQ(run("--info \"$(printf 'no\\033[31m.csv')\""), 1);
     EXPECT_EQ((m_out + m_err).find('\x1B'), std::string::npos) << m_err;
 }

@@ -131,7 +131,6 @@ TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnoth
         {"a.dlr", "a (3).dlr"},
         {"plain", "plain (2)"},
         {"b.2024.csv", "b.2024 (2).csv"},
-        {".hidden", ".hidden"},
         {"a..b.dlr", "a..b.dlr"},
         {"console.dlr", "console.dlr"},
         {"com10.dlr", "com10.dlr"},

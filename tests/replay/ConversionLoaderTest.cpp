@@ -114,7 +114,9 @@ TEST_F(ConversionLoaderTest, ReplacesNoFileAndUsesItsOwnAgain) {
         EXPECT_EQ(folder.list(), "a (2).csv a (3).csv a.csv a.dbd");
     }
     useSeparators(',', ';'); // other bytes
-    EXPECT_EQ(loadBinary("a.dbd", bytes).converted, folder.path("a (4).csv"));
+    std::filesystem::create_symlink(folder.path("elsewhere"), folder.path("a (4).csv"));
+    EXPECT_EQ(loadBinary("a.dbd", bytes).converted, folder.path("a (5).csv"));
+    EXPECT_EQ(folder.read("elsewhere"), "(missing)");
 }
 
 TEST_F(ConversionLoaderTest, ATaggedDownloadIsLoadedAsItsRows) {
