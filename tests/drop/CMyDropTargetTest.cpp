@@ -127,16 +127,11 @@ TEST_F(CMyDropTargetTest, AVirtualFileIsSavedUnderAFileNameAndNeverReplacesAnoth
     for (const char* taken : {"a.dlr", "a (2).dlr", "plain", "b.2024.csv"})
         m_folder.write(taken, "before");
     const Table<const char*, const char*> kept = {
-        {"new.dlr", "new.dlr"},
-        {"a.dlr", "a (3).dlr"},
-        {"plain", "plain (2)"},
-        {"b.2024.csv", "b.2024 (2).csv"},
-        {"a..b.dlr", "a..b.dlr"},
-        {"console.dlr", "console.dlr"},
-        {"com10.dlr", "com10.dlr"},
-        {"Meß.dlr", "Meß.dlr"},
-        {"Alt\xDF.dlr", "Altß.dlr"},
-        {"100% \"x\".dlr", "100% \"x\".dlr"},
+        {"new.dlr", "new.dlr"},      {"a.dlr", "a (3).dlr"},
+        {"plain", "plain (2)"},      {"b.2024.csv", "b.2024 (2).csv"},
+        {"a..b.dlr", "a..b.dlr"},    {"console.dlr", "console.dlr"},
+        {"com10.dlr", "com10.dlr"},  {"Meß.dlr", "Meß.dlr"},
+        {"Alt\xDF.dlr", "Altß.dlr"}, {"100% \"x\".dlr", "100% \"x\".dlr"},
     };
     for (const auto& [name, saved] : kept) {
         const std::string contents = std::string("contents of ") + name;
