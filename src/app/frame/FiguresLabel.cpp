@@ -21,7 +21,7 @@ void FiguresLabel::setFigures(const QStringList& figures) {
     if (figures == m_figures) return;
     m_figures = figures;
     setAccessibleName(wholeText());
-    setToolTip(wholeText().toHtmlEscaped());
+    setToolTip(wholeText());
     updateGeometry();
     showWhatFits();
 }
