@@ -43,13 +43,14 @@ std::string postgresFolder() {
     return newest;
 }
 
+// One that has just ended stays until its stopped parent takes note.
 bool isStopped(pid_t process) {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
     std::string number;
     std::string name;
     std::string state;
     file >> number >> name >> state;
-    return !file || state == "T";
+    return !file || state == "T" || state == "Z";
 }
 
 } // namespace
