@@ -59,7 +59,8 @@ bool nextValue(FieldScanner& fields, const char*& begin, const char*& end) {
 // A field whose value has no blanks before the ';' that ends it.
 FieldParts partsOf(std::string_view field) {
     FieldParts parts = FieldParts::of(field);
-    parts.value = withoutLineEnd(parts.value, " ");
+    while (parts.value.ends_with(' '))
+        parts.value.remove_suffix(1);
     return parts;
 }
 
