@@ -25,7 +25,7 @@ std::string folderOf(const std::string& path) {
 /// Whether a path is the system's link to an open file of a process. What it reads as is the name
 /// of a file that others hold open: never to be replaced.
 bool isStream(const std::string& path) {
-    struct statfs system {};
+    struct statfs system = {};
 
     const std::string folder = folderOf(path);
     return !folder.empty() && ::statfs(folder.c_str(), &system) == 0 &&
@@ -75,7 +75,7 @@ Failure AtomicFile::create(const std::string& path, ProgressSink* waiting) {
     m_target = followLinks(path);
     if (m_target.empty()) return giveUp(errno);
 
-    struct stat status {};
+    struct stat status = {};
 
     const bool exists = ::stat(m_target.c_str(), &status) == 0;
     Failure failure = isStream(m_target) ? openStream()
@@ -108,9 +108,9 @@ Failure AtomicFile::openStream() {
     const std::size_t number = folderOf(m_target).size();
     std::from_chars(m_target.data() + number, m_target.data() + m_target.size(), stream);
 
-    struct stat own {};
+    struct stat own = {};
 
-    struct stat named {};
+    struct stat named = {};
 
     if (::fstat(stream, &own) == 0 && ::stat(m_target.c_str(), &named) == 0 && isSame(own, named))
         m_file = ::fcntl(stream, F_DUPFD_CLOEXEC, 0);
@@ -121,7 +121,7 @@ Failure AtomicFile::openStream() {
 }
 
 Failure AtomicFile::openBeside() {
-    struct stat status {};
+    struct stat status = {};
 
     const bool exists = ::stat(m_target.c_str(), &status) == 0;
     static constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
@@ -148,7 +148,7 @@ Failure AtomicFile::openBeside() {
 void AtomicFile::keepOwner(unsigned user, unsigned group) {
     static constexpr auto kSame = static_cast<uid_t>(-1);
 
-    struct stat made {};
+    struct stat made = {};
 
     if (::fstat(m_file, &made) == 0 && made.st_uid == user && made.st_gid == group) return;
     if (::fchown(m_file, user, group) != 0) (void)!::fchown(m_file, kSame, group);

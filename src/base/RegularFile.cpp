@@ -19,7 +19,7 @@ Failure RegularFile::open(const std::string& path) {
     // Without O_NONBLOCK the open of a pipe would wait for a writer.
     m_file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
 
-    struct stat facts {};
+    struct stat facts = {};
 
     if (m_file < 0 || ::fstat(m_file, &facts) != 0)
         return Failure::fromErrno(Failure::Kind::Open, path, errno);

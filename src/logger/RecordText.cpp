@@ -176,8 +176,8 @@ char* RecordText::writeTextValue(std::string_view text, const FormatText& format
 
 // Rewrites a field that a reader of delimited text would tear apart.
 char* RecordText::keepWhole(char* begin, char* end) const {
-    std::replace_if(
-        begin, end, [](char c) { return c == '\n' || c == '\r' || c == '\0'; }, ' ');
+    const auto endsLine = [](char c) { return c == '\n' || c == '\r' || c == '\0'; };
+    std::replace_if(begin, end, endsLine, ' ');
     std::string_view field(begin, static_cast<std::size_t>(end - begin));
     const bool quoted = field.size() >= 2 && field.front() == '"' && field.back() == '"';
     if (quoted) field = field.substr(1, field.size() - 2);

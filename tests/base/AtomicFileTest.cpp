@@ -24,7 +24,7 @@ class AtomicFileTest : public testing::Test {
     }
 
     static mode_t modeOf(const std::string& path) {
-        struct stat status {};
+        struct stat status = {};
 
         EXPECT_EQ(::lstat(path.c_str(), &status), 0);
         return status.st_mode;
@@ -147,8 +147,8 @@ TEST_F(AtomicFileTest, PipeThatNobodyReadsIsRefusedOrWaitedForUntilTheStop) {
 TEST_F(AtomicFileTest, OpenFileOfTheProcessIsWrittenWhereItStands) {
     const std::string path = m_folder.write("log.txt", "before\n");
 
-    struct stat earlier {
-    }, later{};
+    struct stat earlier = {};
+    struct stat later = {};
 
     ASSERT_EQ(::stat(path.c_str(), &earlier), 0);
     const int file = ::open(path.c_str(), O_WRONLY | O_APPEND);
@@ -171,7 +171,7 @@ TEST_F(AtomicFileTest, FileOfAnotherOwnerKeepsItsGroupAndMode) {
     std::filesystem::permissions(m_folder.path(), std::filesystem::perms(0777));
     const gid_t shared = 4711;
     const auto ownerAndMode = [&path] {
-        struct stat status {};
+        struct stat status = {};
         EXPECT_EQ(::stat(path.c_str(), &status), 0);
         return std::tuple(status.st_uid, status.st_gid, status.st_mode & 07777U);
     };

@@ -294,7 +294,7 @@ TEST_F(SessionTest, TheFileIsForTheUserAloneAndLeavesNothing) {
         CSessionFromDatabase session({messages, progress, m_call, login});
         ASSERT_TRUE(session.CreateFileFromDatabaseSession({"Site", "Run"}));
 
-        struct stat facts {};
+        struct stat facts = {};
 
         ASSERT_EQ(::stat(session.TempFileName().c_str(), &facts), 0);
         EXPECT_EQ(facts.st_mode & 07777, 0600U);

@@ -22,7 +22,7 @@ void requestStop(int) {
 TerminalProgress::TerminalProgress() : m_terminal(::isatty(STDERR_FILENO) == 1) {
     stopRequested = 0;
 
-    struct sigaction action {};
+    struct sigaction action = {};
 
     action.sa_handler = requestStop;
     // Waiting for the other end of a pipe is given up, so nothing is restarted.

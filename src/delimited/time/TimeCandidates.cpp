@@ -85,12 +85,12 @@ TimeForm TimeCandidates::addTexts(const std::vector<std::size_t>& columns, doubl
     const TimeFinding finding = find(texts, columns.front());
     if (!finding.form || finding.read * 10 < finding.samples * 8) return {};
     const std::string_view first = m_rows.firstText(columns.front());
+    const auto isPart = [this](std::size_t column) { return isNumber(m_rows.kind(column)); };
     TimeColumns time;
     time.columns = columns;
     time.form = finding.form;
     time.parts = intervalStart(first).size() < first.size() ||
-                 std::all_of(columns.begin(), columns.end(),
-                             [this](std::size_t c) { return isNumber(m_rows.kind(c)); });
+                 std::all_of(columns.begin(), columns.end(), isPart);
     time.guessed = finding.ambiguous();
     time.other = finding.other;
     add(std::move(time), texts, base);

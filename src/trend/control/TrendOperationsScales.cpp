@@ -73,8 +73,8 @@ double TrendOperations::GetYScRangeMax(int axis) const {
 }
 
 void TrendOperations::SetYScActualRangeMin(int axis, double value) {
-    editScale(
-        axis, [&](TrendScale& scale) { scale.actualMin = value; }, Change::Range);
+    const auto edit = [&](TrendScale& scale) { scale.actualMin = value; };
+    editScale(axis, edit, Change::Range);
 }
 
 double TrendOperations::GetYScActualRangeMin(int axis) const {
@@ -82,8 +82,8 @@ double TrendOperations::GetYScActualRangeMin(int axis) const {
 }
 
 void TrendOperations::SetYScActualRangeMax(int axis, double value) {
-    editScale(
-        axis, [&](TrendScale& scale) { scale.actualMax = value; }, Change::Range);
+    const auto edit = [&](TrendScale& scale) { scale.actualMax = value; };
+    editScale(axis, edit, Change::Range);
 }
 
 double TrendOperations::GetYScActualRangeMax(int axis) const {

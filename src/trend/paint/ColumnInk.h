@@ -102,7 +102,8 @@ class ColumnInk {
     }
 
     void blendRow(int y, float coverage) {
-        blend(m_pixels[y * m_stride], coverage);
+        QRgb& pixel = m_pixels[y * m_stride];
+        blend(pixel, coverage);
     }
 
     void blend(QRgb& pixel, float coverage) const {

@@ -18,8 +18,10 @@ QString tr(const char* text) {
     return QCoreApplication::translate("LeftOutNotes", text);
 }
 
+using LeftOutCount = std::int64_t LeftOut::*;
+
 /// "Left out, sentinel values: Wind 12, Flow 3 and 4 more channels"; empty when nothing was.
-QString noteByChannel(const TrendTable& table, const QString& what, std::int64_t LeftOut::*count) {
+QString noteByChannel(const TrendTable& table, const QString& what, LeftOutCount count) {
     constexpr int kNamed = 4;
     QStringList parts;
     int more = 0;
