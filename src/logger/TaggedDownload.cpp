@@ -34,20 +34,30 @@ std::string_view tagged(std::string_view line, const std::string& tag) {
     return line.substr(0, line.find("</" + tag + '>'));
 }
 
+bool hasTag(const Head& head, std::size_t line, std::string_view tag) {
+    return head[line].find(tag) != std::string::npos;
+}
+
+bool startsAndCounts(const Head& head) {
+    constexpr std::string_view kDigits = "0123456789";
+    return tagged(head[0], "start").find_first_of(kDigits) != std::string_view::npos &&
+           tagged(head[4], "log interval").find_first_of(kDigits) != std::string_view::npos;
+}
+
 Failure readHead(LineReader& reader, const std::string& path, Head& head) {
     std::string_view line;
-    for (std::string& text : head) {
-        const bool found = reader.next(line);
-        if (!found && reader.error()) return reader.error();
-        // Any other text would become a table of invented times.
-        if (!found || (&text == head.data() && line.find("<start>") == std::string_view::npos)) {
-            return {Failure::Kind::Format, path, reader.bytesRead(),
-                    "a tagged download begins with seven lines: <start>, <end>, two others, "
-                    "<log interval>, the heading and <data>."};
-        }
-        text = withoutLineEnd(line);
+    std::size_t count = 0;
+    while (count < kHeadLines && reader.next(line))
+        head[count++] = withoutLineEnd(line);
+    if (reader.error()) return reader.error();
+    // Any other text would become a table of invented times, or lose its first row.
+    if (count == kHeadLines && hasTag(head, 0, "<start>") && hasTag(head, 4, "<log interval>") &&
+        hasTag(head, 6, "<data>") && startsAndCounts(head)) {
+        return {};
     }
-    return {};
+    return {Failure::Kind::Format, path, reader.bytesRead(),
+            "a tagged download begins with seven lines: <start>, <end>, two others, "
+            "<log interval>, the heading and <data>; start and interval are numbers."};
 }
 
 bool isPlainDecimal(std::string_view text) {

@@ -197,9 +197,11 @@ TEST_F(SessionTest, BadInput) {
 // Values stay in their channels, and what has none is counted.
 TEST_F(SessionTest, AChannelWithoutAnEntryTakesNoValue) {
     fill(SessionRows()
-             .channels("Run", "AB|0|60|lost|u|2|S|J\nB|1|60|kept|u|2|S|J\n*|0|60|star|u|2|S|J\n")
+             .channels("Run", "AB|0|60|lost|u|2|S|J\nB|1|60|kept|u|2|S|J\n*|0|60|star|u|2|S|J\n"
+                              "BA|1|60|else|u|2|S|J\n")
              .readings("Run", "1|2008-02-25 10:00:00|0|B|0|lost|1|0|S|J\n"
                               "1|2008-02-25 10:00:00|0|B|1|kept|2|0|S|J\n"
+                              "1|2008-02-25 10:00:00|0|BA|1|else|8|0|S|J\n"
                               "1|2008-02-25 10:00:01|0|B|7|none|3|0|S|J\n"
                               "1|2008-02-25 10:00:02|0|*|0|star|4|0|S|J\n"
                               "1|2008-02-25 10:00:03|0|B|1|kept|5|5000000000|S|J\n"
@@ -209,10 +211,10 @@ TEST_F(SessionTest, AChannelWithoutAnEntryTakesNoValue) {
                            "D,1,2008/02/25,10:00:01,0.000000,1:B,0,2.,$0l:\n"
                            "D,1,2008/02/25,10:00:02,0.000000,1:*,0:\n"
                            "D,1,2008/02/25,10:00:04,0.000000,1:B,0,7.,$4294967295l:\n");
-    EXPECT_EQ(passedOver, "1 reading with unreadable numbers (in row 5)\n"
-                          "3 readings without a channel (first in row 1)\n"
-                          "1 reading replaced by another of its time (in row 6)\n"
-                          "1 cell without a reading, shown as the one before (in row 3)\n");
+    EXPECT_EQ(passedOver, "1 reading with unreadable numbers (in row 6)\n"
+                          "4 readings without a channel (first in row 1)\n"
+                          "1 reading replaced by another of its time (in row 7)\n"
+                          "1 cell without a reading, shown as the one before (in row 4)\n");
     EXPECT_EQ(messages.texts, "");
 }
 

@@ -53,6 +53,10 @@ TEST(LayoutDetectorTest, TellsTheShapesOfTheWorld) {
         {"declared separator, number first",
          "sep=;\nID;Time;V;\n1;31/01/2025 16:15:00;4.13;\n2;31/01/2025 16:20:00;4.14;\n",
          "semicolon . 2 0 3 [2] dd/MM/yyyy HH:mm:ss", "ID|Time|V"},
+        {"blanks group thousands between semicolons",
+         "Time;St 1 A;St 2 B\n2020/01/01 00:00:00;1 234.5;2 345.6\n"
+         "2020/01/01 00:01:00;1 235.5;2 346.6\n",
+         "semicolon . 1 0 2 [1] yyyy/MM/dd HH:mm:ss", "Time|St 1 A|St 2 B"},
         {"parts between blanks, units, comment marks",
          "#YY MM DD hh mm WSPD\n#yr mo dy hr mn m/s\n2021 03 09 10 00 5.1\n2021 03 09 10 10 5.2\n",
          "blanks . 1 2 3 [1, 2, 3, 4, 5] yyyy M d H m", "YY|MM|DD|hh|mm|WSPD"},

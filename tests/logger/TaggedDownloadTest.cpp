@@ -74,6 +74,12 @@ TEST(TaggedDownload, RefusesWhatIsNoDownloadAndLeavesTheOldOutput) {
                  isTaggedDownload(folder.path("cut.txt")));
     EXPECT_EQ(folder.list(), "cut.csv cut.txt other.txt");
     EXPECT_EQ(folder.read("cut.csv"), "old");
+    std::string noDataTag = download("09/01/01 00:00:00", "1", ">2\n");
+    noDataTag.replace(noDataTag.find("<data>"), 6, ">1");
+    for (const std::string& text :
+         {download("", "1", ">1\n"), download("09/01/01", "soon", ">1\n"), noDataTag})
+        EXPECT_EQ(convert(folder.write("head.txt", text)).kind, Failure::Kind::Format) << text;
+    EXPECT_EQ(folder.list(), "cut.csv cut.txt head.txt other.txt");
     EXPECT_EQ(convert(folder.path()).kind, Failure::Kind::NotAFile);
     EXPECT_EQ(convert(folder.path("none.txt")).kind, Failure::Kind::Open);
 }

@@ -200,6 +200,12 @@ void CMainFrame::finishStartUp() {
 }
 
 void CMainFrame::tellOfSettings(SettingsStore::Notice notice, const QString& path) {
+    // While work is under way no dialog but its own takes keys and clicks.
+    if (m_loader->isBusy()) {
+        constexpr int kAgain = 50; // ms
+        QTimer::singleShot(kAgain, this, [this, notice, path] { tellOfSettings(notice, path); });
+        return;
+    }
     if (notice == SettingsStore::Notice::KeptBeside)
         return remark(tr("The settings file had lines that get lost: it is kept as %1").arg(path));
     const auto text = tr("Warning: The settings can not be written to %1. "

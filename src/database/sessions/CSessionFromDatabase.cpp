@@ -131,6 +131,7 @@ SqlFailure CSessionFromDatabase::listChannels() {
 void CSessionFromDatabase::addChannel(const CDBDataDetails& row) {
     // The last character of a longer name: "AB" counts as B here.
     const char letter = row.m_schedule.empty() ? '\0' : row.m_schedule.back();
+    if (row.m_schedule.size() > 1) m_longSchedules.insert(row.m_schedule);
     Session_Schedule_Info& schedule = slotOf(letter);
     if (!schedule.find(row.m_schedule_index, row.m_label))
         schedule.add(row.m_schedule_index, row.m_label);
@@ -214,6 +215,9 @@ SqlFailure CSessionFromDatabase::writeReadings(CDBDataData3& row) {
 
 void CSessionFromDatabase::takeReading(const CDBDataData3& row, std::int64_t number) {
     if (row.m_data_time.isNull()) return m_passedOver.add(Cause::ReadingWithoutTime, number);
+    // No channel of the first letter's schedule: those of the longer name have no entry.
+    if (row.m_schedule.size() > 1 && m_longSchedules.contains(row.m_schedule))
+        return m_passedOver.add(Cause::ReadingWithoutChannel, number);
     if (row.m_data_time != m_lineTime || row.m_sub_time != m_lineSubTime ||
         row.m_schedule != m_lineSchedule) {
         if (m_linePending) BuildActiveLine(m_lineSchedule, m_line);

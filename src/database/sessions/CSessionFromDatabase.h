@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -114,6 +115,7 @@ class CSessionFromDatabase {
     CDatabase m_database;
     SessionTempFile m_file;
     std::array<Session_Schedule_Info, kSlots> m_schedules;
+    std::set<std::string> m_longSchedules; ///< names of listed channels that are no letter
     std::optional<ProgressScope> m_progress;
     PassedOver m_passedOver;
     SqlFailure m_error;

@@ -1,5 +1,6 @@
 #include "delimited/sample/DialectFinder.h"
 
+#include "delimited/sample/FieldSplitter.h"
 #include "delimited/sample/SampleRecords.h"
 
 #include <algorithm>
@@ -27,6 +28,20 @@ bool isUsed(std::string_view text, char separator) {
     return text.find_first_of(" \t") != std::string_view::npos;
 }
 
+// Semicolons of one number in every line part fields; blanks beside them group thousands or words.
+bool isPartedBySemicolons(std::string_view text) {
+    std::ptrdiff_t usual = -1;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        if (trimmed(line).empty() || line == "\r") continue;
+        const std::ptrdiff_t count = std::count(line.begin(), line.end(), ';');
+        if (count == 0 || (usual >= 0 && count != usual)) return false;
+        usual = count;
+    }
+    return usual > 0;
+}
+
 // What kind of quotation marks and escapes the fields have.
 Dialect refine(const SampleRecords& records, const SampleTable& table) {
     Dialect dialect = records.dialect();
@@ -52,7 +67,8 @@ Dialect refine(const SampleRecords& records, const SampleTable& table) {
 
 FoundDialect findDialect(std::string_view text, char expected, std::optional<char> wished,
                          std::optional<char> quote) {
-    const std::optional<char> declared = wished ? wished : declaredSeparator(text);
+    std::optional<char> declared = wished ? wished : declaredSeparator(text);
+    if (!declared && !isUsed(text, expected) && isPartedBySemicolons(text)) declared = ';';
     FoundDialect best;
     double bestScore = -1;
     Dialect dialect;
