@@ -191,6 +191,9 @@ TEST(LayoutDetectorTest, SaysWhatIsNoTable) {
          "binary data"},
         {line + "Dear sir,\n" + line + line + "yours truly, the one who writes it all\n" + line,
          "text"},
+        {"# Pump test\n\nSome words about it here.\nMore words, and more of them.\n\n"
+         "* the first list\n* another one\n",
+         "text"},
         {"Time,A\n2020-01-01 00:00:00,[1]\n", ""},
     };
     for (const auto& [text, expected] : files)
