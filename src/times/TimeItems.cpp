@@ -10,7 +10,7 @@ namespace {
 
 using Kind = TimeItem::Kind;
 
-constexpr std::string_view kGap = " \t,;:/-._T";
+constexpr std::string_view kGap = " \t,;:/-._@T";
 
 class PatternParser {
   public:

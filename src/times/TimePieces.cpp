@@ -8,7 +8,7 @@ namespace pellam {
 
 namespace {
 
-constexpr std::string_view kMarks = " \t,;:/-._";
+constexpr std::string_view kMarks = " \t,;:/-._@";
 
 /// Takes a text apart.
 class Pieces {

@@ -60,6 +60,18 @@ TEST(LayoutDetectorTest, TellsTheShapesOfTheWorld) {
         {"parts between blanks, units, comment marks",
          "#YY MM DD hh mm WSPD\n#yr mo dy hr mn m/s\n2021 03 09 10 00 5.1\n2021 03 09 10 10 5.2\n",
          "blanks . 1 2 3 [1, 2, 3, 4, 5] yyyy M d H m", "YY|MM|DD|hh|mm|WSPD"},
+        {"date in letters, clock as a text",
+         "Year,m,d,Time,Zone,T\n2021,4,3,00:00,UTC,1.2\n2021,4,3,01:00,UTC,1.1\n",
+         "comma . 1 0 2 [1, 2, 3, 4] yyyy M d HH:mm", "Year|m|d|Time|Zone|T"},
+        {"parts in two languages",
+         "\u5e74/Year,\u6708/Month,\u65e5/Day,V\n2021,4,3,21.5\n2021,4,4,***\n2021,4,5,20\n",
+         "comma . 1 0 2 [1, 2, 3] yyyy M d", "\u5e74/Year|\u6708/Month|\u65e5/Day|V"},
+        {"order of the date in the line of units",
+         "Date,Time,Temp\nMMDDYY,HHMMSS,deg C\n040321,101112,8.5\n040321,102612,8.6\n",
+         "comma . 1 2 3 [1, 2] MMddyy HHmmss", "Date|Time|Temp"},
+        {"month name, at",
+         "Report\nat,V\n\"Apr 3, 2021 @ 10:11:12.000\",1\n\"Apr 3, 2021 @ 10:11:42.000\",2\n",
+         "comma . 2 0 3 [1] MMM dd, yyyy @ HH:mm:ss", "at|V"},
         {"day of the year, hours and minutes without zeros",
          "n,Year,DOY,MST,GHI\n0,2018,291,58,1.5\n0,2018,291,59,1.5\n0,2018,291,100,1.6\n",
          "comma . 1 0 2 [2, 3, 4] yyyy DDD HHmm", "n|Year|DOY|MST|GHI"},
@@ -183,6 +195,9 @@ TEST(LayoutDetectorTest, SaysWhatIsNoTable) {
          "binary data"},
         {line + "Dear sir,\n" + line + line + "yours truly, the one who writes it all\n" + line,
          "text"},
+        {"# Pump test\n\nSome words about it here.\nMore words, and more of them.\n\n"
+         "* the first list\n* another one\n",
+         "text"},
         {"Time,A\n2020-01-01 00:00:00,[1]\n", ""},
     };
     for (const auto& [text, expected] : files)
@@ -277,9 +292,14 @@ TEST(LayoutDetectorTest, FollowsWishes) {
     EXPECT_EQ(layout.units, (std::vector<std::string>{"x", "y", "z"}));
     EXPECT_EQ(layoutSummary(layout),
               "Time from column 2, separated by semicolon, units from line 2");
-    EXPECT_EQ(layout.missedLine, 0);
+    EXPECT_EQ(layout.missed, "");
+    const auto missed = [&] { return LayoutDetector(',', settings).detect(sample, wishes).missed; };
+    wishes.timeFormat = "dd/MM/yyyy";
+    EXPECT_EQ(missed(), "time of the form dd/MM/yyyy");
+    wishes.timeColumns = {3};
+    EXPECT_EQ(missed(), "column 4");
     wishes.unitsLine = 5;
-    EXPECT_EQ(LayoutDetector(',', settings).detect(sample, wishes).missedLine, 5);
+    EXPECT_EQ(missed(), "line 5");
 }
 
 } // namespace

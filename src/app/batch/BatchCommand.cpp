@@ -134,9 +134,9 @@ bool BatchCommand::load() {
         m_messages.show(Failure{Failure::Kind::Aborted, source, -1, {}}.text());
         return false;
     }
-    if (const std::int64_t line = m_outcome.layout.missedLine; line > 0) {
-        m_messages.show("Attention: There is no line " + std::to_string(line) +
-                        " among the first lines of " + source + ", which tell its layout.");
+    if (const std::string& missed = m_outcome.layout.missed; !missed.empty()) {
+        m_messages.show("Attention: There is no " + missed + " among the first lines of " + source +
+                        ", which tell its layout.");
         return false;
     }
     if (!m_outcome.loaded) {

@@ -47,7 +47,7 @@ class LayoutBuilder {
         m_layout.encoding = m_sample.utf16          ? "UTF-16"
                             : isUtf8(m_sample.head) ? "UTF-8"
                                                     : "Windows-1252";
-        m_layout.missedLine = missedLine();
+        m_layout.missed = missedLine();
         if (!m_plain && !m_wishes.any() && isProse(m_head, m_table)) {
             m_layout.notATable = std::string("text");
             return m_layout;
@@ -113,13 +113,13 @@ class LayoutBuilder {
         m_table = tableFrom(m_head, first);
     }
 
-    // A wished line that is none of those looked at; 0 when all are.
-    [[nodiscard]] std::int64_t missedLine() const {
+    // A wished line that is none of those looked at; empty when all are.
+    [[nodiscard]] std::string missedLine() const {
         const std::int64_t last = m_head.size() == 0 ? 0 : m_head[m_head.size() - 1].line;
         for (const auto& line : {m_wishes.dataLine, m_wishes.headingsLine, m_wishes.unitsLine}) {
-            if (line.value_or(0) > last) return *line;
+            if (line.value_or(0) > last) return "line " + std::to_string(*line);
         }
-        return 0;
+        return {};
     }
 
     [[nodiscard]] FoundHeadings headings() const {
@@ -236,8 +236,13 @@ class LayoutBuilder {
             time.columns = {0};
         m_layout.timeColumns = time.columns;
         // Wished columns may lie behind those that the sample has.
-        for (const std::size_t column : time.columns)
+        for (const std::size_t column : time.columns) {
+            if (column >= m_layout.columns && m_layout.missed.empty())
+                m_layout.missed = "column " + std::to_string(column + 1);
             m_layout.columns = std::max(m_layout.columns, column + 1);
+        }
+        if (time.unread && m_layout.missed.empty())
+            m_layout.missed = "time of the form " + m_wishes.timeFormat;
         m_layout.timeForm = time.form;
         m_layout.timeParts = time.parts;
         m_layout.paddedPart = time.padded;

@@ -65,8 +65,8 @@ struct TextLayout {
     std::vector<std::string> headings;       ///< header lines as they stand: they may come back
     std::vector<std::int64_t> furtherTables; ///< first lines of the tables behind the loaded one
     std::int64_t changedFieldsLine = 0;      ///< first data line with another number of fields
-    std::int64_t missedLine = 0; ///< a line that was wished for and is none of the sample's
-    std::string encoding;        ///< "UTF-8", "UTF-16" or "Windows-1252"
+    std::string missed;   ///< a wish that the sample cannot fulfil: "line 5", "column 9"; or empty
+    std::string encoding; ///< "UTF-8", "UTF-16" or "Windows-1252"
 
     /// The layout that needs no telling: headings first, the time in the first column, the
     /// separator that the file's extension has.

@@ -71,7 +71,7 @@ bool isProse(const SampleRecords& records, const SampleTable& table) {
         rows += !records[i].blank;
     }
     const bool loose = table.columns <= 1 || rows * 2 < lines || words >= 4 * fields;
-    return lines >= kFewLines && words >= 4 * lines && loose;
+    return lines >= kFewLines && words >= 3 * lines && loose;
 }
 
 } // namespace pellam

@@ -140,7 +140,7 @@ Shape shapeOf(std::string_view text) {
             ++shape.words;
             at = end;
         } else {
-            if (std::string_view("/-.:, _+()[]").find(text[at]) == std::string_view::npos)
+            if (std::string_view("/-.:, _+()[]@").find(text[at]) == std::string_view::npos)
                 shape.odd = true;
             ++at;
         }
@@ -200,9 +200,11 @@ bool isTimeShape(std::string_view text) {
     const Shape shape = shapeOf(text);
     if (shape.odd || shape.runs < 1 || shape.runs > 8 + 6 || shape.words > 4) return false;
     if (isLetter(text[0]) && !shape.month) return false;
-    if (const auto comma = text.find(',');
-        comma != std::string_view::npos && text.find_first_of(".,", comma + 1) < text.size())
-        return false;
+    if (const auto comma = text.find(','); comma != std::string_view::npos) {
+        // "Apr 3, 2021 @ 10:11:12.500"
+        const bool inDate = shape.month && digitsAt(text, comma + 2) == 4 && text[comma + 1] == ' ';
+        if (text.find_first_of(inDate ? "," : ".,", comma + 1) < text.size()) return false;
+    }
     if (isYearMonth(text, shape)) return true;
     if (shape.month) return shape.runs >= 2 && (isDigit(text[0]) || shape.words <= 3);
     return isClockAt(shape, 0) || isDateAt(shape) || isCompactDate(text, shape);

@@ -96,6 +96,7 @@ class PartSearch {
             if (m_rows.name(column) == "MM" || m_rows.name(column) == "mm") {
                 part = columns[index(TimePart::Hour)] != kNone ? TimePart::Minute : TimePart::Month;
             }
+            if (part == TimePart::None) part = partOfLetter(column, columns);
             if (part != TimePart::None && columns[index(part)] == kNone)
                 columns[index(part)] = column;
         }
@@ -127,6 +128,18 @@ class PartSearch {
             tryClockBehind(parts);
         }
         tryParts(parts, 0.95);
+    }
+
+    // "m" and "d" directly behind the year.
+    [[nodiscard]] TimePart partOfLetter(std::size_t column,
+                                        const std::array<std::size_t, 9>& columns) const {
+        const std::string_view name = m_rows.name(column);
+        const auto follows = [&](TimePart part) {
+            return column > 0 && columns[index(part)] == column - 1;
+        };
+        if ((name == "m" || name == "M") && follows(TimePart::Year)) return TimePart::Month;
+        if ((name == "d" || name == "D") && follows(TimePart::Month)) return TimePart::Day;
+        return TimePart::None;
     }
 
     // A column behind the date that is named for a time and holds hours and minutes: "MST", 1530.

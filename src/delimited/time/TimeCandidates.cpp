@@ -29,6 +29,8 @@ TimeFinding TimeCandidates::find(const std::vector<std::string>& texts, std::siz
         if (heading.find(std::string("mm") + mark + "dd") != std::string::npos) monthFirst = true;
         if (heading.find(std::string("dd") + mark + "mm") != std::string::npos) dayFirst = true;
     }
+    if (heading.find("mmddyy") != std::string::npos) monthFirst = true;
+    if (heading.find("ddmmyy") != std::string::npos) dayFirst = true;
     const bool isMonthFirst = finding.form.name().starts_with('M');
     const bool isDayFirst = finding.form.name().starts_with('d');
     const bool swap = (monthFirst && isDayFirst && finding.other.name().starts_with('M')) ||

@@ -3,6 +3,7 @@
 #include "delimited/time/TimeCandidates.h"
 #include "delimited/time/TimeNames.h"
 #include "delimited/time/TimeRows.h"
+#include "times/TimeReader.h"
 
 #include <algorithm>
 #include <optional>
@@ -135,10 +136,15 @@ TimeColumns timeOfColumns(const TimeRows& rows, const InternationalSettings& set
     TimeColumns time;
     time.columns = columns;
     if (columns.empty() || rows.empty()) return time;
-    const TimeFinding finding =
-        TimeCandidates(rows, settings).find(rows.texts(columns), columns.front());
+    const std::vector<std::string> texts = rows.texts(columns);
+    const TimeFinding finding = TimeCandidates(rows, settings).find(texts, columns.front());
     time.form = TimeForm::parse(form).value_or(finding.form);
     const bool calendar = time.form.kind() == TimeForm::Kind::Calendar;
+    const TimeReader reader(time.form, settings);
+    time.unread = !form.empty() && time.form.kind() != TimeForm::Kind::Elapsed &&
+                  std::none_of(texts.begin(), texts.end(), [&](const std::string& text) {
+                      return reader.read(text).has_value();
+                  });
     const bool numbers = std::all_of(columns.begin(), columns.end(), [&](std::size_t column) {
         return rows.kind(column) == FieldKind::Number;
     });

@@ -26,6 +26,7 @@ struct TimeColumns {
     int padded = -1;
     bool guessed = false; ///< day and month might also be the other way round
     TimeForm other;       ///< the form that they would have then
+    bool unread = false; ///< the form that was given, none of elapsed time, reads none of the texts
 };
 
 /// Finds the time of a table's rows.

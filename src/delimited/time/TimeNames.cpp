@@ -64,7 +64,11 @@ bool hasWord(const std::vector<std::string>& words,
 } // namespace
 
 TimePart timePartOf(std::string_view heading) {
-    const std::vector<std::string> words = wordsOf(heading);
+    std::vector<std::string> words = wordsOf(heading);
+    // In two languages: the words of other letters say the same.
+    if (words.size() > 1)
+        std::erase_if(words,
+                      [](const auto& w) { return static_cast<unsigned char>(w[0]) >= 0x80; });
     if (words.empty() || words.size() > 3) return TimePart::None;
     if (words.size() >= 3 && words[0] == "day" && words[1] == "of" && words[2] == "year")
         return TimePart::DayOfYear;
