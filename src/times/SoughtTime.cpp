@@ -78,11 +78,6 @@ class TypedTime {
         const std::string signs = plainSigns(typed);
         const std::string_view text = signs;
         if (const auto moment = readAs(m_form.name(), text)) return moment;
-        const std::size_t letters = text.find_last_not_of("minhdus") + 1;
-        const std::string unit = "elapsed-" + std::string(text.substr(letters));
-        if (timeUnit(unit)) {
-            if (const auto moment = readAs(unit, text.substr(0, letters))) return moment;
-        }
         if (const auto moment = readAs("elapsed-s", text)) return moment;
         return readAs("elapsed-clock", text);
     }

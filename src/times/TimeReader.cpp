@@ -27,6 +27,15 @@ std::optional<TimeMoment> decimalYear(std::string_view text) {
     return moment;
 }
 
+// The unit that stands behind a number holds, before that of the column.
+std::optional<TimeMoment> elapsedCount(std::string_view text, TimeUnit unit) {
+    const auto moment = countedMoment(text, unit);
+    if (moment) return moment;
+    const UnitBehind own = unitBehind(text);
+    if (own.name.empty()) return {};
+    return countedMoment(text.substr(0, own.at), *timeUnit("elapsed-" + std::string(own.name)));
+}
+
 } // namespace
 
 TimeReader::TimeReader(const TimeForm& form, const InternationalSettings& settings,
@@ -53,7 +62,7 @@ std::optional<TimeMoment> TimeReader::readOwn(std::string_view text) const {
         return moment;
     }
     case TimeForm::Kind::Elapsed:
-        return m_unit ? countedMoment(text, *m_unit)
+        return m_unit ? elapsedCount(text, *m_unit)
                       : elapsedClock(text, m_form.name() == "elapsed-m:s");
     case TimeForm::Kind::DecimalYear:
         return decimalYear(text);

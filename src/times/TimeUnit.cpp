@@ -97,6 +97,23 @@ TimeMoment roundedMoment(double seconds) {
 
 } // namespace
 
+UnitBehind unitBehind(std::string_view text) {
+    while (text.ends_with(' '))
+        text.remove_suffix(1);
+    const std::size_t digits = text.find_last_of("0123456789.,") + 1;
+    std::size_t at = digits;
+    while (at < text.size() && text[at] == ' ')
+        ++at;
+    const std::string_view written = text.substr(at);
+    if (digits == 0 || written.empty()) return {{}, text.size()};
+    // micro, and the Greek letter
+    if (written == "\xC2\xB5s" || written == "\xCE\xBCs") return {"us", digits};
+    for (const auto& [name, unit] : kUnits) {
+        if (name == written) return {name, digits};
+    }
+    return {{}, text.size()};
+}
+
 std::optional<TimeUnit> timeUnit(std::string_view name) {
     const std::size_t hyphen = std::min(name.find('-'), name.size());
     const std::string_view what = name.substr(0, hyphen);

@@ -2,6 +2,7 @@
 
 #include "times/TimeMoment.h"
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -12,6 +13,15 @@ struct TimeUnit {
     int exponent = 0; ///< of ten, of the unit in seconds: -3 for milliseconds
     int factor = 1;   ///< seconds of a unit longer than a second
 };
+
+/// A number's own unit: what "250 ms" has behind its number.
+struct UnitBehind {
+    std::string_view
+        name; ///< as time forms have it: "ms", and "us" for "µs"; empty when there is none
+    std::size_t at = 0; ///< where it begins, the length of the text when there is none
+};
+
+[[nodiscard]] UnitBehind unitBehind(std::string_view text);
 
 /// What a name such as "epoch-ms" or "elapsed-h" counts in; nothing for other names.
 [[nodiscard]] std::optional<TimeUnit> timeUnit(std::string_view name);

@@ -181,6 +181,16 @@ TEST_F(MyCugTest, CheckBoxesAnswerMouseAndSpaceBar) {
     EXPECT_FALSE(m_grid.column(3).charted());
 }
 
+TEST_F(MyCugTest, ShiftSpaceSelectsTheRowWhileShiftIsHeld) {
+    select(3, 3, 1, 1);
+    select(2, 2, 2, 2);
+    // Sent to the window, the key is known as held everywhere, as from a real keyboard.
+    QTest::keyPress(m_view.windowHandle(), Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "0-7x2-2 ");
+    QTest::keyRelease(m_view.windowHandle(), Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(m_cug.currentIndex(), m_model.index(2, 2));
+}
+
 TEST_F(MyCugTest, SelectAllChannelsLeavesTheLastOneAsItWas) {
     m_model.setAllCharted(true);
     std::string charted;

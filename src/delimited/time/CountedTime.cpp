@@ -1,5 +1,6 @@
 #include "delimited/time/TimeCandidates.h"
 #include "delimited/time/TimeNames.h"
+#include "times/TimeUnit.h"
 
 #include <algorithm>
 #include <string>
@@ -62,7 +63,9 @@ void addElapsed(TimeCandidates& candidates) {
     for (std::size_t column = 0; column < std::min(rows.columns(), kElapsedColumns); ++column) {
         const std::string_view name = rows.name(column);
         if (!isNumber(rows.kind(column)) || namesCount(name)) continue;
-        const std::string_view unit = elapsedUnitOf(name);
+        const std::string_view named = elapsedUnitOf(name);
+        const std::string_view unit =
+            named.empty() ? unitBehind(rows.firstText(column)).name : named;
         const bool counted = column == 0 ? rows.rises(column) : rows.risesEvenly(column);
         const bool even = namesTime(name) ? rows.rises(column)
                                           : (name.empty() && rows.risesEvenly(column)) ||

@@ -33,14 +33,28 @@ double placeHead(const TrendChart& chart, TrendLayout& layout, double margin) {
     return layout.legend.height() > 0 ? layout.legend.bottom() + margin : top;
 }
 
+// A note that is wider than the chart goes on in a second line, which ends in an ellipsis if need
+// be.
+QStringList noteIn(TextMeasure& metrics, const QString& note, double width) {
+    if (metrics.width(note) <= width) return {note};
+    qsizetype end = -1;
+    for (qsizetype next = note.indexOf(u' '); next >= 0; next = note.indexOf(u' ', next + 1)) {
+        if (metrics.width(note.left(next)) > width) break;
+        end = next;
+    }
+    if (end < 0) return {metrics.elided(note, width)};
+    return {note.left(end), metrics.elided(note.mid(end + 1), width)};
+}
+
 double placeFoot(const TrendChart& chart, TrendLayout& layout, double margin) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
     const double width = layout.size.width() - 2 * margin;
     const QStringList lines = chart.noteLines();
     const double line = std::ceil(metrics.height());
     const auto room = static_cast<qsizetype>(layout.size.height() / 5 / line);
-    for (qsizetype i = 0; i < std::min(room, lines.size()); ++i)
-        layout.noteLines += metrics.elided(lines[i], width);
+    for (const QString& note : lines)
+        layout.noteLines += noteIn(metrics, note, width);
+    layout.noteLines = layout.noteLines.first(std::min(room, layout.noteLines.size()));
     const double height = line * static_cast<double>(layout.noteLines.size());
     const double bottom = layout.size.height() - margin / 2;
     layout.notes = QRectF(margin, bottom - height, std::max(0.0, width), height);

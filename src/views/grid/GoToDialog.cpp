@@ -7,10 +7,13 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace pellam {
 
@@ -61,6 +64,8 @@ GoToDialog::GoToDialog(const GridData& grid, const InternationalSettings& settin
     });
     connect(&m_finder, &GridFinder::notLocated, this, [this](RowLocator::State why) {
         m_remark->setText(explain(why));
+        layout()->activate();
+        resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
         m_wanted->selectAll();
         m_wanted->setFocus();
     });
@@ -73,6 +78,7 @@ QString GoToDialog::timeOf(Row row) const {
     const QString text = screenText(m_grid.text(0, row, buffer));
     const std::string& form = m_form.name();
     if (text.isEmpty() || !form.starts_with("elapsed-") || !timeUnit(form)) return text;
+    if (!unitBehind(text.toStdString()).name.empty()) return text;
     return text.trimmed() + u' ' + QString::fromStdString(form.substr(form.find('-') + 1));
 }
 

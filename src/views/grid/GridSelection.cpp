@@ -37,6 +37,15 @@ void GridSelection::selectAll() {
         QItemSelectionModel::ClearAndSelect);
 }
 
+void GridSelection::selectRow(int row) {
+    // The table view's own version takes a Shift that is held for a wish to extend.
+    const auto& cells = *m_view.model();
+    m_view.selectionModel()->select(
+        QItemSelection(cells.index(row, 0), cells.index(row, m_model.lastColumn())),
+        QItemSelectionModel::ClearAndSelect);
+    m_anchor = m_view.currentIndex();
+}
+
 void GridSelection::selectColumn(int column, int row, Qt::KeyboardModifiers modifiers) {
     const auto& cells = *m_view.model();
     if (cells.rowCount() < 2) return;

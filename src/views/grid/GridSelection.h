@@ -26,6 +26,8 @@ class GridSelection {
     void select(const CellArea& area);
     /// Every data cell.
     void selectAll();
+    /// One row, without the columns behind the last channel; the current cell stays.
+    void selectRow(int row);
     /// The data cells of one column; with Shift up to it from where the selection began, with
     /// Control in addition to the rest. The current cell becomes one of `row`, at least row 1.
     void selectColumn(int column, int row, Qt::KeyboardModifiers modifiers);

@@ -270,6 +270,10 @@ void MyCug::selectAll() {
     m_selection.selectAll();
 }
 
+void MyCug::selectRow(int row) {
+    m_selection.selectRow(row);
+}
+
 void MyCug::selectColumn(int column, Qt::KeyboardModifiers modifiers) {
     const int row = rowAt(currentIndex().row() == 0 ? rowHeight(0) : 0);
     m_selection.selectColumn(column, row, modifiers);
@@ -297,6 +301,8 @@ void MyCug::scrollTo(const QModelIndex& index, ScrollHint hint) {
     QScrollBar* const bar = horizontalScrollBar();
     const int before = bar->value();
     QTableView::scrollTo(index, hint);
+    // The axis row belongs to the first row of data.
+    if (index.row() == 1) verticalScrollBar()->setValue(0);
     if (index.column() == 0) {
         bar->setValue(before);
         return;

@@ -85,6 +85,8 @@ class MyCug : public QTableView {
     void moveTo(int column, int row, bool extend);
     /// Every data cell; the axis row is left out, here and in columns selected by their heading.
     void selectAll() override;
+    /// One row alone; the current cell stays.
+    void selectRow(int row);
     /// The data cells of one column; with Shift up to it from where the selection began, with
     /// Control in addition to the rest.
     void selectColumn(int column, Qt::KeyboardModifiers modifiers);

@@ -126,7 +126,10 @@ StatisticsScan::texts(const Result& result, const std::function<std::string(std:
     texts.push_back("Min: " + exactNumberText(result.minimum, decimalSeparator));
     texts.push_back("Max: " + exactNumberText(result.maximum, decimalSeparator));
     if (result.count > 1) {
-        texts.push_back("Std dev: " + numberText(result.standardDeviation, 6, decimalSeparator));
+        // Millions are written in full, as the mean beside them.
+        const int digits = result.standardDeviation < 1e6 ? 6 : 10;
+        texts.push_back("Std dev: " +
+                        numberText(result.standardDeviation, digits, decimalSeparator));
     }
     texts.push_back("Sum: " + numberText(result.sum, 15, decimalSeparator));
     return texts;
