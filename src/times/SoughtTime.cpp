@@ -27,8 +27,10 @@ bool allDigits(std::string_view text) {
 }
 
 void replaceAll(std::string& text, std::string_view from, std::string_view to) {
-    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at))
-        text.replace(at, from.size(), to);
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
+        text.erase(at, from.size());
+        text.insert(at, to);
+    }
 }
 
 /// An elapsed time as charts write it, in the signs that readers know.
