@@ -37,7 +37,7 @@ std::string quoted(std::string_view text) {
     return out + '\'';
 }
 
-/// A text within a specification of zsh's _arguments.
+/// A text within one of the words that zsh's _arguments takes.
 std::string inArguments(std::string_view text) {
     std::string out;
     for (const char c : text) {

@@ -74,12 +74,26 @@ int timeLabelCount(const TrendLayout& layout, const XAxisTicks& ticks) {
     return labels;
 }
 
+// Of the upper line of labels; the dates stand a line below.
+double timeLabelTop(const TrendLayout& layout) {
+    return layout.timeAxis.top() + std::round(TextMeasure::of(layout.font).height() * 0.4) + 2;
+}
+
+// In the line of the dates, at the axis' start.
+AxisLabel startLabel(const TrendLayout& layout, const QString& text) {
+    TextMeasure& metrics = TextMeasure::of(layout.font);
+    const double height = metrics.height();
+    const double width = metrics.width(text) + 1;
+    const double left = std::min(layout.plot.left(), layout.size.width() - width - 1);
+    return {QRectF(std::max(0.0, left), timeLabelTop(layout) + height, width, height), text, true};
+}
+
 // A label that would touch the one before is left out. Gives how many labels there are, those of
 // the second line not counted.
 int placeTimeLabels(TrendLayout& layout) {
     TextMeasure& metrics = TextMeasure::of(layout.font);
     const double height = metrics.height();
-    const double top = layout.timeAxis.top() + std::round(height * 0.4) + 2;
+    const double top = timeLabelTop(layout);
     double lastLabel = -1e9;
     double lastContext = -1e9;
     std::size_t firstContext = 0;
@@ -87,10 +101,7 @@ int placeTimeLabels(TrendLayout& layout) {
     layout.timeLabels.clear();
     const QString& start = layout.timeMarks.start;
     if (!start.isEmpty()) {
-        const double width = metrics.width(start) + 1;
-        const double left = std::min(layout.plot.left(), layout.size.width() - width - 1);
-        layout.timeLabels.push_back(
-            {QRectF(std::max(0.0, left), top + height, width, height), start, true});
+        layout.timeLabels.push_back(startLabel(layout, start));
         lastContext = layout.timeLabels.back().rect.right();
         firstContext = 1;
     }
@@ -133,11 +144,7 @@ void tellStep(TrendLayout& layout) {
     QString text = QCoreApplication::translate("pellam::TrendLayout", "marks: %1").arg(marks.step);
     if (!marks.start.isEmpty()) text = marks.start + QStringLiteral(" · ") + text;
     text = metrics.elided(text, layout.size.width() - 2, Qt::ElideLeft);
-    const double width = metrics.width(text) + 1;
-    const double left = std::min(layout.plot.left(), layout.size.width() - width - 1);
-    const double top = layout.timeAxis.top() + std::round(metrics.height() * 0.4) + 2;
-    layout.timeLabels.push_back(
-        {QRectF(std::max(0.0, left), top + metrics.height(), width, metrics.height()), text, true});
+    layout.timeLabels.push_back(startLabel(layout, text));
 }
 
 // One label alone gives no measure: more are tried for, and where there is no room for two, the

@@ -156,8 +156,8 @@ void CTrendView::showChart(TrendTable& table) {
     m_trend->setVisible(m_message->isHidden());
     m_clock->setVisible(m_message->isHidden() && table.xAxis.kind == XAxis::Kind::Calendar);
     m_clock->setClock(table.clock);
-    const auto [axis, shown] =
-        std::pair(m_trend->chart().state.xAxis, TrendRanges::of(m_trend->chart().state).time);
+    const XAxis axis = m_trend->chart().state.xAxis;
+    const TrendRanges::Range shown = TrendRanges::of(m_trend->chart().state).time;
     tellMissing(table);
     m_rows = showTable(*m_trend, table, rows);
     setUnits(table);

@@ -223,10 +223,15 @@ void MyCug::look(const CellWidths& widths, int column, Row step, CellWidths::Wid
     widths.look(cells, std::max(0, rowAt(0) - 1), end, 1, widest);
 }
 
+// Left and right of a cell's text, together.
+int MyCug::cellMargin() const {
+    return 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+}
+
 void MyCug::fitColumns() {
     constexpr Row samples = 500'000; // cells, over all columns
     const CellWidths widths{QFontMetricsF(font())};
-    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    const int margin = cellMargin();
     const Row step = std::max<Row>(1, m_grid.grid().rowCount() * m_grid.columnCount() / samples);
     for (int column = 0; column < m_grid.columnCount(); ++column) {
         CellWidths::Widest widest;
@@ -242,7 +247,7 @@ void MyCug::fitColumns() {
 
 int MyCug::sizeHintForColumn(int column) const {
     const CellWidths widths{QFontMetricsF(font())};
-    const int margin = 2 * style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 10;
+    const int margin = cellMargin();
     CellWidths::Widest widest;
     look(widths, column, 1, widest);
     const double room = std::max(kWidestFit, viewport()->width() - columnWidth(0) - margin);

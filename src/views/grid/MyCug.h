@@ -129,6 +129,7 @@ class MyCug : public QTableView {
     void OnSetup();
     void connectHeadings();
     void setHeights();
+    [[nodiscard]] int cellMargin() const;
     void look(const CellWidths& widths, int column, Row step, CellWidths::Widest& widest) const;
     void adaptToPalette();
     void moveColumn(int from, int to);

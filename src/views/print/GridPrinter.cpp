@@ -110,9 +110,7 @@ class PagePainter {
         const double room = wide - 2 * kMargin;
         const QFontMetricsF metrics(m_layout.font());
         QString line = text.left(longest).simplified();
-        // A shortened number would be another number.
-        if (side == Qt::AlignRight && metrics.horizontalAdvance(line) > room)
-            line.fill(u'#', std::max(1, static_cast<int>(room / metrics.horizontalAdvance(u'#'))));
+        if (side == Qt::AlignRight) line = numberWithin(line, room, metrics);
         m_painter.setPen(colour);
         m_painter.drawText(QRectF(left + kMargin, top(row), room, m_layout.rowHeight()),
                            int(side | Qt::AlignVCenter) | Qt::TextSingleLine,

@@ -2,6 +2,7 @@
 
 #include "views/sheet/AxisSpinBox.h"
 #include "views/sheet/GridModel.h"
+#include "views/text/CellWidths.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -27,11 +28,6 @@ void paintArrow(QPainter* painter, const QRect& rect, bool up, bool enabled) {
           << middle + QPointF(0, rise);
     painter->setBrush(enabled ? QColor(48, 40, 8) : QColor(190, 152, 40));
     painter->drawPolygon(arrow);
-}
-
-/// What stands for a number that does not fit: a shortened one would be another number.
-QString filledWith(QChar mark, int width, const QFontMetrics& metrics) {
-    return {std::max(1, width / std::max(1, metrics.horizontalAdvance(mark))), mark};
 }
 
 /// The mark of a changed cell: its upper left corner.
@@ -107,8 +103,7 @@ void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
     const auto characters = static_cast<int>(option->text.size());
     // Most cells have room to spare, which one character tells.
     if (characters * metrics.horizontalAdvance(u'E') <= room) return;
-    if (QFontMetricsF(option->font).horizontalAdvance(option->text) > room)
-        option->text = filledWith(u'#', room, metrics);
+    option->text = numberWithin(option->text, room, QFontMetricsF(option->font));
 }
 
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,

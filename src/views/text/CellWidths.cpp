@@ -62,4 +62,9 @@ void CellWidths::look(const Column& column, Row first, Row end, Row step, Widest
     }
 }
 
+QString numberWithin(const QString& number, double room, const QFontMetricsF& metrics) {
+    if (metrics.horizontalAdvance(number) <= room) return number;
+    return {std::max(1, static_cast<int>(room / metrics.horizontalAdvance(u'#'))), u'#'};
+}
+
 } // namespace pellam

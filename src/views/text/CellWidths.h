@@ -35,4 +35,9 @@ class CellWidths {
     std::array<double, 128> m_characters{};
 };
 
+/// A number as it stands where it has so much room: whole, or as a row of '#', at least one, as a
+/// shortened number would be another number.
+[[nodiscard]] QString numberWithin(const QString& number, double room,
+                                   const QFontMetricsF& metrics);
+
 } // namespace pellam
